@@ -1,0 +1,34 @@
+# What every target shares: language level, warnings, visibility, the Qt in use, output folders.
+include(GNUInstallDirs)
+
+set(VX_QT_MAJOR 6 CACHE STRING "Qt to build with: 6, or 5 for Qt 5.15")
+option(VX_BUILD_BENCHMARKS "Build the benchmarks in bench/" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 11)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# One folder for everything that runs: vxscene finds the plug-in beside itself.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+if(VX_QT_MAJOR EQUAL 5)
+  find_package(Qt5 5.15 REQUIRED COMPONENTS Core)
+else()
+  find_package(Qt6 6.2 REQUIRED COMPONENTS Core)
+endif()
+
+add_library(vxBuild INTERFACE)
+target_compile_options(vxBuild INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+target_compile_definitions(vxBuild INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+target_include_directories(vxBuild INTERFACE ${CMAKE_SOURCE_DIR})
+target_link_libraries(vxBuild INTERFACE Qt${VX_QT_MAJOR}::Core)
+# Qt's CMake files ask for -fPIC themselves; the unique-symbol extension would keep a closed plug-in loaded.
+target_compile_options(vxBuild INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
