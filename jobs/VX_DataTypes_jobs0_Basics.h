@@ -1,7 +1,7 @@
 // The job records that host and plug-in share in memory, and the array that holds them.
 //
 // A record holds no pointer; every text is an inline text of fixed capacity. Records may be copied byte for byte.
-// Offsets and sizes are part of the binary interface; recordLayout.h states and checks every one of them. Members
+// Offsets and sizes are part of the binary interface; recordLayout.cpp states and checks every one of them. Members
 // named reserved... fill the gaps between fields whose use belongs to the host; the plug-in only clears them.
 #pragma once
 
@@ -64,7 +64,8 @@ struct _JobSettingsScene {
     QString customData_AllAsString() const;
 
     /// Rebuilds the store from the pairs, as many as the shorter list has. When the running total of name length +
-    /// value length + 5 (in characters) passes 3990, that entry and all later ones are dropped.
+    /// value length + 5 (in characters) passes 3990, or the block is full (a two-byte value takes more bytes than it
+    /// counts), that entry and all later ones are dropped. A name ends before a character whose low byte is 0.
     void customDataSet_All(const QStringList& names, const QStringList& values);
     void customDataSet_All(const _varValList& list);
     /// Replaces the value of every entry of that name, or appends one. An empty value deletes; the entry that moves

@@ -1,6 +1,6 @@
 // The records that a host hands to the plug-in's two entry points.
 //
-// Offsets and sizes are part of the binary interface and are checked in recordLayout.h.
+// Offsets and sizes are part of the binary interface and are checked in recordLayout.cpp.
 #pragma once
 
 #include "jobs/VX_DataTypes_jobs0_Basics.h"

@@ -1,0 +1,77 @@
+#include "catalogues/camList.h"
+
+#include <array>
+
+#include "catalogues/listIndex.h"
+#include "readers/paramSection.h"
+
+namespace vxP {
+
+namespace {
+
+constexpr std::array cameraRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
+constexpr std::array<std::string_view, 4> notACamera{"xform", "camOrigin", "file", "constraints"};
+constexpr std::string_view stereoMark{"stereo"};
+constexpr std::string_view escapedExpression{"`chsop(\\"};
+constexpr QLatin1String resolutionName{"res\t"};
+
+void readResolution(const QString& line, _camNode& node) {
+    const QString value = unquoted(line);
+    node.resX = integerOf(firstField(value));
+    node.resY = integerOf(textBehind(value, u'\t'));
+}
+
+}  // namespace
+
+_camList camList;
+
+qint32 _camList::findCamIndex(const _vxString8_allSize<150>& name) {
+    const qint32 index = indexOfFirst(cameras, [&](const _camNode& camera) { return camera.camName == name; });
+    if (index >= 0) return index;
+    cameras.append(_camNode());
+    return static_cast<qint32>(cameras.size()) - 1;
+}
+
+qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
+    return indexOfFirst(cameras, [&](const _camNode& camera) { return camera.renderNodes.contains(renderNode); });
+}
+
+void _camList::addCam(_camNode& node) {
+    for (const std::string_view mark : notACamera)
+        if (node.camName.contains(mark)) return;
+    _camNode& camera = cameras[findCamIndex(node.camName)];
+    camera.camName = node.camName;
+    camera.resX = node.resX;
+    camera.resY = node.resY;
+    camera.isStereo = node.isStereo;
+}
+
+void _camList::addCamFromOutNode(_vxString8_allSize<150> name, const QString& renderNode) {
+    if (name.view().starts_with(escapedExpression)) {
+        name.remove(0, static_cast<_size>(escapedExpression.size()) + 1);
+        name.setLength(name.length() - 1);
+    }
+    _camNode& camera = cameras[findCamIndex(name)];
+    camera.camName = name;
+    camera.renderNodes.append(renderNode);
+}
+
+qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    _camNode node;
+    node.camName = QStringView{nodePathOf(line, cameraRoots)};
+    node.isStereo = node.camName.contains(stereoMark);
+    for (;;) {
+        switch (nextParameter(stream, line)) {
+            case _sectionStep::parameter:
+                if (isNamed(line, resolutionName)) readResolution(line, node);
+                break;
+            case _sectionStep::closed:
+                camList.addCam(node);
+                return resultSuccess;
+            case _sectionStep::cutOff:
+                return resultSuccess;
+        }
+    }
+}
+
+}  // namespace vxP

@@ -1,0 +1,104 @@
+#include "catalogues/lopList.h"
+
+#include <array>
+
+#include "catalogues/listIndex.h"
+#include "readers/imageOutVars.h"
+#include "readers/paramSection.h"
+
+namespace vxP {
+
+namespace {
+
+constexpr std::array lopRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
+                              QLatin1String{"obj/"}};
+constexpr QLatin1String pictureName{"picture\t"};
+
+/// A renderer is known by a part of a node path or of a delegate's name.
+struct _rendererMark {
+    QLatin1String part;
+    QLatin1String renderer;
+};
+
+constexpr std::array rendererMarks{  // first match wins
+    _rendererMark{QLatin1String{"karma"}, QLatin1String{"karma"}},
+    _rendererMark{QLatin1String{"hdprman"}, QLatin1String{"prman"}},
+    _rendererMark{QLatin1String{"vray"}, QLatin1String{"vray"}},
+    _rendererMark{QLatin1String{"redshift"}, QLatin1String{"redshift"}},
+    _rendererMark{QLatin1String{"arnold"}, QLatin1String{"arnold"}},
+};
+
+QString withRenderer(QLatin1String base, const QString& renderer) {
+    return renderer.isEmpty() ? QString(base) : base + QLatin1Char('_') + renderer;
+}
+
+}  // namespace
+
+_LOPList LOPList;
+
+void _LOPNode::setRenderer(const QString& text) {
+    const QString& examined = text.isEmpty() ? lopName : text;
+    for (const auto& mark : rendererMarks) {
+        if (!examined.contains(mark.part, Qt::CaseInsensitive)) continue;
+        renderer = mark.renderer;
+        return;
+    }
+}
+
+QString _LOPNode::rendererName_render() const {
+    return withRenderer(QLatin1String("usd"), renderer);
+}
+
+QString _LOPNode::rendererName_create() const {
+    return withRenderer(QLatin1String("createUSD"), renderer);
+}
+
+qint32 _LOPList::findLOPIndex(const QString& name, const bool& create) {
+    const qint32 index = indexOfFirst(nodes, [&](const _LOPNode& node) {
+        return node.lopName.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    if (index >= 0 || !create) return index;
+    _LOPNode node;
+    node.lopName = name;
+    nodes.append(node);
+    return static_cast<qint32>(nodes.size()) - 1;
+}
+
+qint32 _LOPList::findLOPIndexByRenderNode(const QString& renderNode) const {
+    return indexOfFirst(nodes, [&](const _LOPNode& node) { return node.renderNodes.contains(renderNode); });
+}
+
+void _LOPList::addLOP(_LOPNode& node) {
+    _LOPNode& stored = nodes[findLOPIndex(node.lopName, true)];
+    stored.lopName = node.lopName;
+    stored.imageName = node.imageName;
+    stored.imageUsesTake = node.imageUsesTake;
+    stored.setRenderer(QString());
+}
+
+qint32 _LOPList::addLOPFromOutNode(QString name, const QString& renderNode) {
+    const qint32 index = findLOPIndex(withoutNodeExpression(name), true);
+    nodes[index].renderNodes.append(renderNode);
+    return index;
+}
+
+qint32 loadLOPNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    _LOPNode node;
+    node.lopName = nodePathOf(line, lopRoots);
+    bool noFrameVariable = false;
+    for (;;) {
+        switch (nextParameter(stream, line)) {
+            case _sectionStep::parameter:
+                if (isNamed(line, pictureName))
+                    replaceImageOutVars(line, false, node.imageName, node.imageUsesTake, noFrameVariable);
+                break;
+            case _sectionStep::closed:
+                LOPList.addLOP(node);
+                return resultSuccess;
+            case _sectionStep::cutOff:
+                return resultSuccess;
+        }
+    }
+}
+
+}  // namespace vxP

@@ -1,0 +1,23 @@
+// Texts for a terminal: harmless characters, widths in columns, and elision. Widths follow the process's character
+// set; wide (CJK) characters take two columns.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+namespace vxH {
+
+/// The text with "?" for every character that could steer a terminal or reorder a line: control and format
+/// characters, line separators, and halves of surrogate pairs.
+QString printable(QStringView text);
+
+/// Columns that a printable text takes.
+int columnsOf(QStringView text);
+
+/// The text in at most `columns` columns, with "..." for what is left out of its middle.
+QString elideMiddle(QStringView text, int columns);
+
+/// The same for a path, whose last part stays whole as long as it fits; otherwise its end stays.
+QString elidePath(QStringView path, int columns);
+
+}  // namespace vxH

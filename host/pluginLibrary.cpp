@@ -1,0 +1,39 @@
+// dlopen and dlsym.
+#include "host/pluginLibrary.h"
+
+#include <dlfcn.h>
+
+#include <filesystem>
+
+namespace vxH {
+namespace {
+
+constexpr const char* pluginFile = "lx_vxSceneParserHoudini64.so";
+
+template <class _function>
+bool findSymbol(void* library, const char* name, _function*& function) {
+    function = reinterpret_cast<_function*>(dlsym(library, name));
+    return function != nullptr;
+}
+
+}  // namespace
+
+QString _pluginLibrary::load(const QString& path) {
+    // a name without a folder would be searched for in the system's library folders
+    std::error_code ignored;
+    const auto file = std::filesystem::absolute(path.toStdString(), ignored);
+    void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) return QString::fromUtf8(dlerror());
+    const char* missing = nullptr;
+    if (!findSymbol(library, "pInfo", info)) missing = "pInfo";
+    if (!findSymbol(library, "pLoadSceneFile", loadSceneFile)) missing = "pLoadSceneFile";
+    return missing == nullptr ? QString{} : QStringLiteral("%1: no entry point %2").arg(path, QLatin1String{missing});
+}
+
+QString pluginBesideProgram() {
+    std::error_code ignored;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    return QString::fromStdString((program.parent_path() / pluginFile).native());
+}
+
+}  // namespace vxH

@@ -1,0 +1,27 @@
+// What ends a scene and what ends the program: codes and their sentences.
+#pragma once
+
+#include <QString>
+
+namespace vxH {
+
+/// Codes of the host itself, for scenes that the plug-in gave no answer to. The plug-in's own are above 0.
+enum _hostCode : qint32 {
+    hostPathUnusable = -1,  ///< the scene's path cannot be handed to the plug-in
+    hostCrashed = -2,       ///< a signal ended the child process
+    hostNoResult = -3,      ///< the child process could not be started or ended without an answer
+    hostNoPlugin = -4,      ///< the plug-in cannot be loaded
+};
+
+/// Exit status of the program.
+enum _exitStatus : int {
+    exitSuccess = 0,
+    exitFailed = 1,    ///< at least one scene failed, or the output could not be written
+    exitUsage = 2,     ///< the command line is wrong
+    exitNoPlugin = 3,  ///< the plug-in cannot be loaded
+};
+
+/// What a code of a scene means, without full stop: 3 -> "cannot be opened for reading".
+QString sentenceOfCode(qint32 code);
+
+}  // namespace vxH

@@ -1,0 +1,27 @@
+// What stands behind the output streams, and lines written to them.
+#pragma once
+
+#include <QString>
+#include <cstdio>
+
+namespace vxH {
+
+/// How to lay out text for a stream.
+struct _terminal {
+    int width = 0;        ///< columns; 0: no limit, the stream is no terminal
+    bool colour = false;  ///< escape sequences are welcome
+};
+
+/// The terminal behind the standard output. No colour where NO_COLOR holds a text or TERM is "dumb".
+_terminal standardOutputTerminal();
+
+/// Takes the character set of the environment, and UTF-8 where that is another one: paths are UTF-8 throughout.
+void useUtf8Characters();
+
+/// Writes the text and a line end, as UTF-8.
+void writeLine(std::FILE* stream, const QString& text);
+
+/// Writes one line "vxscene: text" to the error stream; characters that would steer a terminal are made harmless.
+void writeError(const QString& text);
+
+}  // namespace vxH

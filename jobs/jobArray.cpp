@@ -1,0 +1,70 @@
+#include <algorithm>
+#include <cstdlib>
+
+#include "jobs/VX_DataTypes_jobs0_Basics.h"
+
+namespace vxJ {
+
+namespace {
+
+/// A larger block with the old records in front, or a zero-filled first one; null when memory is short.
+_JobBasics_largePath* grownBlock(_JobBasics_largePath* old, std::size_t records) {
+    void* const block = old != nullptr ? std::realloc(static_cast<void*>(old), records * largePathRecordSize)
+                                       : std::calloc(records, largePathRecordSize);
+    return static_cast<_JobBasics_largePath*>(block);
+}
+
+}  // namespace
+
+_JobBasicsArray::_JobBasicsArray()
+    : structureVersion(vxJ::structureVersion),
+      structureMinor(vxJ::structureMinor),
+      reservedMessage{},
+      recordSize(largePathRecordSize),
+      count(0),
+      allocated(0),
+      jobs(nullptr) {
+}
+
+_JobBasicsArray::~_JobBasicsArray() {
+    std::free(jobs);
+}
+
+void _JobBasicsArray::clear() {
+    count = 0;
+    message.clear();
+}
+
+bool _JobBasicsArray::setArraySize(int n) {
+    if (n < 0) return false;
+    if (n <= allocated) return true;
+    if (n > jobArrayCapacity) return false;
+    const bool blockHoldsRecords = allocated > 0 && jobs != nullptr;
+    _JobBasics_largePath* const block = grownBlock(blockHoldsRecords ? jobs : nullptr, static_cast<std::size_t>(n));
+    if (block == nullptr) {
+        if (!blockHoldsRecords) jobs = nullptr;
+        return false;
+    }
+    jobs = block;
+    for (int i = blockHoldsRecords ? allocated : 0; i < n; ++i) jobs[i].initialize();
+    allocated = n;
+    return true;
+}
+
+_JobBasics_largePath* _JobBasicsArray::at(const int& i) const {
+    return jobs != nullptr && i >= 0 && i < allocated ? jobs + i : nullptr;
+}
+
+bool _JobBasicsArray::isVersionSupported(quint8 minor) const {
+    return structureVersion == vxJ::structureVersion && structureMinor >= minor && recordSize == largePathRecordSize;
+}
+
+bool _JobBasicsArray::getNewJob(_JobBasics_largePath*& job) {
+    const qint32 index = count;
+    count = static_cast<qint32>(static_cast<quint32>(count) + 1U);  // the host's number may be any
+    setArraySize(count);
+    job = at(index);
+    return job != nullptr && job->vxClearBasics();
+}
+
+}  // namespace vxJ

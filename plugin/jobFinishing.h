@@ -1,0 +1,13 @@
+// After the scan: what only the whole scene can tell is written into the jobs.
+#pragma once
+
+#include "jobs/VX_DataTypes_plugin.h"
+#include "plugin/sceneScan.h"
+
+namespace vxP {
+
+/// Completes the jobs of a scene that was read to its end.
+/// @return resultSuccess, or resultNoUsableOutput when there is no job although drivers were met
+qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts);
+
+}  // namespace vxP

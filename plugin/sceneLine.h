@@ -1,0 +1,20 @@
+// What a line of the scene means to the scan, told from its text alone.
+#pragma once
+
+#include <QString>
+
+namespace vxP {
+
+/// Lines that the scan acts on; the section kinds name the reader that takes the section.
+enum class _lineKind { other, saveVersion, take, wedge, camera, usdRenderSettings, lop, outNode };
+
+struct _sceneLine {
+    bool isFrameRange = false;  ///< the scene's frange command; such a line may be of a kind as well
+    bool isVariable = false;    ///< a "set -g" line; such a line may be of a kind as well
+    _lineKind kind = _lineKind::other;
+};
+
+/// @param line  trimmed
+_sceneLine classifyLine(const QString& line);
+
+}  // namespace vxP

@@ -1,0 +1,155 @@
+#include "plugin/sceneScan.h"
+
+#include <QTextStream>
+
+#include "catalogues/camList.h"
+#include "catalogues/lopList.h"
+#include "plugin/sceneDevice.h"
+#include "plugin/sceneLine.h"
+#include "plugin/submitterArguments.h"
+#include "readers/outNode.h"
+#include "readers/paramSection.h"
+#include "readers/scanState.h"
+#include "shared/vxEnvironment.h"
+
+namespace vxP {
+
+namespace {
+
+constexpr QLatin1String buildVersionSwitch{"-houdiniBuildVersion"};
+constexpr QLatin1String compressedIFDSwitch{"-houdiniCompressedIFD"};
+
+constexpr QLatin1String importedPrefix{"HIP"};
+constexpr std::array neverImported{QLatin1String{"OS"}, QLatin1String{"AOV"}};
+constexpr int longestImportedValue = 200;  ///< characters
+
+bool isImported(const vxS::_varValue& variable) {
+    if (variable.value.size() > longestImportedValue) return false;
+    for (const QLatin1String name : neverImported)
+        if (variable.name.compare(name, Qt::CaseInsensitive) == 0) return false;
+    return variable.name.startsWith(importedPrefix, Qt::CaseInsensitive);
+}
+
+/// `frange 1001 1100`; without a second number nothing is set.
+void keepFrameRange(const QString& line) {
+    const QString numbers = textBehind(line, u' ');
+    if (!numbers.contains(QLatin1Char(' '))) return;
+    GLseqStart = integerOf(textBefore(numbers, u' '));
+    GLseqEnd = integerOf(textBehind(numbers, u' '));
+    GLseqStep = 1;
+}
+
+/// `set -g _HIP_SAVEVERSION = '19.5.640'`
+void keepSaveVersion(const QString& line, _sceneFacts& facts) {
+    const QString version = textBefore(textBehind(line, u'\'').trimmed(), u'\'');
+    if (version.isEmpty()) return;
+    facts.fullVersion = version;
+    facts.majorVersion = integerOf(textBefore(version, u'.'));
+    if (!version.contains(QLatin1Char('.'))) return;
+    QString minor = textBehind(version, u'.');
+    if (facts.usesBuildVersion) {
+        facts.versionMinorText = minor;
+        const _size point = minor.indexOf(QLatin1Char('.'));
+        if (point >= 0) minor.remove(point, 1);
+    }
+    minor = textBefore(minor, u'.');
+    if (facts.versionMinorText.isEmpty()) facts.versionMinorText = minor;
+    facts.minorText = minor;
+}
+
+/// `set -g JOB = '/proj/shot'`
+void keepVariable(const QString& line) {
+    constexpr QLatin1String command{"set -g "};
+    constexpr QLatin1String assignment{" ="};
+    const QString rest = line.mid(line.indexOf(command) + command.size());
+    const _size equals = rest.indexOf(assignment);
+    QString value = (equals < 0 ? rest : rest.mid(equals + assignment.size())).trimmed();
+    value = value.size() < 2 ? QString() : value.mid(1, value.size() - 2).trimmed();  // its quotes
+    hVariables.append({rest.left(rest.indexOf(QLatin1String(" = "))).trimmed(), value});
+}
+
+/// `take name Main kids 0`
+QString takeName(const QString& line) {
+    constexpr QLatin1String command{"take name"};
+    return textBefore(line.mid(command.size()).trimmed(), u' ').trimmed();
+}
+
+void decodeAsUtf8(QTextStream& stream) {
+#if QT_VERSION_MAJOR >= 6
+    stream.setEncoding(QStringConverter::Utf8);
+#else
+    stream.setCodec("UTF-8");
+#endif
+    stream.setAutoDetectUnicode(false);
+}
+
+/// Hands a section to the reader of its kind. @return what the reader returned
+qint32 readSection(_lineKind kind, _dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line,
+                   _sceneFacts& facts) {
+    switch (kind) {
+        case _lineKind::camera:
+            return loadCamNode(&load, stream, line);
+        case _lineKind::lop:
+            return loadLOPNode(&load, stream, line);
+        case _lineKind::outNode:
+            return loadOutNode(&load, stream, line, facts.activeTakeUsed, facts.majorVersion, facts.minorText);
+        case _lineKind::wedge:
+        case _lineKind::usdRenderSettings:
+            skipSection(stream, line);
+            return resultSuccess;
+        default:
+            return resultSuccess;
+    }
+}
+
+qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFacts& facts) {
+    const _sceneLine meaning = classifyLine(line);
+    if (meaning.isFrameRange) keepFrameRange(line);
+    if (meaning.isVariable) keepVariable(line);
+    switch (meaning.kind) {
+        case _lineKind::other:
+            return resultSuccess;
+        case _lineKind::saveVersion:
+            keepSaveVersion(line, facts);
+            return resultSuccess;
+        case _lineKind::take:
+            facts.takeNames.append(takeName(line));
+            return resultSuccess;
+        default:
+            return readSection(meaning.kind, load, stream, line, facts);
+    }
+}
+
+}  // namespace
+
+void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts) {
+    for (const QString& argument : argumentsOf(settings)) {
+        if (argument.compare(buildVersionSwitch, Qt::CaseInsensitive) == 0) facts.usesBuildVersion = false;
+        if (argument.compare(compressedIFDSwitch, Qt::CaseInsensitive) == 0) facts.compressedIFD = true;
+    }
+}
+
+void importSceneFolder(const _vxString<500>& sceneFileName) {
+    DatabaseDir = sceneFileName.toQString();
+    const _size slash = DatabaseDir.lastIndexOf(QLatin1Char('/'));
+    if (slash >= 0) DatabaseDir.truncate(slash + 1);
+}
+
+void importEnvironment() {
+    for (const vxS::_varValue& variable : vxS::vxGetEnvironmentVariableList(false))
+        if (isImported(variable)) hVariables.append({variable.name, variable.value});
+}
+
+qint32 scanScene(_dataPARS_LoadSceneFile& load, QIODevice& source, _sceneFacts& facts) {
+    _sceneDevice device(source);
+    QTextStream stream(&device);
+    decodeAsUtf8(stream);
+    while (!stream.atEnd()) {
+        QString line = stream.readLine().trimmed();
+        const qint32 result = actOn(line, load, stream, facts);
+        if (result != resultSuccess) return result;
+    }
+    return device.readFailed() ? resultException : resultSuccess;
+}
+
+}  // namespace vxP

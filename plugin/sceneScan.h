@@ -1,0 +1,38 @@
+// The single pass over a scene: facts of the scene are kept, sections are handed to their readers.
+#pragma once
+
+#include <QIODevice>
+#include <QStringList>
+
+#include "jobs/VX_DataTypes_plugin.h"
+
+namespace vxP {
+
+/// What one load learns about the scene as a whole, apart from the module-wide state.
+struct _sceneFacts {
+    bool activeTakeUsed = false;  ///< an output name holds the take variable
+    int majorVersion = 10;        ///< of Houdini, for example 19
+    QString fullVersion;          ///< for example "19.5.640"
+    QString minorText;            ///< for example "5640"; for the output-driver reader
+    QString versionMinorText;     ///< for example "5.640"; for the jobs
+    bool usesBuildVersion = true;
+    bool compressedIFD = false;
+    QStringList takeNames;  ///< as often as "take name" lines name them
+};
+
+/// Takes -houdiniBuildVersion and -houdiniCompressedIFD (any letter case) from the submitter's command line.
+void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts);
+
+/// Keeps the scene's folder with its separator as `DatabaseDir`; a name without folder is kept whole.
+void importSceneFolder(const _vxString<500>& sceneFileName);
+
+/// Appends the environment's HIP... variables to `hVariables`. Values above 200 characters are left out.
+void importEnvironment();
+
+/// Reads the scene to its end.
+/// @param source  open for reading
+/// @return resultSuccess; resultException after a read error; else what a reader returned that was not resultSuccess,
+///         and the rest of the scene is not read
+qint32 scanScene(_dataPARS_LoadSceneFile& load, QIODevice& source, _sceneFacts& facts);
+
+}  // namespace vxP

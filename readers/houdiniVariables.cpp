@@ -1,0 +1,78 @@
+#include "readers/houdiniVariables.h"
+
+#include <array>
+
+#include "shared/vxPath.h"
+
+namespace vxP {
+
+namespace {
+
+constexpr QChar variableMark{u'$'};
+constexpr std::array sceneExtensions{QLatin1String{".hiplc"}, QLatin1String{".hipnc"}, QLatin1String{".hip"}};
+
+void replaceText(QString& text, const QString& before, const QString& after) {
+    text.replace(before, after, Qt::CaseInsensitive);
+}
+
+QString plainForm(const QString& name) {
+    return variableMark + name;
+}
+
+QString bracedForm(const QString& name) {
+    return QLatin1String("${") + name + QLatin1Char('}');
+}
+
+/// "$name", then "${name}", with `suffix` behind either.
+void replaceVariable(QString& text, const QString& name, const QString& value, const QString& suffix = {}) {
+    replaceText(text, plainForm(name) + suffix, value);
+    replaceText(text, bracedForm(name) + suffix, value);
+}
+
+/// A value without scene extensions, the meaning of ":r".
+QString rootOf(QString value) {
+    for (const QLatin1String extension : sceneExtensions) value.remove(extension);
+    return value;
+}
+
+/// The plain forms go before the braced ones, each with ":r" first.
+void replaceSceneVariable(QString& text, const _namevalue& variable) {
+    const QString root = rootOf(variable.value);
+    for (const QString& form : {plainForm(variable.name), bracedForm(variable.name)}) {
+        replaceText(text, form + QLatin1String(":r"), root);
+        replaceText(text, form, variable.value);
+    }
+}
+
+QString driverName(const QString& layer) {
+    const _size slash = layer.lastIndexOf(QLatin1Char('/'));
+    return slash > 0 ? layer.mid(slash + 1) : layer;
+}
+
+QString frameText(double frame) {
+    return QString::number(frame, 'g', 6);
+}
+
+}  // namespace
+
+QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, QList<_namevalue>& variables,
+                                const _vxString<500>& sceneFile) {
+    if (!text.contains(variableMark)) return text;
+    const QString sceneBase = vxS::vxGetFileNameBase(sceneFile.toQString(), u'/');
+    const QString sceneFolder = job->sceneDatabaseDir.toQString();
+    // Longer names stand before names that begin them.
+    replaceVariable(text, QStringLiteral("hipname"), sceneBase, QStringLiteral(":r"));
+    replaceVariable(text, QStringLiteral("HIPNAME"), sceneBase);
+    replaceVariable(text, QStringLiteral("HIPPATH"), sceneFolder);
+    replaceVariable(text, QStringLiteral("HIP"), sceneFolder);
+    for (const _namevalue& variable : variables) {
+        if (!text.contains(variableMark)) return text;
+        replaceSceneVariable(text, variable);
+    }
+    replaceVariable(text, QStringLiteral("OS"), driverName(job->layer.toQString()));
+    replaceVariable(text, QStringLiteral("RFSTART"), frameText(job->sceneSettings.seqStart));
+    replaceVariable(text, QStringLiteral("RFEND"), frameText(job->sceneSettings.seqEnd));
+    return text;
+}
+
+}  // namespace vxP

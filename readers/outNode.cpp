@@ -1,0 +1,47 @@
+#include "readers/outNode.h"
+
+#include "readers/outNodeDriver.h"
+#include "readers/outNodeJobs.h"
+#include "readers/outNodeRules.h"
+#include "readers/paramSection.h"
+
+namespace vxP {
+
+namespace {
+
+constexpr qint32 mostJobsBefore = 250;  ///< with more jobs than that, later drivers are passed over
+constexpr std::array driverRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
+                                 QLatin1String{"obj/"}};
+
+void restartFrameRange() {
+    trange = false;
+    seqStart = GLseqStart;
+    seqEnd = GLseqEnd;
+    seqStep = GLseqStep;
+}
+
+}  // namespace
+
+qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line, bool& activeTakeUsed,
+                   const int& majorVersion, const QString& versionText) {
+    if (load->jobArray->count > mostJobsBefore) return resultSuccess;
+    restartFrameRange();
+    _driver driver{.load = *load,
+                   .activeTakeUsed = activeTakeUsed,
+                   .majorVersion = majorVersion,
+                   .versionText = versionText,
+                   .nodePath = nodePathOf(line, driverRoots)};
+    for (;;) {
+        switch (nextParameter(stream, line)) {
+            case _sectionStep::parameter:
+                if (applyOutNodeRules(driver, line) == _step::leave) return resultSuccess;
+                break;
+            case _sectionStep::closed:
+                return addJobsOf(driver);
+            case _sectionStep::cutOff:
+                return resultSuccess;
+        }
+    }
+}
+
+}  // namespace vxP

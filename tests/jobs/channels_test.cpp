@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <random>
+
+#include "jobs/VX_DataTypes_jobs0_Basics.h"
+#include "tests/testText.h"
+
+using vxTest::plainOf;
+using vxTest::wide;
+
+namespace {
+
+class Channels : public testing::Test {
+ protected:
+    void add(const std::string& name, const std::string& extension) {
+        job->channelAdd(vxJ::_vxString<500>(wide(name)), vxJ::_vxString<25>(wide(extension)));
+    }
+    void rename(int i, const std::string& name) { job->channelSetFileName(i, vxJ::_vxString<500>(wide(name))); }
+    void setExtension(int i, const std::string& text) { job->channelSetExtension(i, vxJ::_vxString<25>(wide(text))); }
+    /// "name|extension" of every channel, in order, each followed by a blank.
+    std::string all() const {
+        std::string list;
+        for (int i = 0; i < job->channelCount; ++i)
+            list += plainOf(job->channelFileName(i)) + "|" + plainOf(job->channelExtension(i)) + " ";
+        return list;
+    }
+
+    std::unique_ptr<vxJ::_JobBasics> job = std::make_unique<vxJ::_JobBasics>();
+};
+
+TEST_F(Channels, PackNamesAndExtensionsInOrder) {
+    add("a", ".exr");
+    add("", ".tif");
+    add("bc", "");
+    EXPECT_EQ(all(), "a|.exr bc| ");
+    EXPECT_EQ(QStringView(job->channelPool, 8), u"a.exrbc\0");
+    EXPECT_EQ(job->channelStart[1], 5);
+    EXPECT_EQ(job->channelPoolUsed, 7);
+    for (const int outside : {-1, 2}) EXPECT_TRUE(job->channelFileName(outside).isEmpty());
+}
+
+TEST_F(Channels, ChangedTextsMoveTheLaterOnes) {
+    add("a", ".1");
+    add("b", ".2");
+    add("c", "");
+    rename(0, "abc");
+    EXPECT_EQ(job->channelStart[1], 5);
+    EXPECT_EQ(all(), "abc|.1 b|.2 c| ");
+    rename(1, "longer");
+    setExtension(0, ".");
+    setExtension(2, ".new");
+    EXPECT_EQ(all(), "abc|. longer|.2 c|.new ");
+    setExtension(1, "");
+    rename(3, "x");
+    rename(-1, "x");
+    EXPECT_EQ(all(), "abc|. longer|.2 c|.new ");
+    EXPECT_EQ(job->channelPoolUsed, 4 + 8 + 5);
+}
+
+TEST_F(Channels, RemovedOneIsOverwrittenByTheLaterOnes) {
+    add("a", ".1");
+    add("bb", "");
+    add("ccc", ".3");
+    job->channelRemove(0);
+    EXPECT_EQ(all(), "bb|.1 ccc|.3 ");  // an empty extension replaces none
+    job->channelRemove(0);
+    EXPECT_EQ(all(), "ccc|.3 ");
+    const auto used = job->channelPoolUsed;
+    job->channelRemove(1);
+    job->channelRemove(-1);
+    EXPECT_EQ(job->channelCount, 1);
+    job->channelRemove(0);
+    EXPECT_EQ(job->channelCount, 0);
+    EXPECT_EQ(job->channelPoolUsed, used);
+}
+
+TEST_F(Channels, TakeAHundred) {
+    for (int i = 0; i < 101; ++i) add("n" + std::to_string(i), ".e");
+    EXPECT_EQ(job->channelCount, 100);
+    EXPECT_EQ(plainOf(job->channelFileName(99)), "n99");
+    EXPECT_EQ(job->channelPoolUsed, 10 * 4 + 90 * 5);
+}
+
+TEST_F(Channels, FillThePoolUpToItsLastCharacter) {
+    for (int i = 0; i < 15; ++i) add(std::string(500, 'n'), std::string(25, 'e'));
+    job->channelPool[7999] = u'L';
+    add(std::string(125, 'x'), "");  // 7875 + 125: one too many
+    EXPECT_EQ(job->channelCount, 15);
+    add(std::string(120, 'x'), ".tif");
+    EXPECT_EQ(job->channelPoolUsed, 7999);
+    rename(15, std::string(121, 'y'));
+    EXPECT_EQ(plainOf(job->channelFileName(15)), std::string(120, 'x'));
+    rename(0, "short");
+    rename(15, std::string(121, 'y'));
+    EXPECT_EQ(plainOf(job->channelFileName(15)) + plainOf(job->channelExtension(15)), std::string(121, 'y') + ".tif");
+    job->channelClearUnusedBuffer();
+    EXPECT_EQ(job->channelPool[job->channelPoolUsed - 1], u'f');
+    EXPECT_EQ(job->channelPool[job->channelPoolUsed], 0);
+    EXPECT_EQ(job->channelPool[7998], 0);
+    EXPECT_EQ(job->channelPool[7999], u'L');
+    job->channelClear();
+    EXPECT_EQ(job->channelPoolUsed, 0);
+    EXPECT_EQ(job->channelPool[7999], 0);
+}
+
+TEST_F(Channels, DamagedNumbersReadAsEmpty) {
+    struct _case {
+        const char* what;
+        qint16 start, nameLength, extLength;
+        quint16 used;
+        const char* read;
+    };
+    constexpr _case cases[] = {
+        {"sound", 0, 4, 2, 10, "aaaa|aa "},     {"negative start", -1, 4, 2, 10, "| "},
+        {"name past use", 7, 4, 2, 10, "| "},   {"extension past use", 5, 4, 2, 10, "aaaa| "},
+        {"no name", 3, 0, 2, 10, "|aa "},       {"negative length", 5, -3, 2, 10, "| "},
+        {"long name", 0, 501, 2, 600, "|aa "},  {"long extension", 0, 1, 26, 600, "a| "},
+        {"past pool", 7998, 2, 0, 65535, "| "}, {"negative extension", 5, 3, -2, 10, "aaa| "},
+    };
+    std::fill_n(job->channelPool, 8000, u'a');
+    job->channelCount = 1;
+    for (const _case& numbers : cases) {
+        job->channelStart[0] = numbers.start;
+        job->channelNameLen[0] = numbers.nameLength;
+        job->channelExtLen[0] = numbers.extLength;
+        job->channelPoolUsed = numbers.used;
+        EXPECT_EQ(all(), numbers.read) << numbers.what;
+    }
+}
+
+// Whatever bytes stand in the store, no operation leaves it: the fields around it stay, and the sanitizer is silent.
+TEST_F(Channels, StayInsideADamagedStore) {
+    std::mt19937 random(1);
+    auto* const store = reinterpret_cast<quint8*>(&job->channelCount);
+    for (int round = 0; round < 300; ++round) {
+        const bool smallNumbers = round % 2 == 0;  // else hardly any operation gets past its first check
+        for (std::size_t i = 0; i < 16603; ++i)
+            store[i] = static_cast<quint8>(smallNumbers && i % 2 == 0 ? random() % 20 : random());
+        job->reservedChannels[6] = 0x5A;
+        job->sceneSettings.reservedHead[0] = 0x5A;
+        const auto i = static_cast<int>(random() % 110) - 5;
+        rename(i, std::string(random() % 500, 'n'));
+        setExtension(i, std::string(random() % 25, 'e'));
+        job->channelRemove(i);
+        add("name", ".ext");
+        job->channelClearUnusedBuffer();
+        job->splitImageFileInto_DirFileExt_Channel(true);
+        EXPECT_GE(all().size(), job->channelCount);
+        EXPECT_EQ(job->reservedChannels[6], 0x5A);
+        EXPECT_EQ(job->sceneSettings.reservedHead[0], 0x5A);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,75 @@
+#include "tests/support/sceneText.h"
+
+#include <QBuffer>
+
+#include "catalogues/camList.h"
+#include "catalogues/lopList.h"
+#include "plugin/jobFinishing.h"
+#include "plugin/sceneScan.h"
+#include "readers/scanState.h"
+
+namespace vxTest {
+
+QByteArray param(const QByteArray& name, const QByteArray& value) {
+    return name + "\t[ 0\tlocks=0 ]\t(\t" + value + "\t)\n";
+}
+
+QByteArray openSection(const QByteArray& path, _params params) {
+    QByteArray text = "0707070000010000000006660000000000000000010000001415153474100001600000000100";
+    text += path + ".parm";
+    text += QByteArray(1, '\0') + "{\nversion 0.8\n";
+    for (const auto& [name, value] : params) text += param(name, value);
+    return text;
+}
+
+QByteArray section(const QByteArray& path, _params params) {
+    return openSection(path, params) + "}\n";
+}
+
+_loader::_loader(const QString& sceneFileName, const QStringList& arguments)
+    : jobs(std::make_unique<vxJ::_JobBasicsArray>()), sceneName(QStringView{sceneFileName}) {
+    argumentTexts.append("submitter");
+    for (const QString& argument : arguments) argumentTexts.append(argument.toUtf8());
+    for (const QByteArray& text : argumentTexts) argumentPointers.append(text.constData());
+    settings = {static_cast<qint32>(argumentPointers.size()), argumentPointers.constData()};
+    loadRecord = {&sceneName, jobs.get(), &settings};
+}
+
+namespace {
+
+qint32 scanText(vxP::_dataPARS_LoadSceneFile& load, const QByteArray& scene, vxP::_sceneFacts& facts) {
+    QBuffer buffer;
+    buffer.setData(scene);
+    buffer.open(QIODevice::ReadOnly);
+    vxP::readSubmitterArguments(*load.settings, facts);
+    vxP::importSceneFolder(*load.sceneFileName);
+    return vxP::scanScene(load, buffer, facts);
+}
+
+}  // namespace
+
+qint32 _loader::load(const QByteArray& scene) {
+    vxP::_sceneFacts facts;
+    const qint32 scanned = scanText(loadRecord, scene, facts);
+    return scanned == vxP::resultSuccess ? vxP::finishJobs(loadRecord, facts) : scanned;
+}
+
+qint32 _loader::scan(const QByteArray& scene) {
+    vxP::_sceneFacts facts;
+    return scanText(loadRecord, scene, facts);
+}
+
+void freshScanState() {
+    using namespace vxP;
+    GLseqStart = seqStart = 1;
+    GLseqEnd = seqEnd = 100;
+    GLseqStep = seqStep = 1;
+    DatabaseDir.clear();
+    hVariables.clear();
+    nodeActiveTakes.clear();
+    trange = emptyNodesfound = mantraIFDJob = overrideCameraRes = HIPFound_DisableLocalScene = false;
+    camList = _camList();
+    LOPList = _LOPList();
+}
+
+}  // namespace vxTest

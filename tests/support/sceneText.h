@@ -1,0 +1,60 @@
+// Scenes in few lines, written as Houdini writes them, and loaded through the real scan.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <initializer_list>
+#include <memory>
+#include <utility>
+
+#include "jobs/VX_DataTypes_plugin.h"
+
+namespace vxTest {
+
+/// One parameter line: name, TAB, flags, TAB, value in parentheses. Fields of a value are parted by TABs.
+QByteArray param(const QByteArray& name, const QByteArray& value);
+
+using _params = std::initializer_list<std::pair<const char*, const char*>>;
+
+/// A node's parameter section as an archive entry holds it: a header line that ends in NUL and "{", the parameters,
+/// and the closing brace. `path` is for example "out/mantra1".
+QByteArray section(const QByteArray& path, _params params);
+/// The same, cut off before its closing brace.
+QByteArray openSection(const QByteArray& path, _params params);
+
+/// A job array on the heap with everything that a load needs.
+class _loader {
+   public:
+    explicit _loader(const QString& sceneFileName = QStringLiteral("/proj/shots/scene.hip"),
+                     const QStringList& arguments = {});
+
+    /// Scans and finishes a scene text as an opened file would be. @return the result code
+    qint32 load(const QByteArray& scene);
+    /// Scans a scene text without finishing its jobs.
+    qint32 scan(const QByteArray& scene);
+
+    vxP::_dataPARS_LoadSceneFile& record() { return loadRecord; }
+    vxJ::_JobBasicsArray& array() { return *jobs; }
+    const vxJ::_JobBasics_largePath& job(int index) const { return *jobs->at(index); }
+    int count() const { return jobs->count; }
+
+   private:
+    std::unique_ptr<vxJ::_JobBasicsArray> jobs;
+    vxS::_vxString<500> sceneName;
+    QList<QByteArray> argumentTexts;
+    QList<const char*> argumentPointers;
+    vxP::_submitterSettings settings;
+    vxP::_dataPARS_LoadSceneFile loadRecord;
+};
+
+/// Brings the module-wide state back to what it is when the plug-in has just been loaded.
+void freshScanState();
+
+/// Text of any fixed-capacity text, for readable failures.
+template <typename Text>
+std::string str(const Text& text) {
+    return text.toQString().toStdString();
+}
+
+}  // namespace vxTest
