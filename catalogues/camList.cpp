@@ -33,7 +33,7 @@ qint32 _camList::findCamIndex(const _vxString8_allSize<150>& name) {
 }
 
 qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
-    return indexOfFirst(cameras, [&](const _camNode& camera) { return camera.renderNodes.contains(renderNode); });
+    return indexOfDriver(cameras, renderNode);
 }
 
 void _camList::addCam(_camNode& node) {
@@ -60,18 +60,16 @@ qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QStri
     _camNode node;
     node.camName = QStringView{nodePathOf(line, cameraRoots)};
     node.isStereo = node.camName.contains(stereoMark);
-    for (;;) {
-        switch (nextParameter(stream, line)) {
-            case _sectionStep::parameter:
-                if (isNamed(line, resolutionName)) readResolution(line, node);
-                break;
-            case _sectionStep::closed:
-                camList.addCam(node);
-                return resultSuccess;
-            case _sectionStep::cutOff:
-                return resultSuccess;
-        }
-    }
+    return readSection(
+        stream, line,
+        [&](const QString& parameter) {
+            if (isNamed(parameter, resolutionName)) readResolution(parameter, node);
+            return _step::next;
+        },
+        [&] {
+            camList.addCam(node);
+            return resultSuccess;
+        });
 }
 
 }  // namespace vxP

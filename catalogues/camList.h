@@ -24,7 +24,7 @@ struct _camNode {
 
 /// Cameras in the order in which they were met; entries are never removed, so an index stays valid.
 class _camList {
-   public:
+ public:
     /// First camera of that name, or a new blank entry (also its name is blank) that the caller fills at once.
     qint32 findCamIndex(const _vxString8_allSize<150>& name);
     /// First camera that lists the driver (compared exactly), or -1.
@@ -37,7 +37,7 @@ class _camList {
 
     const QList<_camNode>& entries() const { return cameras; }
 
-   private:
+ private:
     QList<_camNode> cameras;
 };
 

@@ -20,7 +20,8 @@ struct _rendererMark {
     QLatin1String renderer;
 };
 
-constexpr std::array rendererMarks{  // first match wins
+constexpr std::array rendererMarks{
+    // first match wins
     _rendererMark{QLatin1String{"karma"}, QLatin1String{"karma"}},
     _rendererMark{QLatin1String{"hdprman"}, QLatin1String{"prman"}},
     _rendererMark{QLatin1String{"vray"}, QLatin1String{"vray"}},
@@ -54,18 +55,11 @@ QString _LOPNode::rendererName_create() const {
 }
 
 qint32 _LOPList::findLOPIndex(const QString& name, const bool& create) {
-    const qint32 index = indexOfFirst(nodes, [&](const _LOPNode& node) {
-        return node.lopName.compare(name, Qt::CaseInsensitive) == 0;
-    });
-    if (index >= 0 || !create) return index;
-    _LOPNode node;
-    node.lopName = name;
-    nodes.append(node);
-    return static_cast<qint32>(nodes.size()) - 1;
+    return indexOfLop(nodes, name, create);
 }
 
 qint32 _LOPList::findLOPIndexByRenderNode(const QString& renderNode) const {
-    return indexOfFirst(nodes, [&](const _LOPNode& node) { return node.renderNodes.contains(renderNode); });
+    return indexOfDriver(nodes, renderNode);
 }
 
 void _LOPList::addLOP(_LOPNode& node) {
@@ -86,19 +80,17 @@ qint32 loadLOPNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QStri
     _LOPNode node;
     node.lopName = nodePathOf(line, lopRoots);
     bool noFrameVariable = false;
-    for (;;) {
-        switch (nextParameter(stream, line)) {
-            case _sectionStep::parameter:
-                if (isNamed(line, pictureName))
-                    replaceImageOutVars(line, false, node.imageName, node.imageUsesTake, noFrameVariable);
-                break;
-            case _sectionStep::closed:
-                LOPList.addLOP(node);
-                return resultSuccess;
-            case _sectionStep::cutOff:
-                return resultSuccess;
-        }
-    }
+    return readSection(
+        stream, line,
+        [&](const QString& parameter) {
+            if (isNamed(parameter, pictureName))
+                replaceImageOutVars(parameter, false, node.imageName, node.imageUsesTake, noFrameVariable);
+            return _step::next;
+        },
+        [&] {
+            LOPList.addLOP(node);
+            return resultSuccess;
+        });
 }
 
 }  // namespace vxP

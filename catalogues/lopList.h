@@ -28,7 +28,7 @@ struct _LOPNode {
 
 /// LOP nodes in the order in which they were met; entries are never removed, so an index stays valid.
 class _LOPList {
-   public:
+ public:
     /// First node of that path. When there is none: -1, or with `create` a new entry of that path.
     qint32 findLOPIndex(const QString& name, const bool& create);
     /// First node that lists the driver (compared exactly), or -1.
@@ -41,7 +41,7 @@ class _LOPList {
     _LOPNode& operator[](qint32 index) { return nodes[index]; }
     const QList<_LOPNode>& entries() const { return nodes; }
 
-   private:
+ private:
     QList<_LOPNode> nodes;
 };
 

@@ -33,22 +33,22 @@ struct _column {
 constexpr std::array columns{
     _column{QLatin1String{"#"}, [](const _row& row) { return QString::number(row.number); }, elideMiddle, 1, 2, true,
             QLatin1String{}},
-    _column{QLatin1String{"driver"}, [](const _row& row) { return driverCell(row.job); }, elideMiddle, 0, 12, false,
+    _column{QLatin1String{"driver"}, [](const _row& row) { return driverCell(row.job); }, elideMiddle, 0, 24, false,
             QLatin1String{"\x1b[1;36m"}},
-    _column{QLatin1String{"renderer"}, [](const _row& row) { return rendererCell(row.job); }, elideMiddle, 4, 8, false,
+    _column{QLatin1String{"renderer"}, [](const _row& row) { return rendererCell(row.job); }, elidePath, 4, 10, false,
             QLatin1String{}},
     _column{QLatin1String{"frames"}, [](const _row& row) { return framesCell(row.job); }, elideMiddle, 3, 9, false,
             QLatin1String{}},
-    _column{QLatin1String{"output"}, [](const _row& row) { return outputCell(row.job, row.scene); }, elidePath, 2, 16,
+    _column{QLatin1String{"output"}, [](const _row& row) { return outputCell(row.job, row.scene); }, elidePath, 2, 20,
             false, QLatin1String{}},
     _column{QLatin1String{"camera"}, [](const _row& row) { return row.job[QLatin1String{"camera"}].toString(); },
-            elideMiddle, 7, 6, false, QLatin1String{}},
+            elidePath, 7, 10, false, QLatin1String{}},
     _column{QLatin1String{"take"}, [](const _row& row) { return row.job[QLatin1String{"channel"}].toString(); },
             elideMiddle, 6, 5, false, QLatin1String{}},
     _column{QLatin1String{"size"}, [](const _row& row) { return sizeCell(row.job); }, elideMiddle, 8, 9, false,
             QLatin1String{}},
     _column{QLatin1String{"waits for"}, [](const _row& row) { return waitsForCell(row.job, row.scene); }, elideMiddle,
-            5, 5, false, QLatin1String{}},
+            5, 9, false, QLatin1String{}},
 };
 
 constexpr int gap = 2;  // columns between two texts

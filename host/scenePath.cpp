@@ -21,7 +21,7 @@ std::filesystem::path tidied(const std::filesystem::path& absolute) {
 _scenePath absoluteScenePath(const char* argument) {
     std::error_code error;
     const auto absolute = std::filesystem::absolute(argument, error);
-    if (error) return {QString::fromUtf8(argument), QStringLiteral("the current folder is not known")};
+    if (error) return {QString::fromUtf8(argument), QStringLiteral("the path cannot be made absolute")};
     const auto bytes = QByteArray::fromStdString(tidied(absolute).native());
     const auto path = QString::fromUtf8(bytes);
     if (path.toUtf8() != bytes) return {path, QStringLiteral("the path is not valid UTF-8")};

@@ -11,6 +11,7 @@ namespace {
 
 constexpr QChar slash{u'/'};
 constexpr QChar backslash{u'\\'};
+constexpr QChar hash{u'#'};
 constexpr std::array separators{backslash, slash};  // the order in which runs of them are collapsed
 
 constexpr QLatin1String sceneFolderMarker{"<SceneFolder>"};
@@ -121,22 +122,21 @@ bool parsePrintfNumber(_imageName& name) {
     const _size letter = whole.indexOf(QLatin1Char('d'), percent);
     const auto digits = static_cast<quint8>(whole.mid(percent + 1, letter - percent - 1).toInt());
     name.file = whole.left(percent);
-    name.setExt(whole.mid(letter + 1).remove(QLatin1Char('#')));
+    name.setExt(whole.mid(letter + 1).remove(hash));
     name.padding = digits == 0 ? quint8{1} : digits;
     return true;
 }
 
 bool parseHashNumber(_imageName& name) {
-    constexpr QLatin1Char hash{'#'};
     if (!name.file.contains(hash)) return false;
     const QString whole =
         QString(name.file).replace(QLatin1String("[#"), QString(hash)).replace(QLatin1String("#]"), QString(hash));
     const _size start = whole.indexOf(hash);
-    const auto* const end = std::find_if(whole.cbegin() + start, whole.cend(), [](QChar c) { return c != hash; });
-    const auto length = static_cast<_size>(end - whole.cbegin()) - start;
+    _size end = start;
+    while (end < whole.size() && whole.at(end) == hash) ++end;
     name.file = whole.left(start);
-    name.setExt(whole.mid(start + length));
-    name.padding = static_cast<quint8>(length);
+    name.setExt(whole.mid(end));
+    name.padding = static_cast<quint8>(end - start);
     return true;
 }
 

@@ -35,8 +35,7 @@ enum class _frameNumber { always, unlessSingleFile };
 void takeExportAsScene(const _visit& visit, _frameNumber frameNumber) {
     if (visit.job.waitForPreIDCount != 1) return;
     const bool numbered = frameNumber == _frameNumber::always || !visit.before.singleFile;
-    const QString frame =
-        numbered ? QStringLiteral("<FN%1>").arg(visit.before.imagePadding) : QString();
+    const QString frame = numbered ? QStringLiteral("<FN%1>").arg(visit.before.imagePadding) : QString();
     visit.job.sceneName =
         QString(visit.before.imageDir + visit.before.imageFileName + frame + visit.before.imageExtension);
 }
@@ -142,8 +141,8 @@ void takeCamera(const _visit& visit) {
 }
 
 _outputBefore outputOf(const _JobBasics_largePath& job) {
-    return {job.imageDir.toQString(), job.imageFileName.toQString(), job.imageExtension.toQString(),
-            job.imagePadding, job.imageSingleOutputFile};
+    return {job.imageDir.toQString(), job.imageFileName.toQString(), job.imageExtension.toQString(), job.imagePadding,
+            job.imageSingleOutputFile};
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ bool openScene(QFile& file);
 /// the line that it was asked for, so the scan and the section readers share one position. Reads in large blocks, not
 /// through a memory map: a scene that is cut short while it is read must end early, never fault.
 class _sceneDevice : public QIODevice {
-   public:
+ public:
     /// @param source  open for reading; must outlive the device
     explicit _sceneDevice(QIODevice& source);
 
@@ -24,11 +24,11 @@ class _sceneDevice : public QIODevice {
     /// True when the source reported an error; the device then ends like at the end of the scene.
     bool readFailed() const { return failed; }
 
-   protected:
+ protected:
     qint64 readData(char* data, qint64 most) override;
     qint64 writeData(const char* data, qint64 count) override;
 
-   private:
+ private:
     void refill();
 
     QIODevice& source;

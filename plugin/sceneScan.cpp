@@ -84,8 +84,8 @@ void decodeAsUtf8(QTextStream& stream) {
 }
 
 /// Hands a section to the reader of its kind. @return what the reader returned
-qint32 readSection(_lineKind kind, _dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line,
-                   _sceneFacts& facts) {
+qint32 readSectionOf(_lineKind kind, _dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line,
+                     _sceneFacts& facts) {
     switch (kind) {
         case _lineKind::camera:
             return loadCamNode(&load, stream, line);
@@ -95,8 +95,9 @@ qint32 readSection(_lineKind kind, _dataPARS_LoadSceneFile& load, QTextStream& s
             return loadOutNode(&load, stream, line, facts.activeTakeUsed, facts.majorVersion, facts.minorText);
         case _lineKind::wedge:
         case _lineKind::usdRenderSettings:
-            skipSection(stream, line);
-            return resultSuccess;
+            // No job depends on these yet; their lines must not be taken for the scene's own.
+            return readSection(
+                stream, line, [](const QString&) { return _step::next; }, [] { return resultSuccess; });
         default:
             return resultSuccess;
     }
@@ -116,7 +117,7 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
             facts.takeNames.append(takeName(line));
             return resultSuccess;
         default:
-            return readSection(meaning.kind, load, stream, line, facts);
+            return readSectionOf(meaning.kind, load, stream, line, facts);
     }
 }
 

@@ -49,14 +49,10 @@ qint32 loadScene(_dataPARS_LoadSceneFile& load) {
 
 }  // namespace vxP
 
-quint8 pInfo(vxP::_dataPARS_PluginInfo* info) noexcept try {
-    return vxP::fillInfo(*info);
-} catch (...) {
+quint8 pInfo(vxP::_dataPARS_PluginInfo* info) noexcept try { return vxP::fillInfo(*info); } catch (...) {
     return vxP::resultException;
 }
 
-qint32 pLoadSceneFile(vxP::_dataPARS_LoadSceneFile* load) noexcept try {
-    return vxP::loadScene(*load);
-} catch (...) {
+qint32 pLoadSceneFile(vxP::_dataPARS_LoadSceneFile* load) noexcept try { return vxP::loadScene(*load); } catch (...) {
     return vxP::resultException;
 }

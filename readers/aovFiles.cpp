@@ -16,8 +16,12 @@ struct _aovFamily {
     bool keepsOldWhenEmpty;
 };
 
-QString outerUnquoted(const QString& line) { return withoutOuterQuotes(parenthesised(line)); }
-QString unquotedAsItIs(const QString& line) { return parenthesised(line).remove(QLatin1Char('"')); }
+QString outerUnquoted(const QString& line) {
+    return withoutOuterQuotes(parenthesised(line));
+}
+QString unquotedAsItIs(const QString& line) {
+    return parenthesised(line).remove(QLatin1Char('"'));
+}
 
 constexpr std::array aovFamilies{
     _aovFamily{QLatin1String{"ar_aov_separate_file"}, &_aovSlot::fileName, unquoted, true},

@@ -11,24 +11,25 @@ namespace {
 /// A frame variable as scenes write it: the text before its digit.
 struct _frameVariable {
     QLatin1String name;
-    QLatin1String fraction;        ///< the variant with fraction ...
-    QLatin1String fractionAsPlain; ///< ... which is written with one digit
+    QLatin1String fraction;         ///< the variant with fraction ...
+    QLatin1String fractionAsPlain;  ///< ... which is written with one digit
 };
 
-constexpr std::array frameVariables{  // in this order; only the first one that occurs is converted
+constexpr std::array frameVariables{
+    // in this order; only the first one that occurs is converted
     _frameVariable{QLatin1String{"$F"}, QLatin1String{"$FF"}, QLatin1String{"$F1"}},
     _frameVariable{QLatin1String{"${F"}, QLatin1String{"${FF}"}, QLatin1String{"${F1}"}},
 };
 
 constexpr QLatin1String takeVariable{"$ACTIVETAKE"};
 constexpr QLatin1String takePlaceholder{"<Channel>"};
-constexpr std::array takeTexts{takeVariable, QLatin1String{"`chsop(\"take\")`"}, QLatin1String{"`chsop(\\\"take\\\")`"}};
+constexpr std::array takeTexts{takeVariable, QLatin1String{"`chsop(\"take\")`"},
+                               QLatin1String{"`chsop(\\\"take\\\")`"}};
 constexpr std::array unusableMarks{QLatin1String{"chs("}, QLatin1String{"testfile.exr"}};
 
 QString fileNameOf(const QString& line) {
     const QString value = outerParenthesised(line);
-    const bool quoted =
-        value.size() >= 2 && value.startsWith(QLatin1Char('"')) && value.endsWith(QLatin1Char('"'));
+    const bool quoted = value.size() >= 2 && value.startsWith(QLatin1Char('"')) && value.endsWith(QLatin1Char('"'));
     return quoted ? value.mid(1, value.size() - 2).trimmed() : value;
 }
 
@@ -69,8 +70,7 @@ bool convertFrameVariable(QString& name, QLatin1String variable) {
     return true;
 }
 
-bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& activeTakeUsed,
-                         bool& noFrameVariable) {
+bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& activeTakeUsed, bool& noFrameVariable) {
     const QString channelReference = QLatin1String("[ ") + parameterName(line);
     QString name = fileNameOf(line);
     writeFractionsAsPlain(name);

@@ -21,7 +21,6 @@ bool convertFrameVariable(QString& name, QLatin1String variable);
 /// @param[out] noFrameVariable    set to false first; true when one file holds all frames
 /// @return false for an unusable name: empty, a channel reference, or the placeholder testfile.exr
 /// Source: Houdini manual, variables $F (frame), $F4 (padded to 4 digits), $FF (frame with fraction).
-bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& activeTakeUsed,
-                         bool& noFrameVariable);
+bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& activeTakeUsed, bool& noFrameVariable);
 
 }  // namespace vxP

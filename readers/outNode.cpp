@@ -31,17 +31,9 @@ qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& 
                    .majorVersion = majorVersion,
                    .versionText = versionText,
                    .nodePath = nodePathOf(line, driverRoots)};
-    for (;;) {
-        switch (nextParameter(stream, line)) {
-            case _sectionStep::parameter:
-                if (applyOutNodeRules(driver, line) == _step::leave) return resultSuccess;
-                break;
-            case _sectionStep::closed:
-                return addJobsOf(driver);
-            case _sectionStep::cutOff:
-                return resultSuccess;
-        }
-    }
+    return readSection(
+        stream, line, [&](const QString& parameter) { return applyOutNodeRules(driver, parameter); },
+        [&] { return addJobsOf(driver); });
 }
 
 }  // namespace vxP

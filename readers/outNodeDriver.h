@@ -15,12 +15,12 @@ enum class _kind : quint8 { keep, arnold, redshift, openGL, geometry, alembic, v
 
 /// The kinds that a section's parameters have implied so far: a driver may carry several.
 class _kinds {
-   public:
+ public:
     void set(_kind kind) { bits = static_cast<quint16>(bits | bitOf(kind)); }
     void clear(_kind kind) { bits = static_cast<quint16>(bits & ~bitOf(kind)); }
     bool has(_kind kind) const { return (bits & bitOf(kind)) != 0; }
 
-   private:
+ private:
     static quint16 bitOf(_kind kind) { return static_cast<quint16>(1U << static_cast<unsigned>(kind)); }
 
     quint16 bits = 0;

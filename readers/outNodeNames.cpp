@@ -14,7 +14,8 @@ struct _kindName {
     QLatin1String name;
 };
 
-constexpr std::array renderNames{  // first kind that the driver has wins
+constexpr std::array renderNames{
+    // first kind that the driver has wins
     _kindName{_kind::arnold, QLatin1String{"arnold"}},     _kindName{_kind::openGL, QLatin1String{"opengl"}},
     _kindName{_kind::geometry, QLatin1String{"geometry"}}, _kindName{_kind::redshift, QLatin1String{"redshift"}},
     _kindName{_kind::renderman, QLatin1String{"prman"}},   _kindName{_kind::alembic, QLatin1String{"alembic"}},

@@ -12,10 +12,18 @@ namespace {
 
 // ---- when a row counts
 
-bool always(const _driver&) { return true; }
-bool hasTrange(const _driver&) { return trange; }
-bool isAlembic(const _driver& driver) { return driver.has(_kind::alembic); }
-bool hasNoExportName(const _driver& driver) { return driver.exportName.isEmpty(); }
+bool always(const _driver&) {
+    return true;
+}
+bool hasTrange(const _driver&) {
+    return trange;
+}
+bool isAlembic(const _driver& driver) {
+    return driver.has(_kind::alembic);
+}
+bool hasNoExportName(const _driver& driver) {
+    return driver.exportName.isEmpty();
+}
 
 template <_kind... others>
 bool isNone(const _driver& driver) {
@@ -30,7 +38,9 @@ bool countsFramesBySwitch(const _driver& driver) {
 
 // ---- what a row does
 
-QString behind(const QString& text, _size end) { return text.mid(end); }
+QString behind(const QString& text, _size end) {
+    return text.mid(end);
+}
 
 _step readTrange(_driver&, const QString& line) {
     if (line.contains(QLatin1String("\"on\"")) || line.contains(QLatin1String("\"normal\""))) trange = true;
@@ -75,8 +85,8 @@ _step readFrameRange(_driver&, const QString& line) {
 
 _step readImage(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
-    const bool stored = replaceImageOutVars(line, driver.has(_kind::redshift), driver.imageName,
-                                            driver.activeTakeUsed, noFrameVariable);
+    const bool stored = replaceImageOutVars(line, driver.has(_kind::redshift), driver.imageName, driver.activeTakeUsed,
+                                            noFrameVariable);
     if (stored && noFrameVariable && driver.has(_kind::alembic)) driver.singleFile = true;
     return _step::next;
 }
@@ -157,12 +167,13 @@ _step readAov(_driver& driver, const QString& line) {
     return readAovParameter(driver.aovs, line) ? _step::next : _step::unmatched;
 }
 
-_step leaveSection(_driver&, const QString&) { return _step::leave; }
+_step leaveSection(_driver&, const QString&) {
+    return _step::leave;
+}
 
 _step readExportFile(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
-    const bool stored =
-        replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable);
+    const bool stored = replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable);
     if (stored && noFrameVariable && driver.has(_kind::vray)) driver.singleFile = true;
     return _step::next;
 }
@@ -170,9 +181,9 @@ _step readExportFile(_driver& driver, const QString& line) {
 // ---- the table
 
 struct _paramRule {
-    QLatin1String name;                    ///< line prefix, letter case ignored; TAB ends a whole name
-    bool (*when)(const _driver&);          ///< the row counts only while this holds
-    _kind kind;                            ///< driver kind the row implies; keep: none
+    QLatin1String name;            ///< line prefix, letter case ignored; TAB ends a whole name
+    bool (*when)(const _driver&);  ///< the row counts only while this holds
+    _kind kind;                    ///< driver kind the row implies; keep: none
     _step (*handle)(_driver&, const QString& line);
 };
 
@@ -181,7 +192,8 @@ constexpr auto notForOthersThanArnold = isNone<_kind::redshift, _kind::vray, _ki
 constexpr auto notForOthersThanRedshift = isNone<_kind::arnold, _kind::vray, _kind::renderman>;
 constexpr auto notForOthersThanRenderman = isNone<_kind::redshift, _kind::arnold, _kind::vray>;
 
-constexpr std::array outNodeRules{  // first match wins
+constexpr std::array outNodeRules{
+    // first match wins
     _paramRule{QLatin1String{"trange"}, always, _kind::keep, readTrange},
     _paramRule{QLatin1String{"f\t"}, hasTrange, _kind::keep, readFrameRange},
     _paramRule{QLatin1String{"vm_picture\t"}, always, _kind::keep, readImage},

@@ -27,11 +27,6 @@ _sectionStep nextParameter(QTextStream& stream, QString& line) {
     return _sectionStep::cutOff;
 }
 
-void skipSection(QTextStream& stream, QString& line) {
-    while (nextParameter(stream, line) == _sectionStep::parameter) {
-    }
-}
-
 bool isNamed(const QString& line, QLatin1String name) {
     return line.startsWith(name, Qt::CaseInsensitive);
 }

@@ -11,7 +11,7 @@
 #include <QTextStream>
 #include <span>
 
-#include "shared/vxString.h"
+#include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
 
@@ -28,8 +28,31 @@ enum class _sectionStep {
 /// A value may run over several lines; a line that begins with "}" inside it closes the section all the same.
 _sectionStep nextParameter(QTextStream& stream, QString& line);
 
-/// Reads to the end of a section that nobody wants.
-void skipSection(QTextStream& stream, QString& line);
+/// What a parameter means for the rest of its section.
+enum class _step {
+    next,       ///< the line is done
+    unmatched,  ///< not this rule's line after all: later rules are tried
+    leave,      ///< the section is not wanted; what remains of it is not read
+};
+
+/// Reads a section to its end.
+/// @param onParameter  `_step(const QString& line)`, called for each parameter
+/// @param onClosed     `qint32()`, called at the closing brace; never for a section that is left or cut off
+/// @return what `onClosed` returned, else resultSuccess
+template <typename OnParameter, typename OnClosed>
+qint32 readSection(QTextStream& stream, QString& line, OnParameter onParameter, OnClosed onClosed) {
+    for (;;) {
+        switch (nextParameter(stream, line)) {
+            case _sectionStep::parameter:
+                if (onParameter(line) == _step::leave) return resultSuccess;
+                break;
+            case _sectionStep::closed:
+                return onClosed();
+            case _sectionStep::cutOff:
+                return resultSuccess;
+        }
+    }
+}
 
 /// True when the line begins with `name`, in any letter case. A name that ends with TAB is a whole name.
 bool isNamed(const QString& line, QLatin1String name);

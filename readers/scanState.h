@@ -32,8 +32,8 @@ extern qint32 seqEnd;
 extern qint32 seqStep;
 extern bool trange;  ///< the driver being read has a range of its own
 
-extern QString DatabaseDir;           ///< the scene file's folder with its separator
-extern QList<_namevalue> hVariables;  ///< environment first, then the scene's own
+extern QString DatabaseDir;                            ///< the scene file's folder with its separator
+extern QList<_namevalue> hVariables;                   ///< environment first, then the scene's own
 extern QMap<_vxString<150>, QString> nodeActiveTakes;  ///< take name of each driver, by node path
 
 extern bool emptyNodesfound;             ///< a driver had no usable output name

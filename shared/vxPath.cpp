@@ -68,8 +68,7 @@ QString vxGetFileNameBase(const QString& text, QChar separator) {
 QString vxPathResolve(const QString& text) {
     if (text.isEmpty()) return {};
     const QChar separator = firstSeparator(text);
-    const QString whole =
-        isAbsolute(text) ? text : QDir::currentPath().replace(slash, separator) + separator + text;
+    const QString whole = isAbsolute(text) ? text : QDir::currentPath().replace(slash, separator) + separator + text;
     const QString root = rootOf(whole, separator);
     const bool firstIsVariable = beginsWithVariable(whole);
     QStringList resolved;

@@ -14,9 +14,9 @@ using _size = decltype(QString().size());
 
 /// One fixed-capacity text without its capacity as a type, so that the operations exist once.
 struct _wideText {
-    quint16* length;    ///< characters in use; a broken host may have written more than the capacity
-    char16_t* units;    ///< `capacity` + 1 characters, the last one for the terminator
-    quint16 capacity;   ///< characters, without the terminator
+    quint16* length;   ///< characters in use; a broken host may have written more than the capacity
+    char16_t* units;   ///< `capacity` + 1 characters, the last one for the terminator
+    quint16 capacity;  ///< characters, without the terminator
 };
 
 /// Characters in use, never more than the capacity.
@@ -37,7 +37,7 @@ VX_EXPORT void replaceText(_wideText text, QStringView before, QStringView after
 /// capacity. Assigning a text leaves the two bytes behind the length word alone.
 template <quint16 Capacity>
 class _vxString {
-   public:
+ public:
     _vxString() noexcept { clear(); }
     explicit _vxString(QStringView source) noexcept { *this = source; }
     _vxString& operator=(QStringView source) noexcept {
@@ -90,7 +90,7 @@ class _vxString {
         return view().compare(other.view()) <=> 0;
     }
 
-   private:
+ private:
     _wideText text() noexcept { return {&lengthWord, units, Capacity}; }
 
     quint16 lengthWord;

@@ -54,8 +54,7 @@ void removeText(_narrowText text, _size position, _size count) noexcept {
     endTextAt(text, length - removed);
 }
 
-void replaceText(_narrowText text, std::string_view before, std::string_view after,
-                 Qt::CaseSensitivity sensitivity) {
+void replaceText(_narrowText text, std::string_view before, std::string_view after, Qt::CaseSensitivity sensitivity) {
     if (before.empty()) return;
     const std::string_view old = viewOf(text);
     std::string whole;

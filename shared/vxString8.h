@@ -35,7 +35,7 @@ VX_EXPORT _size indexOfText(std::string_view text, std::string_view part, _size 
 /// an even size. Trivially copyable, alignment 2. The rules of `_vxString` hold: cut at capacity, never fail.
 template <quint16 Capacity>
 class _vxString8_allSize {
-   public:
+ public:
     _vxString8_allSize() noexcept { clear(); }
     explicit _vxString8_allSize(std::string_view source) noexcept { *this = source; }
     explicit _vxString8_allSize(const char* source) noexcept { *this = std::string_view(source); }
@@ -86,7 +86,7 @@ class _vxString8_allSize {
         return view() <=> other.view();
     }
 
-   private:
+ private:
     _narrowText text() noexcept { return {&lengthWord, bytes, Capacity}; }
 
     quint16 lengthWord;

@@ -35,7 +35,7 @@ TEST_F(Channels, PackNamesAndExtensionsInOrder) {
     add("", ".tif");
     add("bc", "");
     EXPECT_EQ(all(), "a|.exr bc| ");
-    EXPECT_EQ(QStringView(job->channelPool, 8), u"a.exrbc\0");
+    EXPECT_EQ(vxTest::plain(QStringView(job->channelPool, 8)), std::string("a.exrbc\0", 8));
     EXPECT_EQ(job->channelStart[1], 5);
     EXPECT_EQ(job->channelPoolUsed, 7);
     for (const int outside : {-1, 2}) EXPECT_TRUE(job->channelFileName(outside).isEmpty());
@@ -128,6 +128,10 @@ TEST_F(Channels, DamagedNumbersReadAsEmpty) {
         job->channelPoolUsed = numbers.used;
         EXPECT_EQ(all(), numbers.read) << numbers.what;
     }
+    job->channelCount = 255;  // the numbers of a channel 100 would be those of the next table
+    job->channelNameLen[0] = 1;
+    job->channelExtLen[0] = 1;
+    EXPECT_TRUE(job->channelFileName(100).isEmpty());
 }
 
 // Whatever bytes stand in the store, no operation leaves it: the fields around it stay, and the sanitizer is silent.

@@ -36,7 +36,7 @@ class CustomData : public testing::Test {
 };
 
 TEST_F(CustomData, StoresInItsByteLayout) {
-    settings->customDataSet_All({wide("Ab"), wide("C")}, {wide("xyz"), QString(u"\u0141\u00E4")});
+    settings->customDataSet_All({wide("Ab"), wide("C")}, {wide("xyz"), wide("\u0141\u00E4")});
     constexpr quint8 expected[] = {'c', 0,   15, 0,   3,   'A', 'b', 0,    'u', 0,    18, 0,
                                    2,   'C', 0,  'x', 'y', 'z', 1,   0x41, 0,   0xE4, 0,  0};
     EXPECT_EQ(std::memcmp(settings->customDataBlock, expected, sizeof expected), 0);
@@ -114,7 +114,7 @@ TEST_F(CustomData, DropsWhatDoesNotFit) {
 }
 
 TEST_F(CustomData, NameEndsAtAZeroByte) {
-    settings->customDataSet_All({QString(u"a\u0100b"), wide("c")}, {wide("1"), wide("2")});
+    settings->customDataSet_All({wide("a\u0100b"), wide("c")}, {wide("1"), wide("2")});
     EXPECT_EQ(all(), "a=1\nc=2\n");
 }
 
@@ -132,7 +132,7 @@ const _damageCase damageCases[] = {
     {"negative_count", [](auto& s) { s.customDataCount = -5; }, "", 6},
     {"unknown_mode", [](auto& s) { s.customDataBlock[11] = 'x'; }, "first=one\n", 6},
     {"value_start_outside", [](auto& s) { s.customDataBlock[1] = 0xFF; }, "first=\nsecond=two\n", 6},
-    {"value_longer_than_block", [](auto& s) { s.customDataBlock[3] = 0x0F; }, "first=\nsecond=two\n", 6},
+    {"value_longer_than_block", [](auto& s) { s.customDataBlock[3] = 0x10; }, "first=\nsecond=two\n", 6},
     {"value_outside_by_its_mode",
      [](auto& s) {
          s.customDataBlock[0] = 'u';

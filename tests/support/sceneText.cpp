@@ -30,8 +30,8 @@ _loader::_loader(const QString& sceneFileName, const QStringList& arguments)
     : jobs(std::make_unique<vxJ::_JobBasicsArray>()), sceneName(QStringView{sceneFileName}) {
     argumentTexts.append("submitter");
     for (const QString& argument : arguments) argumentTexts.append(argument.toUtf8());
-    for (const QByteArray& text : argumentTexts) argumentPointers.append(text.constData());
-    settings = {static_cast<qint32>(argumentPointers.size()), argumentPointers.constData()};
+    for (const QByteArray& text : argumentTexts) argumentPointers.push_back(text.constData());
+    settings = {static_cast<qint32>(argumentPointers.size()), argumentPointers.data()};
     loadRecord = {&sceneName, jobs.get(), &settings};
 }
 

@@ -7,6 +7,7 @@
 #include <initializer_list>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
@@ -25,7 +26,7 @@ QByteArray openSection(const QByteArray& path, _params params);
 
 /// A job array on the heap with everything that a load needs.
 class _loader {
-   public:
+ public:
     explicit _loader(const QString& sceneFileName = QStringLiteral("/proj/shots/scene.hip"),
                      const QStringList& arguments = {});
 
@@ -39,22 +40,16 @@ class _loader {
     const vxJ::_JobBasics_largePath& job(int index) const { return *jobs->at(index); }
     int count() const { return jobs->count; }
 
-   private:
+ private:
     std::unique_ptr<vxJ::_JobBasicsArray> jobs;
     vxS::_vxString<500> sceneName;
     QList<QByteArray> argumentTexts;
-    QList<const char*> argumentPointers;
+    std::vector<const char*> argumentPointers;
     vxP::_submitterSettings settings;
     vxP::_dataPARS_LoadSceneFile loadRecord;
 };
 
 /// Brings the module-wide state back to what it is when the plug-in has just been loaded.
 void freshScanState();
-
-/// Text of any fixed-capacity text, for readable failures.
-template <typename Text>
-std::string str(const Text& text) {
-    return text.toQString().toStdString();
-}
 
 }  // namespace vxTest

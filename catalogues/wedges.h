@@ -1,0 +1,48 @@
+// Wedge drivers of the scene: which output driver they repeat, and what each variant is called.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QTextStream>
+
+#include "jobs/VX_DataTypes_plugin.h"
+
+namespace vxP {
+
+/// One channel that a wedge varies.
+struct _wedgeParams {
+    QString name;
+    double start = 0.0;
+    double end = 0.0;
+    qint32 steps = 0;  ///< values that the channel takes
+
+    /// Value of step `index`, evenly spaced from `start` to `end`. One step alone has no spacing: not a number.
+    double valueIdx(const int& index) const;
+};
+
+struct _wedgeNode {
+    QString prefix;  ///< begin of every variant's name
+    QString nodePath;
+    QString driver;  ///< node path of the output driver that is repeated
+    QString wedgeMethod;
+    QList<_wedgeParams> params;
+    qint32 totalCache = -1;  ///< result of `totalWedges`; -1: not yet computed
+
+    /// Number of variants: the product of all steps, which wraps around at 32 bits. 0 without channels. The first
+    /// result stays, whatever becomes of the channels.
+    qint32 totalWedges();
+    /// Name of a variant: the prefix, then "_channel_value" for each channel with 6 digits behind the point. The first
+    /// channel changes fastest from one variant to the next.
+    /// @param wedgeIndex  0 .. totalWedges() - 1; no channel may have 0 steps
+    QString getWedgeFileName(int wedgeIndex) const;
+};
+
+extern QList<_wedgeNode> wedges;  ///< lives as long as the plug-in is loaded and is never emptied
+
+/// Reads a wedge section and appends the wedge when it varies channels of a driver in at least one variant. A "name" or
+/// "range" parameter without an instance number ends the section: deliberate, such a node is no wedge.
+/// @param[in,out] line  in: the section's header; out: the last line read
+/// @return resultSuccess
+qint32 loadWedgeNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
+
+}  // namespace vxP

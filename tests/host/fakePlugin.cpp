@@ -1,0 +1,197 @@
+// A plug-in whose behaviour is chosen by the scene's file name. It reads no file.
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <stdexcept>
+
+#include "jobs/VX_DataTypes_plugin.h"
+#include "shared/vxExport.h"
+#include "shared/vxPath.h"
+
+namespace {
+
+using _load = vxP::_dataPARS_LoadSceneFile;
+
+int loadsSoFar = 0;  // module state, as the real plug-in has
+
+vxJ::_JobBasics_largePath& addJob(const _load& load) {
+    vxJ::_JobBasics_largePath* job = nullptr;
+    if (!load.jobArray->getNewJob(job)) throw std::bad_alloc{};
+    job->preID = static_cast<quint8>(load.jobArray->count);
+    job->layer = u"out/mantra1";
+    job->app = u"Houdini";
+    job->appVersionMajor = 19;
+    job->appVersionMinor = std::string_view{"5.640"};
+    return *job;
+}
+
+void setFrames(vxJ::_JobBasics_largePath& job, double first, double last, quint16 step) {
+    job.sceneSettings.seqStart = first;
+    job.sceneSettings.seqEnd = last;
+    job.sceneSettings.seqStep = step;
+}
+
+void setOutput(vxJ::_JobBasics_largePath& job, QStringView folder, QStringView file, QStringView extension) {
+    job.imageDir = folder;
+    job.imageFileName = file;
+    job.imageExtension = extension;
+}
+
+qint32 noJobs(const _load&) {
+    return vxP::resultSuccess;
+}
+
+qint32 exportPair(const _load& load) {
+    auto& exporting = addJob(load);
+    exporting.appRenderer = u"createIFD";
+    setFrames(exporting, 1001, 1100, 2);
+    setOutput(exporting, u"<SceneFolder>../ifd/", u"shot.", u".ifd");
+    auto& rendering = addJob(load);
+    rendering.app = u"Mantra_StdA";
+    rendering.camera = u"/obj/cam1";
+    rendering.channel = u"night";
+    rendering.imageWidth = 1920;
+    rendering.imageHeight = 1080;
+    rendering.addWaitForPreID(1);
+    setFrames(rendering, 1001, 1100, 1);
+    setOutput(rendering, u"/img/", u"beauty.", u".exr");
+    return vxP::resultSuccess;
+}
+
+qint32 everyField(const _load& load) {
+    load.jobArray->message = u" \"AllowLocalSceneCopy=0~0\"";
+    auto& job = addJob(load);
+    job.sceneOS = 3;
+    job.appRenderer = u"renderer";
+    job.appType = u"3D";
+    job.appRendererVersion = u"7.1";
+    job.camera = u"camera";
+    job.channel = u"channel";
+    job.sceneState = u"state";
+    job.colorSpace = u"ACES";
+    job.requiredLicenses = u"licence";
+    job.imageWidth = 65535;
+    job.imageHeight = 2;
+    job.imageSingleOutputFile = true;
+    job.imageFormatOverride = u"exr";
+    job.imageMulti = -5;
+    job.imageStereoL = u"_left";
+    job.imageStereoM = u"_middle";
+    job.imageStereoR = u"_right";
+    job.shotgunID = std::string_view{"id"};
+    job.pnl = 'x';
+    job.imagePadding = 7;
+    job.addWaitForPreID(9);
+    job.addWaitForPreID(200);
+    job.jobID = std::numeric_limits<quint64>::max();
+    job.commandPasswordHash[0] = 99;
+    job.sceneName = u"/scene.<FN4>.ifd";
+    job.sceneDatabaseDir = u"/db";
+    setOutput(job, u"<Database>/img/", u"name.", u".exr");
+    job.channels[3].fileName = u"/img/depth.";
+    job.channels[3].extension = u".tif";
+    setFrames(job, -1.5, 2, 3);
+    job.sceneSettings.seqFrameSet = std::string_view{"1,5,7"};
+    job.sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), QStringLiteral("/job"));
+    return vxP::resultSuccess;
+}
+
+/// Escape sequences, line ends, a NUL, text direction, halves of surrogate pairs, wide characters.
+qint32 hostileTexts(const _load& load) {
+    auto& job = addJob(load);
+    job.layer = QStringView{
+        u"out/\x1b[31mred\x9b"
+        u"1m\r\n\t\0end\x202e",
+        23};
+    constexpr char16_t halves[] = {u'c', 0xD800, u'a', 0xDC00, u'm', 0xDBFF};
+    job.camera = QStringView{halves, 6};
+    job.channel = u"夜景夜景";
+    setFrames(job, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), 1);
+    return vxP::resultSuccess;
+}
+
+qint32 longTexts(const _load& load) {
+    auto& job = addJob(load);
+    const QString folder = QStringLiteral("/projects/") + QString(300, QLatin1Char('f')) + QLatin1Char('/');
+    setOutput(job, folder, u"beauty.", u".exr");
+    job.camera = QString(150, QLatin1Char('c'));
+    return vxP::resultSuccess;
+}
+
+qint32 manyJobs(const _load& load) {
+    for (int i = 0; i < 300; ++i) addJob(load).addWaitForPreID(200);
+    load.jobArray->at(0)->waitForPreIDs[0] = 1;  // also the own number of job 257
+    return vxP::resultSuccess;
+}
+
+qint32 jobThenNoMore(const _load& load) {
+    addJob(load);
+    ++load.jobArray->count;  // as after an allocation that failed
+    return vxP::resultNoMoreJobs;
+}
+
+/// What the plug-in was handed, and how many loads this process has seen.
+qint32 tellLoad(const _load& load) {
+    QString told = QString::number(++loadsSoFar) + QLatin1Char('|') + load.sceneFileName->toQString();
+    for (int i = 1; i < load.settings->argumentCount; ++i)
+        told += QLatin1Char('|') + QString::fromUtf8(load.settings->arguments[i]);
+    load.jobArray->message = told;
+    return vxP::resultSuccess;
+}
+
+qint32 printAndGoOn(const _load& load) {
+    std::printf("printed by the plug-in\n");
+    addJob(load);
+    return vxP::resultSuccess;
+}
+
+qint32 dieBySignal(const _load&) {
+    std::signal(SIGSEGV, SIG_DFL);  // a sanitizer handles it otherwise
+    std::raise(SIGSEGV);
+    return vxP::resultSuccess;
+}
+
+struct _behaviour {
+    QLatin1String sceneName;
+    qint32 (*load)(const _load&);
+};
+
+constexpr _behaviour behaviours[] = {
+    {QLatin1String{"noJobs"}, noJobs},
+    {QLatin1String{"exportPair"}, exportPair},
+    {QLatin1String{"everyField"}, everyField},
+    {QLatin1String{"hostileTexts"}, hostileTexts},
+    {QLatin1String{"longTexts"}, longTexts},
+    {QLatin1String{"manyJobs"}, manyJobs},
+    {QLatin1String{"tellLoad"}, tellLoad},
+    {QLatin1String{"prints"}, printAndGoOn},
+    {QLatin1String{"cannotOpen"}, [](const _load&) -> qint32 { return vxP::resultCannotOpen; }},
+    {QLatin1String{"noUsableOutput"}, [](const _load&) -> qint32 { return vxP::resultNoUsableOutput; }},
+    {QLatin1String{"jobThenNoMore"}, jobThenNoMore},
+    {QLatin1String{"strangeCode"}, [](const _load&) -> qint32 { return 42; }},
+    {QLatin1String{"segmentationFault"}, dieBySignal},
+    {QLatin1String{"aborts"}, [](const _load&) -> qint32 { std::abort(); }},
+    {QLatin1String{"exits"}, [](const _load&) -> qint32 { std::exit(0); }},
+    {QLatin1String{"throws"}, [](const _load&) -> qint32 { throw std::runtime_error{"thrown"}; }},
+};
+
+}  // namespace
+
+extern "C" VX_EXPORT quint8 pInfo(vxP::_dataPARS_PluginInfo* info);
+extern "C" VX_EXPORT qint32 pLoadSceneFile(_load* load);
+
+quint8 pInfo(vxP::_dataPARS_PluginInfo* info) {
+    const bool versionsMatch = info->structureVersion == vxP::pluginStructureVersion;
+    info->appName = u"Fake\x1b[1m";
+    info->fileFilter = u"*.fake;";
+    return versionsMatch ? 1 : 5;
+}
+
+qint32 pLoadSceneFile(_load* load) {
+    const auto name = vxS::vxGetFileNameBase(load->sceneFileName->toQString(), QLatin1Char('/'));
+    for (const auto& behaviour : behaviours) {
+        if (name == behaviour.sceneName) return behaviour.load(*load);
+    }
+    return vxP::resultCannotOpen;
+}

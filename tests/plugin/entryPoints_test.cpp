@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <cstring>
+
+#include "plugin/vxSceneParserHoudini.h"
+#include "tests/support/sceneText.h"
+#include "tests/testText.h"
+
+namespace {
+
+using vxTest::plain;
+using vxTest::plainOf;
+using vxTest::section;
+
+class EntryPoints : public testing::Test {
+ protected:
+    void SetUp() override {
+        vxTest::freshScanState();
+        ASSERT_TRUE(folder.isValid());
+    }
+
+    QString write(const QByteArray& scene, const char* name = "scene.hip") {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_EQ(file.write(scene), scene.size());
+        return file.fileName();
+    }
+
+    QTemporaryDir folder;
+};
+
+qint32 loadFile(const QString& path) {
+    vxTest::_loader loader(path);
+    return pLoadSceneFile(&loader.record());
+}
+
+TEST_F(EntryPoints, InfoTellsMatchingHostsMore) {
+    vxP::_dataPARS_PluginInfo info;
+    std::memset(static_cast<void*>(&info), 0xFF, sizeof info);
+    EXPECT_EQ(pInfo(&info), vxP::resultVersionMismatch);
+    EXPECT_EQ(info.structureVersion, 0xB005);
+    EXPECT_EQ(plainOf(info.appName), "Houdini");
+    EXPECT_EQ(info.flag, 0xFF);
+    EXPECT_NE(plainOf(info.fileFilter), "*.hip;*.hipnc;*.hiplc;");
+
+    EXPECT_EQ(pInfo(&info), vxP::resultSuccess);
+    EXPECT_EQ(plainOf(info.author), "Scene Parser Developers");
+    EXPECT_EQ(plainOf(info.pluginVersion), "1.0");
+    EXPECT_EQ(plainOf(info.hostLibraryVersion), " 8.4.00");
+    EXPECT_EQ(plainOf(info.qtVersion), qVersion());
+    EXPECT_EQ(plainOf(info.fileFilter), "*.hip;*.hipnc;*.hiplc;");
+    EXPECT_EQ(info.pluginKind, 1);
+    EXPECT_EQ(info.flag, 0);
+    for (const quint8 byte : info.reservedKind) EXPECT_EQ(byte, 0xFF);
+}
+
+TEST_F(EntryPoints, RefuseWhatCannotBeRead) {
+    EXPECT_EQ(loadFile(folder.filePath(QStringLiteral("missing.hip"))), vxP::resultCannotOpen);
+    EXPECT_EQ(loadFile(folder.path()), vxP::resultCannotOpen);
+    EXPECT_EQ(loadFile(QString()), vxP::resultCannotOpen);
+}
+
+TEST_F(EntryPoints, RefuseAnotherLayoutBeforeAnythingElse) {
+    vxTest::_loader loader(folder.filePath(QStringLiteral("missing.hip")));
+    loader.array().structureMinor = 0;
+    EXPECT_EQ(pLoadSceneFile(&loader.record()), vxP::resultVersionMismatch);
+    EXPECT_EQ(loader.count(), 0);
+}
+
+TEST_F(EntryPoints, ReadScenesThatHoldNothing) {
+    EXPECT_EQ(loadFile(write({})), vxP::resultSuccess);
+    EXPECT_EQ(loadFile(write(QByteArray(1 << 20, '\0'))), vxP::resultSuccess);
+    EXPECT_EQ(loadFile(write(QByteArray(20 << 20, 'x'))), vxP::resultSuccess);  // one line without an end
+}
+
+TEST_F(EntryPoints, PrintNothing) {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    loadFile(folder.path());
+    loadFile(write(section("out/mantra1", {{"vm_picture", "ip"}}) + QByteArray(1000, '\xFF')));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(EntryPoints, GiveTheHostTheScenesOwnFolder) {
+    const QString path = write(section("out/mantra1", {{"vm_picture", "\"$HIP/render/$HIPNAME.$F4.exr\""}}));
+    vxTest::_loader loader(path);
+    ASSERT_EQ(pLoadSceneFile(&loader.record()), vxP::resultSuccess);
+    ASSERT_EQ(loader.count(), 1);
+    EXPECT_EQ(plainOf(loader.job(0).sceneDatabaseDir), plain(folder.path()) + "/");
+    EXPECT_EQ(plainOf(loader.job(0).imageDir), "<Database>render/");
+    EXPECT_EQ(plainOf(loader.job(0).imageFileName), "scene.");
+    EXPECT_EQ(plainOf(loader.job(0).sceneName), plain(path));
+}
+
+/// Ends the process with 0 when the load ends as it should: the first driver's job stays.
+[[noreturn]] void loadWithLittleMemory(vxTest::_loader& loader) {
+    const rlimit limit{300 << 20, 300 << 20};
+    setrlimit(RLIMIT_AS, &limit);
+    const qint32 code = pLoadSceneFile(&loader.record());
+    _exit(code == vxP::resultException && loader.count() == 1 ? 0 : 1);
+}
+
+TEST_F(EntryPoints, SurviveAShortageOfMemory) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer's own memory does not fit under a limit";
+#endif
+    QByteArray scene = section("out/mantra1", {{"vm_picture", "/img/a.exr"}});
+    scene += vxTest::openSection("out/mantra2", {}) + "vm_picture\t" + QByteArray(200 << 20, 'x') + "\n}\n";
+    const QString path = write(scene);
+    scene.clear();
+    vxTest::_loader loader(path);
+    EXPECT_EXIT(loadWithLittleMemory(loader), testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
