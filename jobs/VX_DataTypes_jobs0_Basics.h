@@ -145,10 +145,10 @@ struct _JobBasics_noSettings : _JobBasics_noSettings_noPaths {
     _vxString<250> unnamedFile;
     _vxString<25> imageExtension;
     quint8 reservedChannels[7];
-    quint8 channelCount;                    ///< channels in use, 0 .. 100
-    qint16 channelStart[channelCapacity];   ///< pool index of a channel's file name
-    qint16 channelNameLen[channelCapacity]; ///< characters of its file name
-    qint16 channelExtLen[channelCapacity];  ///< characters of its extension, which follows the name
+    quint8 channelCount;                     ///< channels in use, 0 .. 100
+    qint16 channelStart[channelCapacity];    ///< pool index of a channel's file name
+    qint16 channelNameLen[channelCapacity];  ///< characters of its file name
+    qint16 channelExtLen[channelCapacity];   ///< characters of its extension, which follows the name
     char16_t channelPool[channelPoolCapacity];
     quint16 channelPoolUsed;  ///< characters, at most 7999
 
