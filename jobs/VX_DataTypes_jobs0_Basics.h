@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include "jobs/VX_DataTypes_jobs_defines.h"
+#include "jobs/jobIDs.h"
 #include "shared/vxEnvironment.h"
 #include "shared/vxString.h"
 #include "shared/vxString8.h"
@@ -80,6 +81,12 @@ struct _JobSettingsScene {
     }
 };
 
+/// SHA-256 of a job's command password.
+struct _passHash {
+    quint8 bytes[32];
+};
+_passHash passHashOf(const _vxString8_allSize<40>& password);
+
 /// The head common to all forms of a job, 3686 bytes.
 struct _JobBasics_noSettings_noPaths {
     quint16 structureIDs[10];  ///< layout identification: 1033, 1, then zeros
@@ -133,6 +140,20 @@ struct _JobBasics_noSettings_noPaths {
     void addWaitForPreID(quint8 id);
     /// Sets entry `index`; the count grows to hold it. Outside 0 .. 31 nothing happens.
     void setWaitForPreID(int index, quint8 id);
+
+    /// Keeps the password's hash, never its text.
+    void setCommandPassword(const _vxString8_allSize<40>& password);
+    bool isRightCommandPW(const _passHash& hash) const;
+
+    /// Short and full letter code of the job's ID.
+    QString IDstr() const { return vxJ::ID2str(jobID); }
+    QString IDstrFull() const { return vxJ::ID2strFull(jobID); }
+    QString ID2str() const { return IDstr(); }
+    QString ID2strFull() const { return IDstrFull(); }
+    /// Main number of the job's ID.
+    quint32 IDmain() const { return _IDDecomp::fromID(jobID).stamp(); }
+    /// The job's own number in its array.
+    quint8 IDpre() const { return preID; }
 };
 
 /// The compact form without scene settings: paths of 500 and 250 characters, channels packed into one pool.
@@ -182,6 +203,10 @@ struct _JobBasics : _JobBasics_noSettings {
     /// @return false, unlike the large-path form: hosts may rely on either
     bool vxClearBasics();
     void initialize();
+    /// The job as a list of named variables; see jobVariables.h for the names.
+    void exportJobVarList_Basic(_varValList& list) const;
+    /// File name of the scene without folder and extension.
+    QString getSceneDisplayName() const;
     /// Splits `imageFileName` as the large-path form does, at this form's capacities.
     void splitImageFileInto_DirFileExt(const bool& printfPadding);
     void splitImageFileInto_DirFileExt_Channel(const bool& printfPadding);
@@ -218,6 +243,11 @@ struct _JobBasics_largePath : _JobBasics_noSettings_largePath {
     /// Head words, then `vxClearBasics`: a record of any content becomes a new one.
     void initialize();
 
+    /// Fills a compact job. Texts are cut at its capacities; a channel that its pool has no room for is left out.
+    void toJobsBasic(_JobBasics& target) const;
+    /// Puts job variables in the place of their names in square brackets, in output folder, output file and the
+    /// channels' files.
+    void replaceSquareBracketVariables();
     /// Splits the output path in `imageFileName` into `imageDir`, `imageFileName`, `imageExtension`, `imagePadding`
     /// and `imageSingleOutputFile`; the channels before that. See splitImageFile.h.
     /// @param printfPadding  also recognise a frame number written as "%", digits, "d"

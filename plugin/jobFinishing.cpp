@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "plugin/jobCopies.h"
 #include "plugin/jobRules.h"
 #include "plugin/submitterArguments.h"
 #include "readers/scanState.h"
@@ -83,6 +84,15 @@ void completeJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts, const
     }
 }
 
+qint32 copyForTakes(const _sceneFacts& facts, _jobCopier& copier) {
+    const bool severalTakes = facts.takeNames.size() >= 2 || facts.activeTakeUsed;
+    return severalTakes ? copier.copyForTakes(facts.takeNames) : qint32{resultSuccess};
+}
+
+bool isNothingToRender(const vxJ::_JobBasicsArray& jobs) {
+    return emptyNodesfound && jobs.count == 0;
+}
+
 }  // namespace
 
 qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts) {
@@ -94,7 +104,10 @@ qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts) {
     takeArnoldVersionOfScene(versions);
     takeVersionsOfSubmitter(*load.settings, versions);
     completeJobs(load, facts, versions);
-    return emptyNodesfound && jobs.count == 0 ? resultNoUsableOutput : resultSuccess;
+    _jobCopier copier(jobs);
+    if (const qint32 copied = copyForTakes(facts, copier); copied != resultSuccess) return copied;
+    if (isNothingToRender(jobs)) return resultNoUsableOutput;
+    return copier.copyForWedges();
 }
 
 }  // namespace vxP

@@ -6,8 +6,9 @@
 
 namespace vxP {
 
-/// Completes the jobs of a scene that was read to its end.
-/// @return resultSuccess, or resultNoUsableOutput when there is no job although drivers were met
+/// Completes the jobs of a scene that was read to its end and copies them for takes and wedges.
+/// @return resultSuccess, resultNoUsableOutput when there is no job although drivers were met, or resultNoMoreJobs
+///         when the array has no room for a copy; the jobs made before stay
 qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts);
 
 }  // namespace vxP

@@ -4,6 +4,8 @@
 
 #include "catalogues/camList.h"
 #include "catalogues/lopList.h"
+#include "catalogues/usdRsList.h"
+#include "catalogues/wedges.h"
 #include "plugin/sceneDevice.h"
 #include "plugin/sceneLine.h"
 #include "plugin/submitterArguments.h"
@@ -94,10 +96,9 @@ qint32 readSectionOf(_lineKind kind, _dataPARS_LoadSceneFile& load, QTextStream&
         case _lineKind::outNode:
             return loadOutNode(&load, stream, line, facts.activeTakeUsed, facts.majorVersion, facts.minorText);
         case _lineKind::wedge:
+            return loadWedgeNode(&load, stream, line);
         case _lineKind::usdRenderSettings:
-            // No job depends on these yet; their lines must not be taken for the scene's own.
-            return readSection(
-                stream, line, [](const QString&) { return _step::next; }, [] { return resultSuccess; });
+            return load_USD_RS_Node(&load, stream, line);
         default:
             return resultSuccess;
     }

@@ -4,6 +4,8 @@
 
 #include "catalogues/camList.h"
 #include "catalogues/lopList.h"
+#include "catalogues/usdRsList.h"
+#include "catalogues/wedges.h"
 #include "plugin/jobFinishing.h"
 #include "plugin/sceneScan.h"
 #include "readers/scanState.h"
@@ -12,6 +14,15 @@ namespace vxTest {
 
 QByteArray param(const QByteArray& name, const QByteArray& value) {
     return name + "\t[ 0\tlocks=0 ]\t(\t" + value + "\t)\n";
+}
+
+QByteArray params(const QByteArray& text) {
+    QByteArray lines;
+    for (const QByteArray& item : text.split('|')) {
+        const auto equals = item.indexOf('=');
+        if (equals >= 0) lines += param(item.left(equals), item.mid(equals + 1));
+    }
+    return lines;
 }
 
 QByteArray openSection(const QByteArray& path, _params params) {
@@ -70,6 +81,8 @@ void freshScanState() {
     trange = emptyNodesfound = mantraIFDJob = overrideCameraRes = HIPFound_DisableLocalScene = false;
     camList = _camList();
     LOPList = _LOPList();
+    USD_RSList = _USD_RSList();
+    wedges.clear();
 }
 
 }  // namespace vxTest

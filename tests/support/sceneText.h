@@ -16,6 +16,9 @@ namespace vxTest {
 /// One parameter line: name, TAB, flags, TAB, value in parentheses. Fields of a value are parted by TABs.
 QByteArray param(const QByteArray& name, const QByteArray& value);
 
+/// Parameter lines in short: `name=value`, parted by `|`.
+QByteArray params(const QByteArray& text);
+
 using _params = std::initializer_list<std::pair<const char*, const char*>>;
 
 /// A node's parameter section as an archive entry holds it: a header line that ends in NUL and "{", the parameters,

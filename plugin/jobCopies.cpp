@@ -1,0 +1,103 @@
+#include "plugin/jobCopies.h"
+
+#include "catalogues/wedges.h"
+#include "plugin/wedgeNames.h"
+#include "readers/scanState.h"
+
+namespace vxP {
+
+namespace {
+
+using vxJ::_JobBasics_largePath;
+
+/// The nearest job before `index` whose own number it waits for: the numbers have 8 bits and repeat in a long array.
+qint32 partnerOf(const vxJ::_JobBasicsArray& jobs, qint32 index) {
+    const _JobBasics_largePath* const job = jobs.at(index);
+    if (job == nullptr || job->waitForPreIDCount != 1) return -1;
+    for (qint32 before = index - 1; before >= 0; --before)
+        if (jobs.at(before)->preID == job->waitForPreIDs[0]) return before;
+    return -1;
+}
+
+qint64 wedgeVariant(qint32 wedge, qint32 index) {
+    return (qint64{wedge} << 32) + index;
+}
+
+}  // namespace
+
+_jobCopier::_jobCopier(vxJ::_JobBasicsArray& array) : jobs(array) {
+    for (qint32 i = 0; i < jobs.count; ++i) partners.push_back(partnerOf(jobs, i));
+}
+
+qint32 _jobCopier::partnerOfCopy(qint32 pattern, qint64 variant) const {
+    const qint32 partner = partners[static_cast<std::size_t>(pattern)];
+    return partner < 0 ? -1 : copies.value({partner, variant}, -1);
+}
+
+/// @return null when the array has no room
+_JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
+    _JobBasics_largePath* job = nullptr;
+    if (!jobs.getNewJob(job)) return nullptr;
+    const _JobBasics_largePath& source = *jobs.at(pattern);
+    static_cast<vxJ::_JobBasics_noSettings_largePath&>(*job) = source;
+    job->sceneSettings = source.sceneSettings;
+    job->preID = static_cast<quint8>(jobs.count);
+    const qint32 partner = partnerOfCopy(pattern, variant);
+    if (partner >= 0) job->waitForPreIDs[0] = jobs.at(partner)->preID;
+    partners.push_back(partner);
+    copies.insert({pattern, variant}, jobs.count - 1);
+    return job;
+}
+
+qint32 _jobCopier::copyForTakes(const QStringList& takeNames) {
+    copies.clear();
+    QStringList takes = takeNames;
+    takes.removeDuplicates();
+    const qint32 patterns = jobs.count;
+    for (qint32 pattern = 0; pattern < patterns; ++pattern) {
+        const _JobBasics_largePath* const source = jobs.at(pattern);
+        if (source == nullptr) return resultNoMoreJobs;
+        if (!nodeActiveTakes.value(source->layer).isEmpty()) continue;
+        for (_size take = 0; take < takes.size(); ++take) {
+            _JobBasics_largePath* const job = copy(pattern, take);
+            if (job == nullptr) return resultNoMoreJobs;
+            job->channel = takes.at(take);
+        }
+    }
+    return resultSuccess;
+}
+
+qint32 _jobCopier::copyForWedge(qint32 pattern, qint32 wedge) {
+    _wedgeNode& node = wedges[wedge];
+    const qint32 variants = node.totalWedges();
+    for (qint32 index = 0; index < variants; ++index) {
+        _JobBasics_largePath* const job = copy(pattern, wedgeVariant(wedge, index));
+        if (job == nullptr) return resultNoMoreJobs;
+        nameWedgeVariant(*job, QString::number(index), node.getWedgeFileName(index));
+    }
+    return resultSuccess;
+}
+
+qint32 _jobCopier::copyForWedgesOf(qint32 pattern) {
+    if (jobs.at(pattern) == nullptr) return resultNoMoreJobs;
+    const QString driver = jobs.at(pattern)->layer.toQString();
+    for (qint32 wedge = 0; wedge < static_cast<qint32>(wedges.size()); ++wedge) {
+        if (wedges.at(wedge).driver != driver) continue;
+        const qint32 copied = copyForWedge(pattern, wedge);
+        if (copied != resultSuccess) return copied;
+    }
+    return resultSuccess;
+}
+
+qint32 _jobCopier::copyForWedges() {
+    copies.clear();
+    const qint32 patterns = jobs.count;
+    qint32 result = resultSuccess;
+    for (qint32 pattern = 0; pattern < patterns && result == resultSuccess; ++pattern)
+        result = copyForWedgesOf(pattern);
+    for (qint32 i = 0; i < jobs.count; ++i)
+        if (_JobBasics_largePath* const job = jobs.at(i)) removeWedgePlaceholders(*job);
+    return result;
+}
+
+}  // namespace vxP

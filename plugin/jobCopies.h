@@ -1,0 +1,43 @@
+// Copies of finished jobs: one for each take, and one for each variant of a wedge.
+#pragma once
+
+#include <QHash>
+#include <QStringList>
+#include <vector>
+
+#include "jobs/VX_DataTypes_plugin.h"
+
+namespace vxP {
+
+/// Appends copies to a job array. Its patterns are the jobs that stand in the array when a round of copies begins, in
+/// order; they stay. A copy takes the next number of the array; where its pattern waits for another job, it waits for
+/// the copy of that job made for the same take or variant.
+class _jobCopier {
+ public:
+    explicit _jobCopier(vxJ::_JobBasicsArray& array);
+
+    /// One copy of each job for every take, once each, with the take as `channel`. A driver with a take of its own
+    /// gets none.
+    /// @return resultSuccess, or resultNoMoreJobs; the copies made before stay
+    qint32 copyForTakes(const QStringList& takeNames);
+
+    /// One copy of each job for every variant of every wedge that repeats its driver, with the variant's number and
+    /// name in place of the wedge placeholders. Then no job holds a placeholder any more.
+    /// @return resultSuccess, or resultNoMoreJobs; the copies made before stay
+    qint32 copyForWedges();
+
+ private:
+    /// A pattern and the take or variant that it was copied for.
+    using _copyKey = QPair<qint32, qint64>;
+
+    vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
+    qint32 copyForWedge(qint32 pattern, qint32 wedge);
+    qint32 copyForWedgesOf(qint32 pattern);
+    qint32 partnerOfCopy(qint32 pattern, qint64 variant) const;
+
+    vxJ::_JobBasicsArray& jobs;
+    std::vector<qint32> partners;    ///< index of the job that a job waits for, -1: none
+    QHash<_copyKey, qint32> copies;  ///< of this round
+};
+
+}  // namespace vxP

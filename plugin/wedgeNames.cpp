@@ -1,0 +1,62 @@
+#include "plugin/wedgeNames.h"
+
+#include <array>
+
+#include "readers/scanState.h"
+
+namespace vxP {
+
+namespace {
+
+/// What a placeholder stands for.
+struct _variant {
+    QString number;
+    QString name;
+};
+
+struct _wedgePlaceholder {
+    QStringView text;
+    QString _variant::*part;
+};
+
+constexpr std::array wedgePlaceholders{
+    // a longer one goes before the one that begins it
+    _wedgePlaceholder{u"${WEDGENUM}", &_variant::number},
+    _wedgePlaceholder{u"$WEDGENUM", &_variant::number},
+    _wedgePlaceholder{u"${WEDGE}", &_variant::name},
+    _wedgePlaceholder{u"$WEDGE", &_variant::name},
+};
+
+bool replacePlaceholders(_vxString<1000>& text, const _variant& variant) {
+    bool found = false;
+    for (const auto& placeholder : wedgePlaceholders) {
+        if (!text.contains(placeholder.text)) continue;
+        text.replaceCaseSen(placeholder.text, variant.*placeholder.part);
+        found = true;
+    }
+    return found;
+}
+
+/// Calls `change` for every name of the job that may hold a placeholder.
+template <typename Change>
+void forEachName(vxJ::_JobBasics_largePath& job, Change change) {
+    change(job.imageDir);
+    change(job.imageFileName);
+    for (vxJ::_channelSlot& slot : job.channels) change(slot.fileName);
+    if (job.app.toQString() != appNameHoudini) change(job.sceneName);  // else the scene file itself
+}
+
+}  // namespace
+
+void nameWedgeVariant(vxJ::_JobBasics_largePath& job, const QString& number, const QString& name) {
+    const _variant variant{number, name};
+    forEachName(job, [&](_vxString<1000>& text) { replacePlaceholders(text, variant); });
+}
+
+void removeWedgePlaceholders(vxJ::_JobBasics_largePath& job) {
+    forEachName(job, [](_vxString<1000>& text) {
+        while (replacePlaceholders(text, {})) continue;
+    });
+}
+
+}  // namespace vxP

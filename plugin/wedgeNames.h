@@ -1,0 +1,17 @@
+// Placeholders that stand for the variant of a wedge in a job's names.
+#pragma once
+
+#include <QString>
+
+#include "jobs/VX_DataTypes_jobs0_Basics.h"
+
+namespace vxP {
+
+/// Writes a variant's number and name in place of the placeholders: into output folder, output file, the channels'
+/// files and, for a job that renders an exported scene, the scene's name.
+void nameWedgeVariant(vxJ::_JobBasics_largePath& job, const QString& number, const QString& name);
+
+/// Removes the placeholders from the same names until none is left, also none that the removal of another formed.
+void removeWedgePlaceholders(vxJ::_JobBasics_largePath& job);
+
+}  // namespace vxP

@@ -1,0 +1,177 @@
+#include "readers/outNodeNames.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/sceneText.h"
+#include "tests/testText.h"
+
+namespace vxP {
+
+namespace {
+
+using vxTest::plainOf;
+
+QByteArray driver(const QByteArray& lines) {
+    return "out/a.parm {\n" + vxTest::params(lines) + "}\n";
+}
+
+/// The scene's jobs, each as application, ":", renderer, and "*" when one file holds all frames.
+std::string jobsOf(const QByteArray& scene) {
+    vxTest::freshScanState();
+    vxTest::_loader loader;
+    EXPECT_EQ(loader.scan(scene), resultSuccess);
+    std::string text;
+    for (int i = 0; i < loader.count(); ++i)
+        text += (i > 0 ? " " : "") + plainOf(loader.job(i).app) + ":" + plainOf(loader.job(i).appRenderer) +
+                (loader.job(i).imageSingleOutputFile ? "*" : "");
+    return text;
+}
+
+struct _driverCase {
+    const char* what;
+    const char* lines;
+    const char* jobs;
+    const char* version = "19.5.640";
+};
+
+constexpr _driverCase driverCases[] = {
+    // drivers that render by themselves
+    {"mantra", "VM_PICTURE=/i.$F", "Houdini:"},
+    {"composite", "copoutput=/i.$F", "Houdini:"},
+    {"arnold", "ar_picture=/i.$F", "Houdini:arnold"},
+    {"redshift", "RS_outputFileNamePrefix=/i.$F", "Houdini:redshift"},
+    {"opengl", "picture=/i.$F", "Houdini:opengl"},
+    {"geometry", "sopoutput=/i", "Houdini:geometry"},
+    {"file_cache", "file=/i", "Houdini:geometry"},
+    {"alembic", "filename=/i.$F", "Houdini:alembic"},
+    {"alembic_in_one_file", "filename=/i", "Houdini:alembic-singleFile*"},
+    {"alembic_with_refused_name", "vm_picture=/i|filename=testfile.exr", "Houdini:alembic"},
+    {"vray", "SettingsOutput_img_file_path=/i.$F|render_export_mode=0", "Houdini:vray"},
+    {"prman", "ri_display_0=/i.$F", "Houdini:prman"},
+    {"prman_of_old", "ri_display=/i.$F", "Houdini:prman"},
+    {"usd_without_node", "outputimage=/i|ar_picture=/i", "Houdini:"},
+    {"usd_of_unknown_renderer", "outputimage=/i|renderer=\"Storm\"", "Houdini:usd"},
+    {"usd_of_known_renderer", "ar_picture=/i|outputimage=/i|renderer=\"BRAY_HdKarma\"", "Houdini:usd_karma"},
+    // export pairs
+    {"mantra_export", "vm_picture=/i|soho_outputmode=\"on\"|soho_diskfile=/x",
+     "Houdini:createIFD Mantra_StdA:createIFD"},
+    {"arnold_export", "ar_picture=/i|ar_ass_export_enable=on|ar_ass_file2=/x", "Houdini:createASS Arnold:createASS"},
+    {"arnold_by_export_file", "vm_picture=/i|soho_outputmode=on|ar_ass_file=/x", "Houdini:createASS Arnold:createASS"},
+    {"redshift_export", "RS_outputFileNamePrefix=/i|RS_archive_enable=on|RS_archive_file=/x",
+     "Houdini:createRS Redshift:createRS"},
+    {"redshift_by_export_file", "vm_picture=/i|soho_outputmode=on|RS_archive_file=/x",
+     "Houdini:createRS Redshift:createRS"},
+    {"prman_export", "ri_display_0=/i|rib_outputmode=on|soho_diskfile=/x", "Houdini:createRIB RenderMan:createRIB"},
+    {"vray_export", "SettingsOutput_img_file_path=/i|render_export_mode=1|render_export_filepath=/x.$F",
+     "Houdini:createVrScene VRay_StdA:createVrScene"},
+    {"vray_export_in_one_file", "vm_picture=/i|render_export_mode=\"2\"|render_export_filepath=/x",
+     "Houdini:createVrScene* VRay_StdA:createVrScene"},
+    {"first_export_file_wins", "vm_picture=/i|soho_outputmode=on|soho_diskfile=/x|ar_ass_file=/x",
+     "Houdini:createIFD Mantra_StdA:createIFD"},
+    {"usd_export", "outputimage=/i|lopoutput=/x.$F", "Houdini:createUSD USD_StdA:"},
+    {"usd_export_in_one_file", "vm_picture=/i|lopoutput=/x", "Houdini:createUSD* USD_StdA_single:"},
+    {"usd_export_with_refused_name", "outputimage=/i|lopoutput=/x|lopoutput=chs($F",
+     "Houdini:createUSD* USD_StdA_single:"},
+    {"usd_export_of_known_renderer", "ar_picture=/i|lopoutput=/x.$F|renderer=vray",
+     "Houdini:createUSD_vray USD_StdA:vray"},
+    {"usd_export_for_arnold", "outputimage=/i|lopoutput=/x|renderer=HdArnold",
+     "Houdini:createUSD_arnold* Arnold:arnold"},
+    {"usd_export_for_redshift", "outputimage=/i|lopoutput=/x.RS|renderer=HdRedshift",
+     "Houdini:createUSD_redshift* USD_StdA_single:redshift"},
+    {"redshift_archive", "outputimage=/i|lopoutput=/x.rs|renderer=HdRedshift",
+     "Houdini:createRS* USD_StdA_single:redshift"},
+    {"redshift_archive_of_arnold", "ar_picture=/i|lopoutput=/x.$F.rs|renderer=redshift",
+     "Houdini:createASS USD_StdA:redshift"},
+    // a kind counts from its line on; the last switch has the last word
+    {"switch_before_kind", "soho_outputmode=on|ar_picture=/i|soho_diskfile=/x", "Houdini:createASS Arnold:createASS"},
+    {"switch_off_again", "vm_picture=/i|soho_diskfile=/x|soho_outputmode=on|soho_outputmode2=\"off\"", "Houdini:"},
+    {"switch_in_capitals", "vm_picture=/i|soho_diskfile=/x|soho_outputmode=\"ON\"", "Houdini:"},
+    {"mode_off_again", "vm_picture=/i|soho_diskfile=/x|soho_outputmode=on|render_export_mode=0", "Houdini:"},
+    // only Houdini 18.0 has a switch for one file
+    {"file_per_frame", "vm_picture=/i|lopoutput=/x|fileperframe=\"on\"", "Houdini:createUSD USD_StdA:", "18.0.532"},
+    {"one_file", "vm_picture=/i|render_export_mode=1|fileperframe=off|render_export_filepath=/x.$F",
+     "Houdini:createVrScene* VRay_StdA:createVrScene", "18.0.532"},
+    {"one_file_of_many", "vm_picture=/i|lopoutput=/x.$F|fileperframe=off", "Houdini:createUSD USD_StdA:", "18.0.532"},
+    {"file_per_frame_in_18_5", "vm_picture=/i|lopoutput=/x|fileperframe=on",
+     "Houdini:createUSD* USD_StdA_single:", "18.5.351"},
+    {"file_per_frame_in_19_0", "vm_picture=/i|lopoutput=/x|fileperframe=on",
+     "Houdini:createUSD* USD_StdA_single:", "19.0.383"},
+};
+
+class DriverKind : public testing::TestWithParam<_driverCase> {};
+
+TEST_P(DriverKind, NamesTheJobs) {
+    const QByteArray version = "set -g _HIP_SAVEVERSION = '" + QByteArray(GetParam().version) + "'\n";
+    EXPECT_EQ(jobsOf(version + driver(GetParam().lines)), GetParam().jobs);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, DriverKind, testing::ValuesIn(driverCases), [](const auto& i) { return i.param.what; });
+
+TEST(DriverKinds, KarmaIsUsdByItsPath) {
+    EXPECT_EQ(jobsOf(vxTest::section("stage/karma1", {{"picture", "/i"}})), "Houdini:usd_karma");
+    EXPECT_EQ(jobsOf(vxTest::section("stage/karma1", {{"picture", "/i"}, {"lopoutput", "/x.$F"}})),
+              "Houdini:createUSD_karma USD_StdA:karma");
+    EXPECT_EQ(jobsOf(vxTest::section("stage/Karma1", {{"picture", "/i"}})), "Houdini:opengl");
+}
+
+struct _kindRow {
+    QByteArray lines;
+    std::string renderer;  ///< names of the driver's jobs as long as no row above counts as well
+};
+
+/// From the last row to the first, each one beside all those below it.
+void expectFirstWins(QByteArray lines, std::initializer_list<_kindRow> rows) {
+    for (auto row = std::rbegin(rows); row != std::rend(rows); ++row) {
+        lines += row->lines;
+        EXPECT_EQ(jobsOf(driver(lines)), "Houdini:" + row->renderer) << lines.data();
+    }
+}
+
+TEST(DriverKinds, FirstOfSeveralNamesTheJobs) {
+    expectFirstWins("vm_picture=/i", {{"|ar_picture=/i", "arnold"},
+                                      {"|picture=/i", "opengl"},
+                                      {"|file=/i", "geometry"},
+                                      {"|RS_archive_file=/x", "redshift"},
+                                      {"|ri_display=/i", "prman"},
+                                      {"|filename=/i.$F", "alembic"},
+                                      {"|SettingsOutput_img_file_path=/i", "vray"}});
+    expectFirstWins("soho_outputmode=on|soho_diskfile=/x",
+                    {{"|ar_picture=/i", "createASS Arnold:createASS"},
+                     {"|RS_outputFileNamePrefix=/i", "createRS Redshift:createRS"},
+                     {"|ri_display=/i", "createRIB RenderMan:createRIB"},
+                     {"|SettingsOutput_img_file_path=/i", "createVrScene VRay_StdA:createVrScene"}});
+}
+
+TEST(ExportSwitch, CountsUnlessTheDriverIsOfAnotherKind) {
+    struct _switchRow {
+        const char* name;
+        QByteArray countsFor;  ///< kinds by letter: mantra, arnold, redshift, vray, prman
+    };
+    const std::pair<char, QByteArray> kinds[] = {{'m', "vm_picture"},
+                                                 {'a', "ar_picture"},
+                                                 {'r', "RS_outputFileNamePrefix"},
+                                                 {'v', "SettingsOutput_img_file_path"},
+                                                 {'p', "ri_display"}};
+    for (const _switchRow& row : {_switchRow{"soho_outputmode", "m"},
+                                  {"ar_ass_export_enable", "ma"},
+                                  {"RS_archive_enable", "mr"},
+                                  {"rib_outputmode", "mp"},
+                                  {"diskfile", "mp"}})
+        for (const auto& [letter, image] : kinds) {
+            const std::string jobs = jobsOf(driver(image + "=/i|soho_diskfile=/x|" + row.name + "=on"));
+            EXPECT_EQ(jobs.find(' ') != std::string::npos, row.countsFor.contains(letter)) << row.name << letter;
+        }
+}
+
+TEST(RedshiftArchive, CannotRenderLocally) {
+    vxTest::freshScanState();
+    vxTest::_loader loader;
+    loader.array().message = QStringView{QString(960, u'x')};
+    for (const char* archive : {"/x.usd", "/x.rs", "/x.rs"})
+        loader.scan(driver(QByteArray("outputimage=/i|renderer=redshift|lopoutput=") + archive));
+    EXPECT_EQ(plainOf(loader.array().message), std::string(960, 'x') + " \"AllowLocalRenderOut=0~0\" \"AllowLocal");
+}
+
+}  // namespace
+
+}  // namespace vxP

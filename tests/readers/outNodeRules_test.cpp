@@ -1,0 +1,153 @@
+#include "readers/outNodeRules.h"
+
+#include <gtest/gtest.h>
+
+#include "catalogues/camList.h"
+#include "tests/support/sceneText.h"
+#include "tests/testText.h"
+
+namespace vxP {
+
+namespace {
+
+using vxTest::plain;
+using vxTest::plainOf;
+
+QByteArray driver(const QByteArray& lines) {
+    return "out/a.parm {\n" + vxTest::params(lines) + "}\n";
+}
+
+/// Scans a scene from a state as fresh as the plug-in's.
+std::unique_ptr<vxTest::_loader> scanned(const QByteArray& scene) {
+    vxTest::freshScanState();
+    auto loader = std::make_unique<vxTest::_loader>();
+    EXPECT_EQ(loader->scan(scene), resultSuccess);
+    return loader;
+}
+
+/// A scene with the range 11-22, and a driver with these lines.
+struct _rangeCase {
+    const char* what;
+    const char* lines;
+    double start, end;
+    int step;
+};
+
+constexpr _rangeCase rangeCases[] = {
+    {"no_switch", "f=5\t10\t2", 11, 22, 1},
+    {"switch_behind", "f=5\t10\t2|trange=\"on\"", 11, 22, 1},
+    {"switch_off", "trange=\"off\"|f=5\t10\t2", 11, 22, 1},
+    {"switch_without_quotes", "trange=on|f=5\t10\t2", 11, 22, 1},
+    {"switch_normal", "TRANGE2=\"normal\"|F=5\t10\t2", 5, 10, 2},
+    {"switch_stays", "trange=\"on\"|trange=\"off\"|f=1001\t1100\t2", 1001, 1100, 2},
+    {"two_fields", "trange=\"on\"|f= 5\t-10 ", 5, -10, 1},
+    {"one_field", "trange=\"on\"|f=5", 11, 22, 1},
+    {"four_fields", "trange=\"on\"|f=5\t10\t2\t3", 5, 10, 0},
+    {"no_numbers", "trange=\"on\"|f=0x5\t1.5\tc", 0, 0, 0},
+    {"wide_step", "trange=\"on\"|f=5\t10\t65538", 5, 10, 2},
+    {"channels", "trange=\"on\"|f=[ f1\t5 ] \t[ f2\t240 ] \t2", 5, 240, 2},
+    {"channel_in_capitals", "trange=\"on\"|f=[ F1\t5 ] \t[ f2\t240 ] \t[ f3\t2 ]", 5, 240, 0},
+    {"channel_of_end_in_capitals", "trange=\"on\"|f=[ f1\t5 ] \t[ F2\t240 ] \t2", 5, 0, 0},
+    {"channel_of_start", "trange=\"on\"|f=[ f1\t5 ] \t100\t2", 5, 100, 0},
+    {"channel_of_start_without_step", "trange=\"on\"|f=[ f1\t5 ] \t100", 5, 100, 100},
+    {"channel_of_end", "trange=\"on\"|f=5\t[ f2\t100 ] \t2", 5, 0, 0},
+};
+
+class FrameRange : public testing::TestWithParam<_rangeCase> {};
+
+TEST_P(FrameRange, IsTheDriversOrTheScenes) {
+    const QByteArray before = driver("vm_picture=/i|trange=\"on\"|f=7\t8\t9");  // leaves nothing behind
+    const auto loader = scanned("frange 11 22\n" + before + driver(GetParam().lines + QByteArray("|vm_picture=/i")));
+    ASSERT_EQ(loader->count(), 2);
+    const auto& settings = loader->job(1).sceneSettings;
+    EXPECT_EQ(settings.seqStart, GetParam().start);
+    EXPECT_EQ(settings.seqEnd, GetParam().end);
+    EXPECT_EQ(settings.seqStep, GetParam().step);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, FrameRange, testing::ValuesIn(rangeCases), [](const auto& i) { return i.param.what; });
+
+TEST(DriverCamera, IsCataloguedOrHoldsBackTheRenderJob) {
+    struct _case {
+        QByteArray lines;
+        std::string camera;
+        int jobs = 2;
+    };
+    for (const _case& c : {_case{"camera=\" /obj/cam1 \"", "/obj/cam1"},
+                           {"RS_RENDERCAMERA=/obj/xform", "/obj/xform"},
+                           {"camera=[ camera\t\"/obj/cam1\" ]", "/obj/cam1"},
+                           {"camera=[ Camera\t/obj/c ]", "[ Camera\t/obj/c ]"},
+                           {"camera=`chs(\"../c\"", ""},
+                           {"camera=`chsop(\\\"../c", ""},
+                           {"camera=\"Proxy_Export_cam\"|camera=chs(", "", 1},
+                           {"camera=proxy_export|camera=/obj/proxy_export", "/obj/proxy_export"}}) {
+        const auto loader = scanned(driver("vm_picture=/i|soho_outputmode=on|soho_diskfile=/x|" + c.lines));
+        EXPECT_EQ(loader->count(), c.jobs) << c.lines.data();
+        const qint32 index = camList.findCamIndexByRenderNode(QStringLiteral("/out/a"));
+        EXPECT_EQ(index < 0 ? std::string() : plainOf(camList.entries().at(index).camName), c.camera);
+    }
+}
+
+TEST(DriverTake, IsKeptByNodePath) {
+    const _vxString<150> node(u"/out/a");
+    for (const auto& [value, take] : {std::pair{"\" wide \"", "wide"},
+                                      {"\"_current_\"", ""},
+                                      {"_current_wi_current_de", "wide"},
+                                      {"_CURRENT_", "_CURRENT_"}}) {
+        scanned(driver(QByteArray("vm_picture=/i|take=") + value));
+        EXPECT_TRUE(nodeActiveTakes.contains(node)) << value;
+        EXPECT_EQ(plain(nodeActiveTakes.value(node)), take);
+    }
+}
+
+TEST(DriverResolution, IsWidthAndHeight) {
+    struct _case {
+        QByteArray lines;
+        int width, height;
+        bool overrides = false;
+    };
+    for (const _case& c : {_case{"", 0, 0},
+                           {"res_override=1920\t1080", 1920, 1080},
+                           {"RS_overrideRes=640|override_camerares=\"on\"", 640, 640, true},
+                           {"res_override=65537\t2\t3|RS_overrideCameraRes=on", 1, 0, true},
+                           {"RS_overrideCameraRes=on|override_camerares=off", 0, 0}}) {
+        const auto loader = scanned(driver("vm_picture=/i|" + c.lines));
+        EXPECT_EQ(loader->job(0).imageWidth, c.width) << c.lines.data();
+        EXPECT_EQ(loader->job(0).imageHeight, c.height) << c.lines.data();
+        EXPECT_EQ(overrideCameraRes, c.overrides) << c.lines.data();
+    }
+}
+
+TEST(DriverImage, IsPutTogetherFromItsLines) {
+    const QByteArray lop = vxTest::section("stage/hdprman1", {{"picture", "/l/b.exr"}});
+    const std::pair<QByteArray, const char*> cases[] = {
+        {driver("RS_outputFileNamePrefix=\"/r/b\"|RS_outputFileFormat=\".exr\""), "/r/b.exr"},
+        {driver("RS_outputFileFormat=\".exr\"|RS_outputFileNamePrefix=\"/r/b\""), "/r/b.exr"},
+        {driver("RS_outputFileNamePrefix=/r/b.exr|RS_outputFileFormat=.EXR"), "/r/b.exr"},
+        {driver("vm_picture=/i/a.exr|picture=/i/b.exr|picture=testfile.exr"), "/i/b.exr"},
+        {driver("vm_picture=/i/a.exr|RS_outputFileNamePrefix=/r"), "/r/i/a.exr"},
+        {lop + driver("vm_picture=/i/a.exr|loppath=\"/stage/hdprman1\""), "/l/b.exr"},
+        {lop + driver("vm_picture=/i/a.exr|loppath=/stage/HDPRMAN1"), "/i/a.exr"},
+        {driver("vm_picture=/i/a.exr|loppath=/stage/hdprman1") + lop, "/i/a.exr"},
+    };
+    for (const auto& [scene, image] : cases) {
+        const auto loader = scanned(scene);
+        ASSERT_EQ(loader->count(), 1);
+        const auto& job = loader->job(0);
+        EXPECT_EQ(plainOf(job.imageDir) + plainOf(job.imageFileName) + plainOf(job.imageExtension), image);
+    }
+}
+
+TEST(AlembicReader, IsNoDriver) {
+    for (const auto& [lines, jobs] : {std::pair{"filename=/i|objectPathX=", 0},
+                                      {"filename=/i|MISSING_TEXTURE_COLOR=", 0},
+                                      {"objectPath=|filename=/i", 1},
+                                      {"vm_picture=/i|objectPath=", 1}}) {
+        EXPECT_EQ(scanned(driver(lines))->count(), jobs) << lines;
+        EXPECT_FALSE(emptyNodesfound);
+    }
+}
+
+}  // namespace
+
+}  // namespace vxP

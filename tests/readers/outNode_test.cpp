@@ -1,0 +1,179 @@
+#include "readers/outNode.h"
+
+#include <gtest/gtest.h>
+
+#include "catalogues/lopList.h"
+#include "readers/scanState.h"
+#include "tests/support/sceneText.h"
+#include "tests/testText.h"
+
+namespace vxP {
+
+namespace {
+
+using vxTest::params;
+using vxTest::plain;
+using vxTest::plainOf;
+
+class OutNode : public testing::Test {
+ protected:
+    void SetUp() override { vxTest::freshScanState(); }
+
+    /// Reads one section with a header of any form. @return what is left of the text
+    QString readBehind(const char* header, const QByteArray& text) {
+        QTextStream stream(text);
+        QString line = vxTest::wide(header);
+        bool activeTakeUsed = false;
+        EXPECT_EQ(loadOutNode(&loader.record(), stream, line, activeTakeUsed, 19, QStringLiteral("5640")),
+                  resultSuccess);
+        return stream.readAll();
+    }
+
+    vxTest::_loader loader;
+};
+
+TEST_F(OutNode, TakesItsPathFromTheHeader) {
+    for (const auto& [header, path] : {std::pair{"0707070000out/mantra1.parm {", "/out/mantra1"},
+                                       {"stage/a/out/b.parm.parm {", "/out/b"},
+                                       {"obj/a/img/b/stage/c.parm {", "/stage/c"},
+                                       {"obj/a/img/b.parm {", "/img/b"},
+                                       {"x obj/geo1.parm {", "/obj/geo1"},
+                                       {"Out/mantra1.parm {", "/Out/mantra1"},
+                                       {"x.parm out/mantra1", "/out/mantra1"}}) {
+        readBehind(header, params("vm_picture=/i") + "}\n");
+        EXPECT_EQ(plainOf(loader.job(loader.count() - 1).layer), path) << header;
+    }
+}
+
+TEST_F(OutNode, FillsItsJob) {
+    loader.scan("set -g SHOT = 's1'\nout/a.parm {\n" + params("vm_picture=$HIP/$HIPNAME/$SHOT/$OS.$RFEND.$F3.exr") +
+                "}\n");
+    ASSERT_EQ(loader.count(), 1);
+    const auto& job = loader.job(0);
+    EXPECT_EQ(plainOf(job.app), "Houdini");
+    EXPECT_EQ(plainOf(job.sceneDatabaseDir), "/proj/shots/");
+    EXPECT_EQ(plainOf(job.imageDir), "<Database>scene/s1/");
+    EXPECT_EQ(plainOf(job.imageFileName), "a.100.");
+    EXPECT_EQ(job.imagePadding, 3);
+    EXPECT_EQ(job.preID, 1);
+    EXPECT_EQ(job.waitForPreIDCount, 0);
+    EXPECT_EQ(plain(job.sceneSettings.customData_Str(vxJ::CUSTOMSubmitterPluginVersion)), " 8.4.00");
+    EXPECT_FALSE(mantraIFDJob);
+}
+
+TEST_F(OutNode, LeavesPassVariablesToTheHost) {
+    loader.scan("out/a.parm {\n" + params("vm_picture=/i/a_${AOV}_b$AOV.c$AOVd$aov.$F.exr") + "}\n");
+    EXPECT_EQ(plainOf(loader.job(0).imageFileName), "a_<ValueVar @$AOV_>b<ValueVar @$AOV.>c$AOVd$aov.");
+    loader.scan("out/a.parm {\n" + params("vm_picture=/i/$AOV/a.$F.exr") + "}\n");
+    EXPECT_EQ(plainOf(loader.job(1).imageFileName), "<ValueVar @$AOV/>a.");
+}
+
+TEST_F(OutNode, GivesPassFilesToTheJobThatRenders) {
+    const QByteArray passes =
+        params("vm_picture=/i/$F4.exr|ar_aov_separate_file3=/s/$OS.$F4.png|ar_aov_separate_file2=/d/$OS.$F4.png");
+    const QByteArray exports = params("soho_diskfile=/x/$F4.ifd|soho_outputmode=on");
+    loader.scan("out/a.parm {\n" + passes + "}\nout/a.parm {\n" + passes + exports + "}\n");
+    ASSERT_EQ(loader.count(), 3);
+    EXPECT_EQ(plainOf(loader.job(1).channels[0].fileName), "");
+    for (const int rendering : {0, 2}) {
+        EXPECT_EQ(plainOf(loader.job(rendering).channels[0].fileName), "/d/a.");
+        EXPECT_EQ(plainOf(loader.job(rendering).channels[1].fileName), "/s/a.");
+        EXPECT_EQ(plainOf(loader.job(rendering).channels[2].fileName), "");
+    }
+}
+
+TEST_F(OutNode, BecomesAnExportJobAndAJobThatWaitsForIt) {
+    loader.scan("out/a.parm {\n" + params("vm_picture=/i/a.exr") + "}\nout/b_sim_.parm {\n" +
+                params("vm_picture=/i/$OS.$F4.exr|res_override=640\t480|trange=\"on\"|f=5\t10\t2|render_export_mode=2|"
+                       "render_export_filepath=/x/$OS.vrscene") +
+                "}\n");
+    ASSERT_EQ(loader.count(), 3);
+    const auto& first = loader.job(1);
+    const auto& second = loader.job(2);
+    EXPECT_EQ(first.preID, 2);
+    EXPECT_EQ(first.waitForPreIDCount, 0);
+    EXPECT_EQ(plainOf(first.imageDir) + plainOf(first.imageFileName), "/x/b_sim_.vrscene");
+    EXPECT_TRUE(first.imageSingleOutputFile);
+    EXPECT_EQ(second.preID, 3);
+    EXPECT_EQ(second.waitForPreIDCount, 1);
+    EXPECT_EQ(second.waitForPreIDs[0], 2);
+    EXPECT_EQ(plainOf(second.layer), "/out/b_sim_");
+    EXPECT_EQ(plainOf(second.imageDir) + plainOf(second.imageFileName), "/i/b_sim_.");
+    EXPECT_EQ(plainOf(second.imageExtension), ".exr");
+    EXPECT_FALSE(second.imageSingleOutputFile);
+    EXPECT_EQ(second.imageHeight, 480);
+    EXPECT_EQ(second.sceneSettings.seqEnd, 10);
+    EXPECT_TRUE(mantraIFDJob);
+    // A simulation is not distributed; rendering it is.
+    EXPECT_EQ(plain(first.sceneSettings.customData_Str(vxJ::CUSTOMSubmitterParameter)),
+              " \"RenderPreviewFirst=0~0\" \"DistributeStartToEnd=0~1\" \"MaxClientsAtATime=0~1\" \"SeqDivMIN=0~0\"");
+    EXPECT_FALSE(second.sceneSettings.customData_Contains(vxJ::CUSTOMSubmitterParameter));
+    EXPECT_TRUE(second.sceneSettings.customData_Contains(vxJ::CUSTOMSubmitterPluginVersion));
+    EXPECT_FALSE(loader.job(0).sceneSettings.customData_Contains(vxJ::CUSTOMSubmitterParameter));
+}
+
+TEST_F(OutNode, NeedsAUsableOutput) {
+    struct _case {
+        const char* lines;
+        int jobs;
+        bool empty;
+        const char* end = "}\n";
+    };
+    for (const _case& c : {_case{"vm_picture=/i", 1, false},
+                           {"soho_diskfile=/x", 0, true},
+                           {"vm_picture=\"ip\"", 0, true},
+                           {"vm_picture=IP", 1, false},
+                           {"vm_picture=/i|soho_outputmode=on", 0, true},
+                           {"vm_picture=/i|soho_outputmode=on|soho_diskfile=ip", 0, true},
+                           {"soho_outputmode=on|soho_diskfile=/x", 0, true},
+                           {"vm_picture=/i|soho_diskfile=ip", 1, false},
+                           {"vm_picture=/i", 0, false, ""},
+                           {"", 0, false, ""}}) {
+        vxTest::freshScanState();
+        vxTest::_loader fresh;
+        EXPECT_EQ(fresh.scan("out/a.parm {\n" + params(c.lines) + c.end), resultSuccess);
+        EXPECT_EQ(fresh.count(), c.jobs) << c.lines;
+        EXPECT_EQ(emptyNodesfound, c.empty) << c.lines;
+        EXPECT_EQ(nodeActiveTakes.size(), c.jobs) << c.lines;
+    }
+}
+
+TEST_F(OutNode, IsNotReadBehindMoreThan250Jobs) {
+    const QByteArray text = params("vm_picture=/i") + "}\n";
+    loader.array().count = 251;
+    EXPECT_EQ(readBehind("out/a.parm {", text), QString::fromUtf8(text));
+    EXPECT_EQ(loader.count(), 251);
+    loader.array().count = 250;
+    EXPECT_EQ(plain(readBehind("out/a.parm {", text)), "");
+    EXPECT_EQ(loader.count(), 251);
+    EXPECT_EQ(loader.job(250).preID, 251);
+}
+
+TEST_F(OutNode, EndsTheScanWhenTheArrayHasNoRoom) {
+    loader.array().count = -1;  // the host's number may be any; no record has this place
+    const QByteArray driver = "out/a.parm {\n" + params("vm_picture=/i") + "}\n";
+    EXPECT_EQ(loader.scan(driver + driver), resultNoMoreJobs);
+    EXPECT_EQ(loader.count(), 0) << "the second driver was read";
+    EXPECT_TRUE(nodeActiveTakes.isEmpty());
+}
+
+TEST_F(OutNode, CutsItsPathAt150Characters) {
+    const QByteArray cut = "out/" + QByteArray(145, 'n');
+    loader.scan(cut + "_sim_.parm {\n" + params("vm_picture=/i|take=wide") + "}\n");
+    EXPECT_EQ(plainOf(loader.job(0).layer), "/" + cut.toStdString());
+    EXPECT_EQ(plain(nodeActiveTakes.value(_vxString<150>(loader.job(0).layer.view()))), "wide");
+    EXPECT_FALSE(loader.job(0).sceneSettings.customData_Contains(vxJ::CUSTOMSubmitterParameter));
+}
+
+TEST_F(OutNode, IsItsOwnStageNodeWhenItIsKarma) {
+    loader.scan("stage/karma1.parm {\n" + params("picture=/i/$ACTIVETAKE.$F.exr") + "}\n");
+    ASSERT_EQ(LOPList.entries().size(), 1);
+    EXPECT_EQ(plain(LOPList[0].lopName), "/stage/karma1");
+    EXPECT_EQ(plain(LOPList[0].imageName), "/i/<Channel>.%d.exr");
+    EXPECT_TRUE(LOPList[0].imageUsesTake);
+    EXPECT_EQ(LOPList[0].renderNodes, QStringList{QStringLiteral("/stage/karma1")});
+}
+
+}  // namespace
+
+}  // namespace vxP
