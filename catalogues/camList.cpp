@@ -58,7 +58,7 @@ void _camList::addCamFromOutNode(_vxString8_allSize<150> name, const QString& re
 
 qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _camNode node;
-    node.camName = QStringView{nodePathOf(line, cameraRoots)};
+    node.camName = QStringView{nodePathOf(line, cameraRoots, _unendedPath::isEmpty)};
     node.isStereo = node.camName.contains(stereoMark);
     return readSection(
         stream, line,

@@ -78,7 +78,7 @@ qint32 _LOPList::addLOPFromOutNode(QString name, const QString& renderNode) {
 
 qint32 loadLOPNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _LOPNode node;
-    node.lopName = nodePathOf(line, lopRoots);
+    node.lopName = nodePathOf(line, lopRoots, _unendedPath::isEmpty);
     bool noFrameVariable = false;
     return readSection(
         stream, line,

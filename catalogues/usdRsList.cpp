@@ -125,7 +125,7 @@ qint32 _USD_RSList::add(_USD_RendersettingNode& node) {
 
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line) {
     _USD_RendersettingNode node;
-    node.lopName = nodePathOf(line, settingsRoots);
+    node.lopName = nodePathOf(line, settingsRoots, _unendedPath::isEmpty);
     return readSection(
         stream, line,
         [&](const QString& parameter) {

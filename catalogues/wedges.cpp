@@ -128,7 +128,7 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
 
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _wedgeNode node;
-    node.nodePath = nodePathOf(line, wedgeRoots);
+    node.nodePath = nodePathOf(line, wedgeRoots, _unendedPath::isEmpty);
     return readSection(
         stream, line, [&](const QString& parameter) { return applyWedgeRules(node, parameter); },
         [&] {

@@ -29,8 +29,8 @@ constexpr std::array unusableMarks{QLatin1String{"chs("}, QLatin1String{"testfil
 
 QString fileNameOf(const QString& line) {
     const QString value = outerParenthesised(line);
-    const bool quoted = value.size() >= 2 && value.startsWith(QLatin1Char('"')) && value.endsWith(QLatin1Char('"'));
-    return quoted ? value.mid(1, value.size() - 2).trimmed() : value;
+    const bool quoted = value.startsWith(QLatin1Char('"')) && value.endsWith(QLatin1Char('"'));
+    return quoted ? withoutOuterQuotes(value).trimmed() : value;
 }
 
 void writeFractionsAsPlain(QString& name) {

@@ -30,7 +30,7 @@ qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& 
                    .activeTakeUsed = activeTakeUsed,
                    .majorVersion = majorVersion,
                    .versionText = versionText,
-                   .nodePath = nodePathOf(line, driverRoots)};
+                   .nodePath = nodePathOf(line, driverRoots, _unendedPath::isWhole)};
     return readSection(
         stream, line, [&](const QString& parameter) { return applyOutNodeRules(driver, parameter); },
         [&] { return addJobsOf(driver); });

@@ -81,8 +81,8 @@ void addChannels(const _driver& driver, _JobBasics_largePath& job) {
         if (!slot.fileName.isEmpty()) job.channels[channel++].fileName = translated(slot.fileName, driver, job);
 }
 
-void splitImageName(const _driver& driver, _JobBasics_largePath& job) {
-    job.imageFileName = translated(job.imageFileName.toQString(), driver, job);
+void splitImageName(const QString& name, const _driver& driver, _JobBasics_largePath& job) {
+    job.imageFileName = translated(name, driver, job);
     job.splitImageFileInto_DirFileExt(true);
 }
 
@@ -99,7 +99,7 @@ void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_la
         nameRenderJob(driver, job);
         addChannels(driver, job);
     }
-    splitImageName(driver, job);
+    splitImageName(job.imageFileName.toQString(), driver, job);  // as far as the record holds it
     job.preID = numberOfLastJob(jobs);
 }
 
@@ -117,10 +117,9 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
     job->imageSingleOutputFile = false;
     job->imageDir.clear();
     job->imageExtension.clear();
-    job->imageFileName = driver.imageName;
     nameJobOfExport(driver, exportJob.imageSingleOutputFile, *job);
     addChannels(driver, *job);
-    splitImageName(driver, *job);
+    splitImageName(driver.imageName, driver, *job);
     return resultSuccess;
 }
 

@@ -35,7 +35,7 @@ QString parameterName(const QString& line) {
     return textBefore(line, u'\t');
 }
 
-QString nodePathOf(const QString& header, std::span<const QLatin1String> roots) {
+QString nodePathOf(const QString& header, std::span<const QLatin1String> roots, _unendedPath unended) {
     QString path = header;
     for (const QLatin1String root : roots) {
         const _size start = header.indexOf(root);
@@ -44,7 +44,8 @@ QString nodePathOf(const QString& header, std::span<const QLatin1String> roots) 
         break;
     }
     const _size end = path.indexOf(sectionSuffix);
-    return QLatin1Char('/') + (end < 0 ? QString() : path.left(end));
+    if (end < 0 && unended == _unendedPath::isEmpty) path.clear();
+    return QLatin1Char('/') + cutAt(path, end);
 }
 
 QString parenthesised(const QString& line) {

@@ -59,9 +59,11 @@ bool isNamed(const QString& line, QLatin1String name);
 /// The parameter's own name: the text before the first TAB.
 QString parameterName(const QString& line);
 
-/// Node path of a section: "/" and the header from the first of `roots` that occurs in it up to ".parm"; just "/"
-/// when ".parm" is missing.
-QString nodePathOf(const QString& header, std::span<const QLatin1String> roots);
+/// What becomes of a header in which no ".parm" follows its root.
+enum class _unendedPath { isEmpty, isWhole };
+
+/// Node path of a section: "/" and the header from the first of `roots` that occurs in it up to ".parm".
+QString nodePathOf(const QString& header, std::span<const QLatin1String> roots, _unendedPath unended);
 
 /// Text between the first "(" and the first ")" behind it, trimmed. Without "(" from the line's begin, without ")" to
 /// its end.
