@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes turntable.hip: a product on a turntable, with one output driver for each renderer.
+"""Writes turntable.hip: a product on a turntable with an output driver for each renderer, two takes and a wedge.
 
 makeTurntable.py          writes turntable.hip beside this file
 makeTurntable.py --check  only compares; exit status 1 when the file differs
@@ -85,14 +85,14 @@ def network(path, nodes):
     )
 
 
-def camera(name, translation, focal, width, height):
+def camera(name, translation, focal, width, height, rotation=(-8, 0, 0)):
     return node(
         f"obj/{name}",
         "cam",
         ("xOrd", '"srt"'),
         ("rOrd", '"xyz"'),
         ("t", *translation),
-        ("r", -8, 0, 0),
+        ("r", *rotation),
         ("res", width, height),
         ("aspect", 1),
         ("projection", '"perspective"'),
@@ -106,8 +106,25 @@ def camera(name, translation, focal, width, height):
     )
 
 
-def driver(path, kind, *lines, frames=(FIRST, LAST)):
-    """An output driver that renders its own frame range; the numbers are plain or each on a channel."""
+def record(text):
+    return struct.pack(">I", len(text)) + text
+
+
+def takes():
+    """Main and its child, each with its own value for the one parameter that a take changes."""
+
+    def with_material(path):
+        return record(b"d 0 1\n" + record(parameters(("shop_materialpath", path)).encode()))
+
+    end = record(b"e\n")
+    parameter = record(b"s 0 /obj/kettle\n") + record(b"s 1 shop_materialpath\n")
+    main = b"take name Main kids 1\n" + parameter + with_material("/mat/steel") + end
+    return b"HoudiniTakeFile 1.0\n" + main + b"take name closeup kids 0\n" + with_material("/mat/steel_fine") + end
+
+
+def driver(path, kind, *lines, frames=(FIRST, LAST), step=1, take="Main"):
+    """An output driver with its own frame range; the numbers are plain or each on a channel. It renders its own take,
+    or with CURRENT_TAKE the one that the artist looks at: for a farm that means every take of the scene."""
     fixed = isinstance(frames[0], int)
     return node(
         path,
@@ -115,8 +132,8 @@ def driver(path, kind, *lines, frames=(FIRST, LAST)):
         ("execute", 0),
         ("renderdialog", 0),
         ("trange", '"normal"'),
-        ("f", *frames, 1),
-        ("take", "_current_"),
+        ("f", *frames, step),
+        ("take", take),
         *lines,
         ("tprerender", '"on"'),
         ("prerender", '""'),
@@ -126,10 +143,23 @@ def driver(path, kind, *lines, frames=(FIRST, LAST)):
 
 
 ON_CHANNELS = (("f1", FIRST), ("f2", LAST))
+CURRENT_TAKE = "_current_"
 
 OBJECTS = [
     camera("cam1", (0, 1.6, 6.5), 50, 1920, 1080),
     camera("cam_detail", (0.4, 1.1, 2.2), 100, 2048, 2048),
+    # Two cameras 65 mm apart in one rig.
+    node(
+        "obj/stereocam1",
+        "stereocamrig",
+        ("t", 0, 1.6, 6.5),
+        ("r", -8, 0, 0),
+        ("res", 1920, 1080),
+        ("interaxial", 0.065),
+        ("ZPS", 6.7),
+    ),
+    camera("stereocam1/left_camera", (-0.0325, 0, 0), 50, 1920, 1080, rotation=(0, 0, 0)),
+    camera("stereocam1/right_camera", (0.0325, 0, 0), 50, 1920, 1080, rotation=(0, 0, 0)),
     node(
         "obj/kettle",
         "geo",
@@ -199,6 +229,7 @@ DRIVERS = [
         ("RS_aovCustomPrefix_2", '""'),
         ("RS_aovFileFormat_2", '".exr"'),
         frames=ON_CHANNELS,
+        take="closeup",
     ),
     driver(
         "out/vray_beauty",
@@ -224,6 +255,42 @@ DRIVERS = [
         ("filename", "$JOB/publish/$SHOT/kettle.abc"),
         ("mkpath", '"on"'),
     ),
+    driver(
+        "out/mantra_stereo",
+        "ifd",
+        ("camera", "/obj/stereocam1"),
+        ("override_camerares", '"on"'),
+        ("res_override", 1920, 1080),
+        ("soho_outputmode", '"off"'),
+        ("vm_picture", "$HIP/render/$OS.$ACTIVETAKE.$F4.exr"),
+        take=CURRENT_TAKE,
+    ),
+    # Looks at every 25th frame under three intensities of the key light.
+    driver(
+        "out/light_test",
+        "opengl",
+        ("camera", "/obj/cam1"),
+        ("tres", '"on"'),
+        ("res", 1280, 720),
+        ("picture", "$HIP/review/$OS$WEDGE.$F4.png"),
+        step=25,
+    ),
+    node(
+        "out/wedge1",
+        "wedge",
+        ("execute", 0),
+        ("prefix", "_wedge"),
+        ("wrange", '"all"'),
+        ("wedgenum", 0),
+        ("driver", "../light_test"),
+        ("wedgemethod", '"channel"'),
+        ("random", '"off"'),
+        ("wedgeparams", 1),
+        ("name1", "key"),
+        ("chan1", "/obj/key_light/light_intensity"),
+        ("range1", 2, 6),
+        ("steps1", 3),
+    ),
     # Renders into a window of the artist's: nothing for a farm.
     driver(
         "out/preview",
@@ -235,6 +302,19 @@ DRIVERS = [
 ]
 
 STAGE = [
+    # What the drivers below find at /Render/rendersettings.
+    node(
+        "stage/rendersettings1",
+        "rendersettings",
+        ("primpath", "/Render/rendersettings"),
+        ("camera", "/cameras/cam1"),
+        ("resolution", 1920, 1080),
+        ("pixelAspectRatio", 1),
+        ("xn__redshiftglobalRS_archive_enable_control", "set"),
+        ("xn__redshiftglobalRS_archive_enable", '"off"'),
+        ("xn__redshiftglobalRS_archive_fileName_control", "set"),
+        ("xn__redshiftglobalRS_archive_fileName", "$HIP/rs/$OS.$F4.rs"),
+    ),
     driver(
         "stage/karma1",
         "karma",
@@ -302,7 +382,7 @@ def scene():
             network("obj", OBJECTS),
             network("out", DRIVERS),
             network("stage", STAGE),
-            entry(".takes", b"HoudiniTakeFile 1.0\ntake name Main kids 0\n\0\0\0\x02e\n"),
+            entry(".takes", takes()),
             entry(".cwd", "opcf /\ntakeset Main\n"),
             entry("TRAILER!!!", ""),
         ]

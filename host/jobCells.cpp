@@ -12,6 +12,7 @@ namespace {
 constexpr QLatin1Char separator{'/'};
 constexpr QLatin1String sceneFolderMark{"<SceneFolder>"};
 constexpr QLatin1String databaseMark{"<Database>"};
+constexpr QLatin1String channelMark{"<Channel>"};
 constexpr QLatin1String parentFolder{"../"};
 
 QString text(const QJsonObject& job, const char* field) {
@@ -81,7 +82,9 @@ QString outputCell(const QJsonObject& job, const _cellScene& scene) {
     const bool oneFile = job[QLatin1String{"imageSingleOutputFile"}].toBool();
     const QString fileName = text(job, "imageFileName");
     const QString digits{fileName.isEmpty() || oneFile ? 0 : number(job, "imagePadding"), QLatin1Char('#')};
-    return writtenOutFolder(job, scene) + fileName + digits + text(job, "imageExtension");
+    QString output = writtenOutFolder(job, scene) + fileName + digits + text(job, "imageExtension");
+    const QString take = text(job, "channel");
+    return take.isEmpty() ? output : output.replace(channelMark, take);
 }
 
 QString sizeCell(const QJsonObject& job) {

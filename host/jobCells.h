@@ -22,8 +22,8 @@ QString driverCell(const QJsonObject& job);
 QString rendererCell(const QJsonObject& job);
 /// The frame set, or "1001-1100 x2", "1001-1100", "7"
 QString framesCell(const QJsonObject& job);
-/// Folder, file name, "#" for each frame digit, and extension as one path; the folder's "<Database>" and
-/// "<SceneFolder>" are written out.
+/// Folder, file name, "#" for each frame digit, and extension as one path. The folder's "<Database>" and
+/// "<SceneFolder>" are written out, and so is "<Channel>" in a job of one take.
 QString outputCell(const QJsonObject& job, const _cellScene& scene);
 /// "1920x1080"; empty where the camera decides
 QString sizeCell(const QJsonObject& job);

@@ -105,7 +105,7 @@ _widths chosenWidths(const std::vector<_cells>& lines, int room) {
 }
 
 QString coloured(const QString& text, QLatin1String colour) {
-    return colour.size() == 0 || text.isEmpty() ? text : colour + text + plainColour;
+    return colour.isEmpty() || text.isEmpty() ? text : colour + text + plainColour;
 }
 
 QString tableLine(const _cells& cells, const _widths& widths, bool colour) {

@@ -1,6 +1,9 @@
 // vxscene: the commands and their options.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <limits>
 #include <map>
 #include <string>
 #include <string_view>
@@ -8,6 +11,7 @@
 
 #include "host/askPlugin.h"
 #include "host/displayText.h"
+#include "host/jobVariableList.h"
 #include "host/resultOutput.h"
 #include "host/sceneLoad.h"
 
@@ -19,7 +23,8 @@ struct _commandLine {
     std::string plugin = pluginBesideProgram().toStdString();
     std::vector<std::string> scenes;
     _format jobsFormat = _format::table;
-    bool infoAsJson = false;
+    bool asJson = false;
+    int jobNumber = allJobs;
     _submitterArguments submitter;  // what stands behind "--", after the program's name
 };
 
@@ -28,6 +33,7 @@ constexpr const char* examples =
     "  vxscene info\n"
     "  vxscene jobs shot010.hip shot020.hip\n"
     "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000\n"
+    "  vxscene vars --job 2 shot010.hip\n"
     "\n"
     "Exit status: 0 all went well, 1 a scene failed, 2 wrong usage, 3 the plug-in cannot be loaded.";
 
@@ -52,14 +58,22 @@ int runInfo(const _commandLine& line) {
         writeError(plugin + QLatin1String{": "} + failure);
         return exitFailed;
     }
-    if (line.infoAsJson) {
+    if (line.asJson) {
         writeLine(stdout, jsonText(info, true));
     } else {
         printInfoLines(info);
     }
     const int answer = info[codeKey].toInt();
     if (answer == vxP::resultSuccess) return exitSuccess;
-    writeError(QStringLiteral("%1: %2 (code %3)").arg(plugin, sentenceOfCode(answer)).arg(answer));
+    writeError(QStringLiteral("%1: %2 (code %3)").arg(plugin, sentenceOfCode(answer), QString::number(answer)));
+    return exitFailed;
+}
+
+/// The line of a scene that failed, and its exit status.
+int sceneFailed(const QJsonObject& result) {
+    writeError(
+        QStringLiteral("%1: %2 (code %3)")
+            .arg(result[sceneKey].toString(), result[errorKey].toString(), QString::number(result[codeKey].toInt())));
     return exitFailed;
 }
 
@@ -75,13 +89,32 @@ int runJobs(const _commandLine& line) {
             break;
         }
         output.print(result);
-        if (code == vxP::resultSuccess) continue;
-        writeError(
-            QStringLiteral("%1: %2 (code %3)").arg(result[sceneKey].toString(), result[errorKey].toString()).arg(code));
-        status = exitFailed;
+        if (code != vxP::resultSuccess) status = sceneFailed(result);
     }
     output.finish();
     return status;
+}
+
+int runVars(const _commandLine& line) {
+    const auto plugin = QString::fromStdString(line.plugin);
+    auto result = loadSceneApart(plugin, line.scenes[0].c_str(), line.submitter,
+                                 [&](const auto& jobs) { return jobVariableLists(jobs, line.jobNumber); });
+    const int code = result[codeKey].toInt();
+    const auto lists = result[jobsKey].toArray();
+    if (code == hostNoPlugin) return noPlugin(result[errorKey].toString());
+    if (code == vxP::resultSuccess && lists.isEmpty() && line.jobNumber != allJobs) {
+        writeError(
+            QStringLiteral("%1: there is no job %2").arg(result[sceneKey].toString(), QString::number(line.jobNumber)));
+        return exitUsage;
+    }
+    if (line.asJson) {
+        result.remove(messageKey);  // it belongs to the submission
+        writeLine(stdout, jsonText(result, true));
+    } else {
+        const auto lines = jobVariableLines(lists);
+        for (const auto& text : lines) writeLine(stdout, text);
+    }
+    return code == vxP::resultSuccess ? exitSuccess : sceneFailed(result);
 }
 
 /// Takes the submitter's arguments off the command line: all behind the first "--". @return arguments left
@@ -98,13 +131,17 @@ void addPluginOption(CLI::App* command, _commandLine& line) {
         ->type_name("FILE");
 }
 
-void addInfo(CLI::App& app, _commandLine& line) {
+void addTextOrJson(CLI::App* command, _commandLine& line) {
     static const std::map<std::string, bool> formats{{"text", false}, {"json", true}};
-    auto* const info = app.add_subcommand("info", "Print the plug-in's info record");
-    addPluginOption(info, line);
-    info->add_option("--format", line.infoAsJson, "text or json")
+    command->add_option("--format", line.asJson, "text or json")
         ->transform(CLI::CheckedTransformer(formats).description(""))
         ->type_name("FORMAT");
+}
+
+void addInfo(CLI::App& app, _commandLine& line) {
+    auto* const info = app.add_subcommand("info", "Print the plug-in's info record");
+    addPluginOption(info, line);
+    addTextOrJson(info, line);
 }
 
 void addJobs(CLI::App& app, _commandLine& line) {
@@ -116,6 +153,19 @@ void addJobs(CLI::App& app, _commandLine& line) {
         ->transform(CLI::CheckedTransformer(formats).description(""))
         ->type_name("FORMAT");
     jobs->add_option("scenes", line.scenes, "Scene files")->required()->type_name("SCENE");
+}
+
+void addVars(CLI::App& app, _commandLine& line) {
+    auto* const vars = app.add_subcommand("vars", "Print the named variables of a scene's jobs");
+    addPluginOption(vars, line);
+    addTextOrJson(vars, line);
+    vars->add_option("--job", line.jobNumber, "Only this job, numbered as \"jobs\" does")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""))
+        ->type_name("N");
+    vars->add_option("scene", line.scenes, "Scene file; submitter arguments follow \"--\"")
+        ->required()
+        ->expected(1)
+        ->type_name("SCENE");
 }
 
 int wrongUsage(const char* problem) {
@@ -130,9 +180,7 @@ int withOutputWritten(int status) {
     return status == exitSuccess ? exitFailed : status;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     useUtf8Characters();
     _commandLine line;
     const int argumentsLeft = splitOffSubmitter(argc, argv, line.submitter);
@@ -143,6 +191,7 @@ int main(int argc, char** argv) {
     app.footer(examples);
     addInfo(app, line);
     addJobs(app, line);
+    addVars(app, line);
     try {
         app.parse(argumentsLeft, argv);
     } catch (const CLI::Success& request) {
@@ -150,5 +199,13 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& problem) {
         return wrongUsage(problem.what());
     }
-    return withOutputWritten(app.got_subcommand("info") ? runInfo(line) : runJobs(line));
+    if (app.got_subcommand("info")) return withOutputWritten(runInfo(line));
+    return withOutputWritten(app.got_subcommand("vars") ? runVars(line) : runJobs(line));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try { return run(argc, argv); } catch (const std::exception& failure) {
+    std::fprintf(stderr, "vxscene: %s\n", failure.what());
+    return exitFailed;
 }

@@ -1,8 +1,6 @@
 // Builds the records that the entry points take and reads them afterwards.
 #include "host/sceneLoad.h"
 
-#include <QJsonArray>
-
 #include "host/askPlugin.h"
 #include "host/jobJson.h"
 #include "host/scenePath.h"
@@ -16,6 +14,8 @@ QJsonObject sceneResult(const QString& scene, qint32 code, const QString& error)
     return result;
 }
 
+}  // namespace
+
 QJsonArray jobsToJson(const vxJ::_JobBasicsArray& jobs) {
     QJsonArray list;
     for (int i = 0; i < jobs.count; ++i) {
@@ -26,9 +26,8 @@ QJsonArray jobsToJson(const vxJ::_JobBasicsArray& jobs) {
     return list;
 }
 
-}  // namespace
-
-QJsonObject loadScene(const _pluginLibrary& plugin, const QString& scene, const _submitterArguments& arguments) {
+QJsonObject loadScene(const _pluginLibrary& plugin, const QString& scene, const _submitterArguments& arguments,
+                      const _jobsReader& readJobs) {
     const vxS::_vxString<500> sceneFileName{scene};
     vxJ::_JobBasicsArray jobs;
     const vxP::_submitterSettings settings{static_cast<qint32>(arguments.size()), arguments.data()};
@@ -38,15 +37,16 @@ QJsonObject loadScene(const _pluginLibrary& plugin, const QString& scene, const 
 
     auto result = sceneResult(scene, code, sentenceOfCode(code));
     result.insert(messageKey, jobs.message.toQString());
-    result.insert(jobsKey, jobsToJson(jobs));
+    result.insert(jobsKey, readJobs(jobs));
     return result;
 }
 
-QJsonObject loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments) {
+QJsonObject loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments,
+                           const _jobsReader& readJobs) {
     const auto [path, problem] = absoluteScenePath(scene);
     if (!problem.isEmpty()) return sceneResult(path, hostPathUnusable, problem);
     const auto answer = askPlugin(pluginPath, [&, &scenePath = path](const _pluginLibrary& plugin) {
-        return loadScene(plugin, scenePath, arguments);
+        return loadScene(plugin, scenePath, arguments, readJobs);
     });
     return answer.code == 0 ? answer.answer : sceneResult(path, answer.code, answer.failure);
 }

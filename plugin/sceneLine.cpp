@@ -69,7 +69,7 @@ bool isVariable(const QString& line) {
 
 bool hasNodeTypeMark(const QString& line) {
     for (const auto& mark : nodeTypeMarks)
-        if (hasInAnyCase(line, mark.part) && (mark.unless.size() == 0 || !hasInAnyCase(line, mark.unless))) return true;
+        if (hasInAnyCase(line, mark.part) && (mark.unless.isEmpty() || !hasInAnyCase(line, mark.unless))) return true;
     return false;
 }
 

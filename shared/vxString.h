@@ -39,7 +39,7 @@ template <quint16 Capacity>
 class _vxString {
  public:
     _vxString() noexcept { clear(); }
-    explicit _vxString(QStringView source) noexcept { *this = source; }
+    explicit _vxString(QStringView source) noexcept : lengthWord(0) { *this = source; }
     _vxString& operator=(QStringView source) noexcept {
         assignText(text(), source);
         return *this;

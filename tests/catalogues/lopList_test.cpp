@@ -72,11 +72,12 @@ TEST(LopNode, KnowsItsRendererByName) {
         const char* path;
         const char* text;
         std::string suffix;
+        const char* before = "";
     };
     for (const _case& c : {_case{"/stage/settings1", "", ""},
                            {"/stage/Karma_settings", "", "_karma"},
                            {"/stage/karma", "HdPrmanLoader", "_prman"},
-                           {"/stage/karma", "prman", "_vray_before"},
+                           {"/stage/karma", "prman", "_vray", "vray"},
                            {"/stage/a", "arnold karma", "_karma"},
                            {"/stage/a", "vray hdprman", "_prman"},
                            {"/stage/a", "redshift VRAY", "_vray"},
@@ -84,7 +85,7 @@ TEST(LopNode, KnowsItsRendererByName) {
                            {"/stage/a", "HdArnold", "_arnold"}}) {
         _LOPNode node;
         node.lopName = wide(c.path);
-        if (c.suffix == "_vray_before") node.renderer = QStringLiteral("vray_before");  // unknown names change nothing
+        node.renderer = wide(c.before);
         node.setRenderer(wide(c.text));
         EXPECT_EQ(plain(node.rendererName_render()), "usd" + c.suffix) << c.text;
         EXPECT_EQ(plain(node.rendererName_create()), "createUSD" + c.suffix) << c.text;

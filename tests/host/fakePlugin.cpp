@@ -38,30 +38,7 @@ void setOutput(vxJ::_JobBasics_largePath& job, QStringView folder, QStringView f
     job.imageExtension = extension;
 }
 
-qint32 noJobs(const _load&) {
-    return vxP::resultSuccess;
-}
-
-qint32 exportPair(const _load& load) {
-    auto& exporting = addJob(load);
-    exporting.appRenderer = u"createIFD";
-    setFrames(exporting, 1001, 1100, 2);
-    setOutput(exporting, u"<SceneFolder>../ifd/", u"shot.", u".ifd");
-    auto& rendering = addJob(load);
-    rendering.app = u"Mantra_StdA";
-    rendering.camera = u"/obj/cam1";
-    rendering.channel = u"night";
-    rendering.imageWidth = 1920;
-    rendering.imageHeight = 1080;
-    rendering.addWaitForPreID(1);
-    setFrames(rendering, 1001, 1100, 1);
-    setOutput(rendering, u"/img/", u"beauty.", u".exr");
-    return vxP::resultSuccess;
-}
-
-qint32 everyField(const _load& load) {
-    load.jobArray->message = u" \"AllowLocalSceneCopy=0~0\"";
-    auto& job = addJob(load);
+void fillEveryField(vxJ::_JobBasics_largePath& job) {
     job.sceneOS = 3;
     job.appRenderer = u"renderer";
     job.appType = u"3D";
@@ -82,7 +59,7 @@ qint32 everyField(const _load& load) {
     job.shotgunID = std::string_view{"id"};
     job.pnl = 'x';
     job.imagePadding = 7;
-    job.addWaitForPreID(9);
+    job.addWaitForPreID(1);
     job.addWaitForPreID(200);
     job.jobID = std::numeric_limits<quint64>::max();
     job.commandPasswordHash[0] = 99;
@@ -94,6 +71,15 @@ qint32 everyField(const _load& load) {
     setFrames(job, -1.5, 2, 3);
     job.sceneSettings.seqFrameSet = std::string_view{"1,5,7"};
     job.sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), QStringLiteral("/job"));
+}
+
+qint32 exportPair(const _load& load) {
+    load.jobArray->message = u" \"AllowLocalSceneCopy=0~0\"";
+    auto& exporting = addJob(load);
+    exporting.appRenderer = u"createIFD";
+    setFrames(exporting, 1001, 1100, 2);
+    setOutput(exporting, u"<SceneFolder>../ifd/", u"shot.", u".ifd");
+    fillEveryField(addJob(load));
     return vxP::resultSuccess;
 }
 
@@ -111,38 +97,19 @@ qint32 hostileTexts(const _load& load) {
     return vxP::resultSuccess;
 }
 
-qint32 longTexts(const _load& load) {
-    auto& job = addJob(load);
-    const QString folder = QStringLiteral("/projects/") + QString(300, QLatin1Char('f')) + QLatin1Char('/');
-    setOutput(job, folder, u"beauty.", u".exr");
-    job.camera = QString(150, QLatin1Char('c'));
-    return vxP::resultSuccess;
-}
-
-qint32 manyJobs(const _load& load) {
-    for (int i = 0; i < 300; ++i) addJob(load).addWaitForPreID(200);
-    load.jobArray->at(0)->waitForPreIDs[0] = 1;  // also the own number of job 257
-    return vxP::resultSuccess;
-}
-
 qint32 jobThenNoMore(const _load& load) {
     addJob(load);
     ++load.jobArray->count;  // as after an allocation that failed
     return vxP::resultNoMoreJobs;
 }
 
-/// What the plug-in was handed, and how many loads this process has seen.
+/// What the plug-in was handed, and how many loads this process has seen; prints a line of its own as well.
 qint32 tellLoad(const _load& load) {
+    std::printf("printed by the plug-in\n");
     QString told = QString::number(++loadsSoFar) + QLatin1Char('|') + load.sceneFileName->toQString();
     for (int i = 1; i < load.settings->argumentCount; ++i)
         told += QLatin1Char('|') + QString::fromUtf8(load.settings->arguments[i]);
     load.jobArray->message = told;
-    return vxP::resultSuccess;
-}
-
-qint32 printAndGoOn(const _load& load) {
-    std::printf("printed by the plug-in\n");
-    addJob(load);
     return vxP::resultSuccess;
 }
 
@@ -158,14 +125,10 @@ struct _behaviour {
 };
 
 constexpr _behaviour behaviours[] = {
-    {QLatin1String{"noJobs"}, noJobs},
+    {QLatin1String{"noJobs"}, [](const _load&) -> qint32 { return vxP::resultSuccess; }},
     {QLatin1String{"exportPair"}, exportPair},
-    {QLatin1String{"everyField"}, everyField},
     {QLatin1String{"hostileTexts"}, hostileTexts},
-    {QLatin1String{"longTexts"}, longTexts},
-    {QLatin1String{"manyJobs"}, manyJobs},
     {QLatin1String{"tellLoad"}, tellLoad},
-    {QLatin1String{"prints"}, printAndGoOn},
     {QLatin1String{"cannotOpen"}, [](const _load&) -> qint32 { return vxP::resultCannotOpen; }},
     {QLatin1String{"noUsableOutput"}, [](const _load&) -> qint32 { return vxP::resultNoUsableOutput; }},
     {QLatin1String{"jobThenNoMore"}, jobThenNoMore},

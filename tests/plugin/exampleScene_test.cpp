@@ -16,27 +16,43 @@ using vxTest::plainOf;
 /// scene | licences | channels
 const char* const expectedJobs[] = {
     "/out/mantra_beauty|Houdini|createIFD|<Database>ifd/|mantra_beauty.|.ifd,4|1001-1100x1|/obj/"
-    "cam1||1,|SCENE|Houdini|",
-    "/out/mantra_beauty|Mantra_StdA||<Database>render/|mantra_beauty.|.exr,4|1001-1100x1|/obj/cam1||2,1|<Database>ifd/"
-    "mantra_beauty.<FN4>.ifd|Mantra_StdA|",
+    "cam1|Main|1,|SCENE|Houdini|",
+    "/out/mantra_beauty|Mantra_StdA||<Database>render/|mantra_beauty.|.exr,4|1001-1100x1|/obj/"
+    "cam1|Main|2,1|<Database>ifd/mantra_beauty.<FN4>.ifd|Mantra_StdA|",
     "/out/arnold_beauty|Houdini|arnold|<Database>render/arnold_beauty/|turntable.|.exr,4|1001-1100x1|/obj/"
-    "cam1||3,|SCENE|Houdini|<Database>render/arnold_beauty/turntable.diffuse..exr,<Database>render/arnold_beauty/"
+    "cam1|Main|3,|SCENE|Houdini|<Database>render/arnold_beauty/turntable.diffuse..exr,<Database>render/arnold_beauty/"
     "turntable.specular..exr",
     "/out/redshift_beauty|Houdini|redshift|<Database>render/|redshift_beauty.<ValueVar "
-    "@$AOV.>|.exr,4|1001-1100x1|/obj/cam_detail||4,|SCENE|Houdini|<Database>render/"
+    "@$AOV.>|.exr,4|1001-1100x1|/obj/cam_detail|closeup|4,|SCENE|Houdini|<Database>render/"
     "redshift_beauty.depth..exr,<Database>render/redshift_beauty.crypto..exr",
-    "/out/vray_beauty|Houdini|createVrScene|<Database>vrscene/|vray_beauty.|.vrscene,4|1001-1100x1|||5,|SCENE|Houdini|",
+    "/out/vray_beauty|Houdini|createVrScene|<Database>vrscene/"
+    "|vray_beauty.|.vrscene,4|1001-1100x1||Main|5,|SCENE|Houdini|",
     "/out/vray_beauty|VRay_StdA|multifile|/projects/kettle/review/tt010/"
-    "|vray_beauty.|.png,4|1001-1100x1|||6,5|<Database>vrscene/vray_beauty.<FN4>.vrscene||",
-    "/out/kettle_geometry|Houdini|geometry|<Database>geo/|kettle_geometry.|.bgeo.sc,4|1001-1100x1|||7,|SCENE|Houdini|",
+    "|vray_beauty.|.png,4|1001-1100x1||Main|6,5|<Database>vrscene/vray_beauty.<FN4>.vrscene||",
+    "/out/kettle_geometry|Houdini|geometry|<Database>geo/"
+    "|kettle_geometry.|.bgeo.sc,4|1001-1100x1||Main|7,|SCENE|Houdini|",
     "/out/kettle_alembic|Houdini|alembic-singleFile|/projects/kettle/publish/tt010/|kettle.abc|,one "
-    "file|1001-1100x1|||8,|SCENE|Houdini|",
+    "file|1001-1100x1||Main|8,|SCENE|Houdini|",
+    "/out/mantra_stereo|Houdini||<Database>render/|mantra_stereo.<Channel>.<Stereo>|.exr,4|1001-1100x1|/obj/"
+    "stereocam1||9,|SCENE|Houdini|",
+    "/out/light_test|Houdini|opengl|<Database>review/|light_test.|.png,4|1001-1100x25|/obj/"
+    "cam1|Main|10,|SCENE|Houdini|",
     "/stage/karma1|Houdini|usd_karma|<Database>render/|turntable.karma1.|.exr,4|1001-1100x1|/cameras/"
-    "cam1||9,|SCENE|Houdini|",
+    "cam1|Main|11,|SCENE|Houdini|",
     "/stage/usdrender_rop1|Houdini|createUSD_karma|<Database>usd/"
-    "|usdrender_rop1.|.usd,4|1001-1100x1|||10,|SCENE|Houdini|",
-    "/stage/usdrender_rop1|USD_StdA|Hdni|<Database>render/usd/|turntable.|.exr,4|1001-1100x1|||11,10|<Database>usd/"
+    "|usdrender_rop1.|.usd,4|1001-1100x1||Main|12,|SCENE|Houdini|",
+    "/stage/usdrender_rop1|USD_StdA|Hdni|<Database>render/usd/|turntable.|.exr,4|1001-1100x1||Main|13,12|<Database>usd/"
     "usdrender_rop1.<FN4>.usd||",
+    "/out/mantra_stereo|Houdini||<Database>render/|mantra_stereo.<Channel>.<Stereo>|.exr,4|1001-1100x1|/obj/"
+    "stereocam1|Main|14,|SCENE|Houdini|",
+    "/out/mantra_stereo|Houdini||<Database>render/|mantra_stereo.<Channel>.<Stereo>|.exr,4|1001-1100x1|/obj/"
+    "stereocam1|closeup|15,|SCENE|Houdini|",
+    "/out/light_test|Houdini|opengl|<Database>review/|light_test_wedge_key_2.000000.|.png,4|1001-1100x25|/obj/"
+    "cam1|Main|16,|SCENE|Houdini|",
+    "/out/light_test|Houdini|opengl|<Database>review/|light_test_wedge_key_4.000000.|.png,4|1001-1100x25|/obj/"
+    "cam1|Main|17,|SCENE|Houdini|",
+    "/out/light_test|Houdini|opengl|<Database>review/|light_test_wedge_key_6.000000.|.png,4|1001-1100x25|/obj/"
+    "cam1|Main|18,|SCENE|Houdini|",
 };
 
 QString rangeOf(const vxJ::_JobSettingsScene& settings) {

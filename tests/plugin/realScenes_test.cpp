@@ -23,11 +23,17 @@ const _expectation expectations[] = {
     {"attribute_wrangler_bug.hiplc", 25, {}},
     {"ifd_test.hiplc", 1, {"/out/mantra1", "/out/mantra1"}},
     {"karma_aovs.hip", 1, {"/stage/karmarendersettings"}},
+    // Two takes: the drivers without a take of their own are copied for both.
     {"ocean.hip",
      1,
      {"/out/Redshift_ROP", "/out/Redshift_ROP_look_dev", "/out/Redshift_Proxy_Nature_Rock", "/out/Redshift_ROP_atmos",
-      "/out/Redshift_ROP_meta", "/out/center_glow_object"}},
-    {"qlib_super_light.hip", 1, {"/out/test_grid", "/out/test_grid", "/out/test", "/out/test"}},
+      "/out/Redshift_ROP_meta", "/out/center_glow_object", "/out/Redshift_ROP_look_dev", "/out/Redshift_ROP_look_dev",
+      "/out/Redshift_Proxy_Nature_Rock", "/out/Redshift_Proxy_Nature_Rock", "/out/center_glow_object",
+      "/out/center_glow_object"}},
+    {"qlib_super_light.hip",
+     1,
+     {"/out/test_grid", "/out/test_grid", "/out/test", "/out/test", "/out/test", "/out/test", "/out/test",
+      "/out/test"}},
     {"usd_shot_lighting.hip", 1, {"/stage/karma1"}},
 };
 

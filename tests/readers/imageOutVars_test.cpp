@@ -40,7 +40,7 @@ constexpr _nameCase nameCases[] = {
     {"other_braces_go", "${HIP}/{a}.exr", "$HIP/a.exr", true},
     {"one_sided_quote", "\"a.exr", "\"a.exr", true},
     {"take", "$ACTIVETAKE/$activeTake.$F", "<Channel>/<Channel>.%d", false, true},
-    {"take_in_braces", "${ACTIVETAKE}.exr", "<Channel>.exr", true, true},
+    {"take_in_braces", "${activeTake}.exr", "<Channel>.exr", true, true},
     {"take_expression", "\"a`chsop(\"take\")`.exr\"", "a<Channel>.exr", true},
     {"take_expression_escaped", "\"a`chsop(\\\"take\\\")`.exr\"", "a<Channel>.exr", true},
     {"take_expression_in_capitals", "\"`CHSOP(\"TAKE\")`/`CHSOP(\\\"TAKE\\\")`\"", "<Channel>/<Channel>", true},

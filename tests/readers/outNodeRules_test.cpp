@@ -10,12 +10,9 @@ namespace vxP {
 
 namespace {
 
+using vxTest::driver;
 using vxTest::plain;
 using vxTest::plainOf;
-
-QByteArray driver(const QByteArray& lines) {
-    return "out/a.parm {\n" + vxTest::params(lines) + "}\n";
-}
 
 /// Scans a scene from a state as fresh as the plug-in's.
 std::unique_ptr<vxTest::_loader> scanned(const QByteArray& scene) {
@@ -119,9 +116,9 @@ TEST(DriverResolution, IsWidthAndHeight) {
 }
 
 TEST(DriverImage, IsPutTogetherFromItsLines) {
-    const QByteArray lop = vxTest::section("stage/hdprman1", {{"picture", "/l/b.exr"}});
+    const QByteArray lop = driver("picture=/l/b.exr", "stage/hdprman1");
     const std::pair<QByteArray, const char*> cases[] = {
-        {driver("RS_outputFileNamePrefix=\"/r/b\"|RS_outputFileFormat=\".exr\""), "/r/b.exr"},
+        {driver("RS_outputFileNamePrefix=\"/r/b\"|RS_outputFileFormat=\".{exr}\""), "/r/b.exr"},
         {driver("RS_outputFileFormat=\".exr\"|RS_outputFileNamePrefix=\"/r/b\""), "/r/b.exr"},
         {driver("RS_outputFileNamePrefix=/r/b.exr|RS_outputFileFormat=.EXR"), "/r/b.exr"},
         {driver("vm_picture=/i/a.exr|picture=/i/b.exr|picture=testfile.exr"), "/i/b.exr"},

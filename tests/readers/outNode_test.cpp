@@ -11,6 +11,7 @@ namespace vxP {
 
 namespace {
 
+using vxTest::driver;
 using vxTest::params;
 using vxTest::plain;
 using vxTest::plainOf;
@@ -38,16 +39,19 @@ TEST_F(OutNode, TakesItsPathFromTheHeader) {
                                        {"obj/a/img/b/stage/c.parm {", "/stage/c"},
                                        {"obj/a/img/b.parm {", "/img/b"},
                                        {"x obj/geo1.parm {", "/obj/geo1"},
-                                       {"Out/mantra1.parm {", "/Out/mantra1"},
-                                       {"x.parm out/mantra1", "/out/mantra1"}}) {
+                                       {"Out/mantra1.parm {", "/Out/mantra1"}}) {
         readBehind(header, params("vm_picture=/i") + "}\n");
         EXPECT_EQ(plainOf(loader.job(loader.count() - 1).layer), path) << header;
     }
 }
 
+TEST_F(OutNode, KeepsAHeaderWholeThatHasNoEndOfPath) {
+    readBehind("x.parm out/mantra1", params("vm_picture=/i") + "}\n");
+    EXPECT_EQ(plainOf(loader.job(0).layer), "/out/mantra1");
+}
+
 TEST_F(OutNode, FillsItsJob) {
-    loader.scan("set -g SHOT = 's1'\nout/a.parm {\n" + params("vm_picture=$HIP/$HIPNAME/$SHOT/$OS.$RFEND.$F3.exr") +
-                "}\n");
+    loader.scan("set -g SHOT = 's1'\n" + driver("vm_picture=$HIP/$HIPNAME/$SHOT/$OS.$RFEND.$F3.exr"));
     ASSERT_EQ(loader.count(), 1);
     const auto& job = loader.job(0);
     EXPECT_EQ(plainOf(job.app), "Houdini");
@@ -62,31 +66,31 @@ TEST_F(OutNode, FillsItsJob) {
 }
 
 TEST_F(OutNode, LeavesPassVariablesToTheHost) {
-    loader.scan("out/a.parm {\n" + params("vm_picture=/i/a_${AOV}_b$AOV.c$AOVd$aov.$F.exr") + "}\n");
+    loader.scan(driver("vm_picture=/i/a_${AOV}_b$AOV.c$AOVd$aov.$F.exr"));
     EXPECT_EQ(plainOf(loader.job(0).imageFileName), "a_<ValueVar @$AOV_>b<ValueVar @$AOV.>c$AOVd$aov.");
-    loader.scan("out/a.parm {\n" + params("vm_picture=/i/$AOV/a.$F.exr") + "}\n");
+    loader.scan(driver("vm_picture=/i/$AOV/a.$F.exr"));
     EXPECT_EQ(plainOf(loader.job(1).imageFileName), "<ValueVar @$AOV/>a.");
 }
 
 TEST_F(OutNode, GivesPassFilesToTheJobThatRenders) {
     const QByteArray passes =
         params("vm_picture=/i/$F4.exr|ar_aov_separate_file3=/s/$OS.$F4.png|ar_aov_separate_file2=/d/$OS.$F4.png");
-    const QByteArray exports = params("soho_diskfile=/x/$F4.ifd|soho_outputmode=on");
-    loader.scan("out/a.parm {\n" + passes + "}\nout/a.parm {\n" + passes + exports + "}\n");
+    loader.scan(driver(passes) + driver(passes + "|soho_diskfile=/x/$F4.ifd|soho_outputmode=on"));
     ASSERT_EQ(loader.count(), 3);
     EXPECT_EQ(plainOf(loader.job(1).channels[0].fileName), "");
     for (const int rendering : {0, 2}) {
         EXPECT_EQ(plainOf(loader.job(rendering).channels[0].fileName), "/d/a.");
         EXPECT_EQ(plainOf(loader.job(rendering).channels[1].fileName), "/s/a.");
         EXPECT_EQ(plainOf(loader.job(rendering).channels[2].fileName), "");
+        EXPECT_EQ(plainOf(loader.job(rendering).imageExtension), ".exr");
     }
 }
 
 TEST_F(OutNode, BecomesAnExportJobAndAJobThatWaitsForIt) {
-    loader.scan("out/a.parm {\n" + params("vm_picture=/i/a.exr") + "}\nout/b_sim_.parm {\n" +
-                params("vm_picture=/i/$OS.$F4.exr|res_override=640\t480|trange=\"on\"|f=5\t10\t2|render_export_mode=2|"
-                       "render_export_filepath=/x/$OS.vrscene") +
-                "}\n");
+    loader.scan(driver("vm_picture=/i/a.exr") +
+                driver("vm_picture=/i/$OS.$F4.exr|res_override=640\t480|trange=\"on\"|f=5\t10\t2|render_export_mode=2|"
+                       "render_export_filepath=/x/$OS.vrscene",
+                       "out/b_sim_"));
     ASSERT_EQ(loader.count(), 3);
     const auto& first = loader.job(1);
     const auto& second = loader.job(2);
@@ -151,22 +155,21 @@ TEST_F(OutNode, IsNotReadBehindMoreThan250Jobs) {
 
 TEST_F(OutNode, EndsTheScanWhenTheArrayHasNoRoom) {
     loader.array().count = -1;  // the host's number may be any; no record has this place
-    const QByteArray driver = "out/a.parm {\n" + params("vm_picture=/i") + "}\n";
-    EXPECT_EQ(loader.scan(driver + driver), resultNoMoreJobs);
+    EXPECT_EQ(loader.scan(driver("vm_picture=/i") + driver("vm_picture=/i")), resultNoMoreJobs);
     EXPECT_EQ(loader.count(), 0) << "the second driver was read";
     EXPECT_TRUE(nodeActiveTakes.isEmpty());
 }
 
 TEST_F(OutNode, CutsItsPathAt150Characters) {
     const QByteArray cut = "out/" + QByteArray(145, 'n');
-    loader.scan(cut + "_sim_.parm {\n" + params("vm_picture=/i|take=wide") + "}\n");
+    loader.scan(driver("vm_picture=/i|take=wide", cut + "_sim_"));
     EXPECT_EQ(plainOf(loader.job(0).layer), "/" + cut.toStdString());
     EXPECT_EQ(plain(nodeActiveTakes.value(_vxString<150>(loader.job(0).layer.view()))), "wide");
     EXPECT_FALSE(loader.job(0).sceneSettings.customData_Contains(vxJ::CUSTOMSubmitterParameter));
 }
 
 TEST_F(OutNode, IsItsOwnStageNodeWhenItIsKarma) {
-    loader.scan("stage/karma1.parm {\n" + params("picture=/i/$ACTIVETAKE.$F.exr") + "}\n");
+    loader.scan(driver("picture=/i/$ACTIVETAKE.$F.exr", "stage/karma1"));
     ASSERT_EQ(LOPList.entries().size(), 1);
     EXPECT_EQ(plain(LOPList[0].lopName), "/stage/karma1");
     EXPECT_EQ(plain(LOPList[0].imageName), "/i/<Channel>.%d.exr");

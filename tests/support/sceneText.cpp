@@ -25,6 +25,10 @@ QByteArray params(const QByteArray& text) {
     return lines;
 }
 
+QByteArray driver(const QByteArray& lines, const QByteArray& path) {
+    return path + ".parm {\n" + params(lines) + "}\n";
+}
+
 QByteArray openSection(const QByteArray& path, _params params) {
     QByteArray text = "0707070000010000000006660000000000000000010000001415153474100001600000000100";
     text += path + ".parm";

@@ -18,6 +18,8 @@ QByteArray param(const QByteArray& name, const QByteArray& value);
 
 /// Parameter lines in short: `name=value`, parted by `|`.
 QByteArray params(const QByteArray& text);
+/// The section of an output driver with parameter lines in short.
+QByteArray driver(const QByteArray& lines, const QByteArray& path = "out/a");
 
 using _params = std::initializer_list<std::pair<const char*, const char*>>;
 

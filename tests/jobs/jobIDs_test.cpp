@@ -1,0 +1,123 @@
+// What a host asks of one job: its ID in letters, its variables, its compact form, its password.
+#include "jobs/jobIDs.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "jobs/jobVariables.h"
+#include "tests/testText.h"
+
+namespace vxJ {
+
+namespace {
+
+using vxTest::plain;
+using vxTest::plainOf;
+
+struct _idCase {
+    quint32 variant, stamp, extras;  ///< extras: extraA + 256 * extraB
+    const char *letters, *full;
+    quint32 packed;
+};
+
+constexpr _idCase idCases[] = {
+    {0, 0, 0, "{AAA }", "AAA_AAAA", 0},
+    {0, 370000, 0, "{ABB }", "ABB_AAAA", 9472},
+    {1, 9999, 0x0100, "{AAAa}", "AAAa_DZBA", 1},
+    {24, 100000, 0x2302, "{AALz}", "AALz_AA-C", 2584},
+    {25, 466559999, 36, "{---ba}", "---ba_DZAA", 11943705},
+    {255, 466560000, 0, "{AAAlq}", "AAAlq_AAAA", 11944191},
+    {12, 4294967295, 0, "{HPRn}", "HPRn_4+AA", 109950988},
+};
+
+TEST(JobID, ShowsAsLetters) {
+    for (const _idCase& c : idCases) {
+        _JobBasics_noSettings_noPaths job{};
+        job.jobID = c.variant + (quint64{c.extras} << 8) + (quint64{c.stamp} << 24) + (quint64{0xFF} << 56);
+        EXPECT_EQ(plain(job.IDstr()), c.letters);
+        EXPECT_EQ(plain(job.IDstrFull()), c.full);
+        EXPECT_EQ(job.IDmain(), c.stamp);
+        EXPECT_EQ(_IDShort::fromID(job.jobID).int32(), c.packed);
+        EXPECT_EQ(plain(_IDShort::fromInt32(c.packed).str()), c.letters);
+    }
+}
+
+/// Gives every field a value of its own: 1, 2, 3 ...
+template <class... Text>
+void countTexts(Text&... texts) {
+    int value = 0;
+    ((texts = QStringView(QStringLiteral("T%1").arg(++value))), ...);
+}
+
+class JobText : public testing::Test {
+ protected:
+    std::unique_ptr<_JobBasics_largePath> job = std::make_unique<_JobBasics_largePath>();
+    std::unique_ptr<_JobBasics> compact = std::make_unique<_JobBasics>();
+};
+
+TEST_F(JobText, ListsItsVariablesUnderEveryName) {
+    countTexts(job->app, job->appRenderer, job->appType, job->appRendererVersion, job->appVersionMinor, job->camera,
+               job->layer, job->channel, job->sceneState, job->colorSpace, job->requiredLicenses,
+               job->imageFormatOverride, job->imageStereoL, job->imageStereoM, job->imageStereoR, job->shotgunID,
+               job->sceneDatabaseDir, job->imageDir, job->imageExtension, job->sceneSettings.seqFrameSet);
+    job->sceneOS = 2;
+    std::tie(job->appVersionMajor, job->imageMulti, job->pnl) = std::tuple(qint16{-1}, qint8{-3}, quint8{'P'});
+    job->imageSingleOutputFile = true;
+    job->sceneName = u"C:\\s\\a.b.hip";
+    job->sceneSettings.seqStart = -1.5;
+    job->sceneSettings.seqEnd = 1000000;
+    job->sceneSettings.customDataSet_Str(QString(CUSTOMAdditionalCommandlineFlags), QStringLiteral("-x"));
+    job->toJobsBasic(*compact);
+    _varValList list{{QStringLiteral("old"), QString()}};
+    compact->exportJobVarList_Basic(list);
+    QString text;
+    for (const auto& variable : list) text += variable.name + u'=' + variable.value + u'|';
+    EXPECT_EQ(plain(text),
+              "sceneOS=2|sceneOSstr=linux|AppVer=-1|App=T1|AppRenderer=T2|AppType=t3|AppRendererVersion=T4|"
+              "vxJobRendererVersion=T4|AppVerMinor=T5|Camera=T6|Layer=T7|Pass=T7|Channel=T8|AOVChannel=T8|AOV=T8|"
+              "State=T9|SceneState=T9|ColorSpace=T10|renderLicenses=T11|requiredLicenses=T11|ImageWidth=0|Width=0|"
+              "ImageHeight=0|Height=0|ImageSingleOutputFile=1|ImageFormatOverride=T12|OverrideImageFormat=T12|"
+              "TotalTiles=-3|ImageMulti=-3|ImageStereoL=T13|ImageStereoM=T14|ImageStereoR=T15|ShotgunID=T16|"
+              "ShutgunID=T16|PNL=P|Padding=4|SceneFolder=C:\\s\\|SceneFileNameBase=a.b|<FN>=C:\\s\\a.b.hip|"
+              "Database=T17|SceneDatabaseDir=T17|DatabaseName=T17|ImageDir=T18|MainImageDir=T18|"
+              "MainImageExtension=T19|TotalStart=-1.5|TotalSeqStart=-1.5|TotalEnd=1000000|TotalSeqEnd=1000000|"
+              "SeqFrameSet=T20|FrameSet=T20|TotalStep=1|TotalSeqStep=1|AdditionalCommandlineParam=-x|");
+    EXPECT_EQ(plain(compact->getSceneDisplayName()), "a.b");
+}
+
+TEST_F(JobText, PutsVariablesIntoSquareBrackets) {
+    job->layer = u"[Camera]";
+    const auto names = {&job->imageFileName, &job->imageDir, &job->channels[99].fileName};
+    for (auto* name : names) *name = u"[Layer][PNL]/[[Padding]] [padding] [No][] ]Layer[";
+    job->replaceSquareBracketVariables();
+    for (auto* name : names) EXPECT_EQ(plainOf(*name), "[Camera] /[4] [padding] [No][] ]Layer[");
+}
+
+TEST_F(JobText, IsCutToTheCompactForm) {
+    const QString text = QString(249, u'a') + u'b' + QString(249, u'c') + QString(501, u'd');
+    for (auto* path : {&job->sceneName, &job->sceneDatabaseDir, &job->imageDir, &job->imageFileName}) *path = text;
+    job->channels[1].extension = u".no";  // not in use without a file name
+    for (int i = 0; i < 15; ++i) job->channels[2 * i].fileName = text;
+    job->channels[40].fileName = QString(500, u'e');  // one character too many for the pool
+    job->channels[99] = {_vxString<1000>(QString(495, u'f')), _vxString<25>(u".tif")};
+    compact->channelAdd(_vxString<500>(u"old"), _vxString<25>());
+    job->toJobsBasic(*compact);
+    for (auto* path : {&compact->sceneName, &compact->sceneDatabaseDir, &compact->imageDir})
+        EXPECT_TRUE(*path == QStringView(text).left(500));
+    EXPECT_TRUE(compact->imageFileName == QStringView(text).left(250));
+    EXPECT_TRUE(compact->channelFileName(14) == QStringView(text).left(500));
+    EXPECT_EQ(compact->channelCount, 16);
+    EXPECT_EQ(plain(QStringView(compact->channelPool + 7995, 5)), std::string(".tif\0", 5));
+}
+
+TEST_F(JobText, KnowsItsPasswordByItsHash) {
+    job->setCommandPassword(_vxString8_allSize<40>("abc"));
+    EXPECT_EQ(job->commandPasswordHash[0], 0xBA);  // SHA-256 of "abc": ba7816bf ... f20015ad
+    EXPECT_TRUE(job->isRightCommandPW(passHashOf(_vxString8_allSize<40>("abc"))));
+    EXPECT_FALSE(job->isRightCommandPW(passHashOf(_vxString8_allSize<40>("abC"))));
+}
+
+}  // namespace
+
+}  // namespace vxJ

@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+
+#include "catalogues/wedges.h"
+#include "plugin/jobFinishing.h"
+#include "plugin/wedgeNames.h"
+#include "readers/scanState.h"
+#include "tests/support/sceneText.h"
+#include "tests/testText.h"
+
+namespace vxP {
+
+namespace {
+
+using vxTest::driver;
+using vxTest::plain;
+using vxTest::plainOf;
+
+QByteArray wedge(const QByteArray& lines) {
+    return driver("driver=/out/a|wedgemethod=channel|name1=c|range1=0\t1|" + lines, "out/wedge1");
+}
+
+const QByteArray single = driver("vm_picture=/i/$WEDGE.$F4.exr");
+const QByteArray pair = driver("vm_picture=/i/$WEDGENUM.$F4.exr|soho_outputmode=on|soho_diskfile=/x/$WEDGE.$F3.ifd");
+const QByteArray takes = "take name Main kids 1\ntake name wide kids 0\ntake name Main kids 0\n";
+const QByteArray usesTake = driver("vm_picture=/i/$ACTIVETAKE.exr");
+const QByteArray twoSteps = wedge("prefix=p|steps1=2");
+
+/// Number, "<" and the number it waits for, driver, take, output, and the scene of a render job.
+QString rowOf(const vxJ::_JobBasics_largePath& job) {
+    const QString waits = job.waitForPreIDCount == 0 ? QString() : QStringLiteral("<%1").arg(job.waitForPreIDs[0]);
+    const QString scene = job.app.toQString() == appNameHoudini ? QString() : job.sceneName.toQString();
+    const QString output = job.imageDir.toQString() + job.imageFileName.toQString();
+    return QStringList{QString::number(job.preID) + waits, job.layer.toQString(), job.channel.toQString(), output,
+                       scene}
+        .join(u' ');
+}
+
+struct _copyCase {
+    const char* what;
+    QByteArray scene;
+    int patterns;
+    const char* copies;
+};
+
+const _copyCase copyCases[] = {
+    {"takes_unless_bound", driver("vm_picture=/i/b.exr|take=wide", "out/b") + takes + single, 2,
+     "3 /out/a Main /i/. |4 /out/a wide /i/. |"},
+    {"one_take_named_twice", single + "take name Main\ntake name Main\n", 1, "2 /out/a Main /i/. |"},
+    {"one_take", single + "take name Main\n", 1, ""},
+    {"one_take_in_use", usesTake + "take name Main\n", 1, "2 /out/a Main /i/<Channel> |"},
+    {"no_take_in_use", usesTake, 1, ""},
+    {"pair_in_two_wedges", pair + wedge("prefix=q|steps1=1") + twoSteps, 2,
+     "3 /out/a  /x/q_c_nan. |4 /out/a  /x/p_c_0.000000. |5 /out/a  /x/p_c_1.000000. |"
+     "6<3 /out/a  /i/0. /x/q_c_nan.<FN3>.ifd|7<4 /out/a  /i/0. /x/p_c_0.000000.<FN3>.ifd|"
+     "8<5 /out/a  /i/1. /x/p_c_1.000000.<FN3>.ifd|"},
+    {"wedge_of_another_driver", single + wedge("driver=/out/A|steps1=2"), 1, ""},
+};
+
+class JobCopies : public testing::TestWithParam<_copyCase> {};
+
+TEST_P(JobCopies, FollowTheirPatterns) {
+    vxTest::freshScanState();
+    vxTest::_loader loader;
+    ASSERT_EQ(loader.load(GetParam().scene), resultSuccess);
+    QString rows;
+    for (int i = GetParam().patterns; i < loader.count(); ++i) rows += rowOf(loader.job(i)) + u'|';
+    EXPECT_EQ(plain(rows), GetParam().copies);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, JobCopies, testing::ValuesIn(copyCases), [](const auto& i) { return i.param.what; });
+
+// The numbers have 8 bits and repeat; a host's own job may have any number.
+TEST(JobCopiesInALongArray, RenderWhatTheirTruePartnerWrites) {
+    vxTest::freshScanState();
+    vxTest::_loader loader;
+    loader.array().setArraySize(310);
+    loader.array().count = 1;
+    loader.array().at(0)->preID = 2;  // as the export job's
+    ASSERT_EQ(loader.load(takes + pair + wedge("steps1=50")), resultSuccess);
+    ASSERT_EQ(loader.count(), 3 * (1 + 2) + 3 * 2 * 50);
+    for (int i = 1; i < loader.count(); ++i) {
+        const auto& job = loader.job(i);
+        EXPECT_EQ(job.preID, (i + 1) % 256);
+        if (job.waitForPreIDCount == 0) continue;
+        int before = i - 1;
+        while (before > 0 && loader.job(before).preID != job.waitForPreIDs[0]) --before;
+        const QString scene = loader.job(before).imageDir.toQString() + loader.job(before).imageFileName.toQString();
+        EXPECT_EQ(plainOf(job.sceneName), plain(scene) + "<FN3>.ifd") << i;
+        EXPECT_EQ(plainOf(job.channel), plainOf(loader.job(before).channel)) << i;
+    }
+}
+
+// Pages that are mapped but not yet written cost nothing: a full array without its 3.7 GB.
+TEST(JobCopiesOfTwoThousandMillionVariants, EndWhereTheArrayIsFull) {
+    vxTest::freshScanState();
+    constexpr int room = vxJ::jobArrayCapacity;
+    constexpr std::size_t bytes = room * vxJ::largePathRecordSize;
+    void* const pages =
+        mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    vxTest::_loader loader;
+    vxJ::_JobBasicsArray& array = loader.array();
+    std::tie(array.jobs, array.allocated, array.count) =
+        std::tuple(static_cast<vxJ::_JobBasics_largePath*>(pages), room, room - 2);
+    array.at(room - 3)->layer = u"/out/a";
+    array.at(room - 3)->imageFileName = u"n$WEDGENUM";
+    wedges.append({{}, {}, QStringLiteral("/out/a"), {}, {{{}, 0, 1, 50000}, {{}, 0, 1, 40000}}});
+    EXPECT_EQ(finishJobs(loader.record(), {}), resultNoMoreJobs);
+    for (const auto& [fromEnd, name] : {std::pair{3, "n"}, {2, "n0"}, {1, "n1"}})
+        EXPECT_EQ(plainOf(loader.job(room - fromEnd).imageFileName), name);
+    std::tie(array.jobs, array.allocated) = std::tuple(nullptr, 0);
+    munmap(pages, bytes);
+}
+
+TEST(WedgePlaceholders, AreReplacedInEveryNameOfAJob) {
+    const auto job = std::make_unique<vxJ::_JobBasics_largePath>();
+    const auto names = {&job->imageDir, &job->imageFileName, &job->channels[99].fileName, &job->sceneName};
+    for (const auto& [app, scene] : {std::pair{appNameHoudini, "${WEDGE}"}, {appNameArnold, "v"}}) {
+        job->app = QString(app);
+        for (auto* name : names) *name = u"${WEDGENUM}-$WEDGENUM-${WEDGE}-$WEDGE-$wedge";
+        job->sceneName = u"${WEDGE}";
+        nameWedgeVariant(*job, QStringLiteral("7"), QStringLiteral("v"));
+        for (auto* name : names) EXPECT_EQ(plainOf(*name), name == &job->sceneName ? scene : "7-7-v-v-$wedge");
+    }
+}
+
+TEST(WedgePlaceholders, StayInNoJob) {
+    const QByteArray aov = "|ar_aov_separate_file1=/i/$WEDGE/$WEDGENUM.$F4.exr";
+    for (const char* prefix : {"$WEDGE", "${WEDGE}$WEDGENUM", "$WED$WEDGEGE"}) {
+        vxTest::freshScanState();
+        vxTest::_loader loader;
+        ASSERT_EQ(loader.load(driver("vm_picture=/$WEDGE/$WED$WEDGEGE.exr" + aov, "out/b") + pair +
+                              wedge("steps1=3|prefix=" + QByteArray(prefix))),
+                  resultSuccess);
+        ASSERT_EQ(loader.count(), 1 + 2 + 2 * 3);
+        for (int i = 0; i < loader.count(); ++i)
+            for (const auto* name : {&loader.job(i).imageDir, &loader.job(i).imageFileName,
+                                     &loader.job(i).channels[0].fileName, &loader.job(i).sceneName})
+                EXPECT_FALSE(name->contains(u"$WEDGE") || name->contains(u"${WEDGE")) << i << plainOf(*name);
+    }
+}
+
+TEST(SecondLoad, FindsTheWedgesAndTakesOfTheFirst) {
+    vxTest::freshScanState();
+    ASSERT_EQ(vxTest::_loader().load(twoSteps), resultSuccess);
+    nodeActiveTakes[_vxString<150>(u"/out/a")] = QStringLiteral("old");
+    vxTest::_loader second;
+    ASSERT_EQ(second.load(takes + single), resultSuccess);
+    EXPECT_EQ(second.count(), (1 + 2) * (1 + 2));  // the driver's own section goes before its older take
+}
+
+}  // namespace
+
+}  // namespace vxP
