@@ -21,4 +21,7 @@ inline QString wide(const std::string& text) {
     return QString::fromStdString(text);
 }
 
+/// Names a table's rows by their first field.
+inline constexpr auto rowName = [](const auto& row) { return row.param.what; };
+
 }  // namespace vxTest

@@ -27,8 +27,7 @@ void readCamera(const char* header, const QByteArray& text) {
 }
 
 struct _sectionCase {
-    const char* what;
-    const char* header;
+    const char *what, *header;
     QByteArray text;
     const char* camera;  ///< null: none
     int width = 0, height = 0;
@@ -70,8 +69,7 @@ TEST_P(CameraSection, BecomesAnEntry) {
     EXPECT_TRUE(camera.renderNodes.isEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, CameraSection, testing::ValuesIn(sectionCases),
-                         [](const auto& i) { return i.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, CameraSection, testing::ValuesIn(sectionCases), vxTest::rowName);
 
 TEST_F(CamList, JoinsSectionAndDriversInEitherOrder) {
     const QStringList drivers{QStringLiteral("/out/b"), QStringLiteral("/out/a"), QStringLiteral("/out/b")};

@@ -25,12 +25,10 @@ void readLop(const char* header, const QByteArray& text) {
 }
 
 struct _sectionCase {
-    const char* what;
-    const char* header;
+    const char *what, *header;
     QByteArray text;
     const char* path;  ///< null: none
-    const char* image = "";
-    const char* renderer = "";
+    const char *image = "", *renderer = "";
     bool take = false;
 };
 
@@ -64,13 +62,11 @@ TEST_P(LopSection, BecomesAnEntry) {
     EXPECT_TRUE(node.renderNodes.isEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, LopSection, testing::ValuesIn(sectionCases),
-                         [](const auto& i) { return i.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, LopSection, testing::ValuesIn(sectionCases), vxTest::rowName);
 
 TEST(LopNode, KnowsItsRendererByName) {
     struct _case {
-        const char* path;
-        const char* text;
+        const char *path, *text;
         std::string suffix;
         const char* before = "";
     };

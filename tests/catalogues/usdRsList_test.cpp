@@ -60,8 +60,7 @@ TEST_P(USDSettings, WriteTheirArchiveIntoTheirFirstDriversJobs) {
     EXPECT_EQ(read("}\n"), resultNoMoreJobs);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, USDSettings, testing::ValuesIn(settingsCases),
-                         [](const auto& i) { return i.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, USDSettings, testing::ValuesIn(settingsCases), vxTest::rowName);
 
 }  // namespace
 

@@ -64,8 +64,7 @@ TEST_P(WedgeSection, NamesItsVariants) {
     EXPECT_EQ(wedges[0].totalWedges(), GetParam().total) << "stays as it was read";
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, WedgeSection, testing::ValuesIn(wedgeCases),
-                         [](const auto& i) { return i.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, WedgeSection, testing::ValuesIn(wedgeCases), vxTest::rowName);
 
 TEST(Wedges, FindTheirDriverFromTheirOwnFolder) {
     for (const auto& [header, path] : {std::pair{"0707out/wedge1.parm {", "/out/../a"},

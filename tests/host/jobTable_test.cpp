@@ -22,10 +22,7 @@ QJsonObject fromText(const char* json) {
 }
 
 struct _cell {
-    const char* what;
-    const char* job;
-    const char* frames;
-    const char* output;
+    const char *what, *job, *frames, *output;
 };
 constexpr _cell cells[] = {
     {"scene_folder", R"({"seqStart":1,"seqEnd":5,"seqStep":1,"imageDir":"<SceneFolder>r/","imageFileName":"a.",
@@ -55,7 +52,7 @@ TEST_P(JobCells, SayFramesAndOutput) {
     EXPECT_EQ(outputCell(job, _cellScene{sceneWith({job})}), QLatin1String{GetParam().output});
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, JobCells, testing::ValuesIn(cells), [](const auto& test) { return test.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, JobCells, testing::ValuesIn(cells), vxTest::rowName);
 
 TEST(JobCells, WaitedForJobsAreNumberedAsLongAsTheirOwnNumbersAreUnique) {
     QJsonArray jobs;
@@ -66,8 +63,7 @@ TEST(JobCells, WaitedForJobsAreNumberedAsLongAsTheirOwnNumbersAreUnique) {
 }
 
 struct _elision {
-    const char* what;
-    const char* path;
+    const char *what, *path;
     int columns;
     const char* elided;
 };
@@ -91,8 +87,7 @@ TEST_P(ElidePath, KeepsTheFileName) {
     EXPECT_EQ(elided.toStdString(), GetParam().elided);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, ElidePath, testing::ValuesIn(elisions),
-                         [](const auto& test) { return test.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, ElidePath, testing::ValuesIn(elisions), vxTest::rowName);
 
 TEST(JobTable, FitsEveryWidthAndKeepsTheDriver) {
     useUtf8Characters();

@@ -153,8 +153,7 @@ TEST_P(CommandLine, GivesItsTextOrOneLineAndAStatus) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, CommandLine, testing::ValuesIn(usages),
-                         [](const auto& test) { return test.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, CommandLine, testing::ValuesIn(usages), vxTest::rowName);
 
 TEST(VxScene, JobObjectHoldsEveryFieldUntouched) {
     const auto result = onlyScene("/exportPair.hip");

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
-#include <vector>
 
 #include "jobs/VX_DataTypes_jobs0_Basics.h"
 #include "tests/testText.h"
@@ -18,18 +16,14 @@ class JobForms : public testing::Test {};
 using _forms = testing::Types<vxJ::_JobBasics_largePath, vxJ::_JobBasics>;
 TYPED_TEST_SUITE(JobForms, _forms);
 
-constexpr bool isLargePath(const vxJ::_JobBasics_largePath&) {
-    return true;
-}
-constexpr bool isLargePath(const vxJ::_JobBasics&) {
-    return false;
-}
+template <class Record>
+constexpr bool isLargePath = std::is_same_v<Record, vxJ::_JobBasics_largePath>;
 
 TYPED_TEST(JobForms, RecordOfAnyBytesClearsToANewOne) {
     const auto job = std::make_unique<TypeParam>();
     std::memset(static_cast<void*>(job.get()), 0xFF, sizeof(TypeParam));
     job->structureIDs[0] = 7;
-    EXPECT_EQ(job->vxClearBasics(), isLargePath(*job));
+    EXPECT_EQ(job->vxClearBasics(), isLargePath<TypeParam>);
     EXPECT_EQ(job->structureIDs[0], 7);
     EXPECT_EQ(job->structureIDs[9], 0xFFFF);
 
@@ -40,14 +34,13 @@ TYPED_TEST(JobForms, RecordOfAnyBytesClearsToANewOne) {
 
 TYPED_TEST(JobForms, NewRecordIsZeroApartFromItsDefaults) {
     const auto job = std::make_unique<TypeParam>();
-    EXPECT_EQ(job->structureIDs[0], 1033);
-    EXPECT_EQ(job->structureIDs[1], 1);
-    EXPECT_EQ(job->jobKind, 2);
-    EXPECT_EQ(job->imagePadding, 4);
-    EXPECT_EQ(job->sceneSettings.seqStart, 1.0);
-    EXPECT_EQ(job->sceneSettings.seqEnd, 1.0);
-    EXPECT_EQ(job->sceneSettings.seqStep, 1);
-    const std::string automatic = isLargePath(*job) ? "" : "<auto>";
+    EXPECT_EQ(std::tuple(job->structureIDs[0], job->structureIDs[1], job->jobKind, job->imagePadding),
+              std::tuple(1033, 1, 2, 4));
+    const auto& settings = job->sceneSettings;
+    EXPECT_EQ(settings.seqStart, 1.0);
+    EXPECT_EQ(settings.seqEnd, 1.0);
+    EXPECT_EQ(settings.seqStep, 1);
+    const std::string automatic = isLargePath<TypeParam> ? "" : "<auto>";
     const std::string texts[] = {"", automatic, automatic, automatic, ""};
     for (int i = 0; i < 5; ++i) EXPECT_EQ(plainOf(job->sceneSettings.unnamedTexts[i]), texts[i]) << i;
 
@@ -60,22 +53,13 @@ TYPED_TEST(JobForms, NewRecordIsZeroApartFromItsDefaults) {
 
 TEST(WaitList, TakesThirtyTwoJobsAndNoMore) {
     const auto job = std::make_unique<vxJ::_JobBasics>();
-    for (int id = 100; id < 140; ++id) job->addWaitForPreID(static_cast<quint8>(id));
-    EXPECT_EQ(job->waitForPreIDCount, 32);
-    EXPECT_EQ(job->waitForPreIDs[31], 131);
-    EXPECT_EQ(job->jobID, 0U);
-}
-
-TEST(WaitList, SettingAnEntryGrowsTheCountOnly) {
-    const auto job = std::make_unique<vxJ::_JobBasics>();
     job->setWaitForPreID(4, 9);
+    for (const int outside : {-1, 32}) job->setWaitForPreID(outside, 7);
     EXPECT_EQ(job->waitForPreIDCount, 5);
     job->setWaitForPreID(0, 8);
-    job->setWaitForPreID(-1, 7);
-    job->setWaitForPreID(32, 7);
-    EXPECT_EQ(job->waitForPreIDCount, 5);
-    EXPECT_EQ(job->waitForPreIDs[0], 8);
-    EXPECT_EQ(job->waitForPreIDs[4], 9);
+    for (int id = 100; id < 140; ++id) job->addWaitForPreID(static_cast<quint8>(id));
+    EXPECT_EQ(job->waitForPreIDCount, 32);
+    EXPECT_EQ(std::tuple(job->waitForPreIDs[0], job->waitForPreIDs[4], job->waitForPreIDs[31]), std::tuple(8, 9, 126));
     job->waitForPreIDCount = 255;  // a damaged record
     job->addWaitForPreID(6);
     EXPECT_EQ(job->jobID, 0U);

@@ -68,7 +68,7 @@ TEST_P(JobCopies, FollowTheirPatterns) {
     EXPECT_EQ(plain(rows), GetParam().copies);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, JobCopies, testing::ValuesIn(copyCases), [](const auto& i) { return i.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, JobCopies, testing::ValuesIn(copyCases), vxTest::rowName);
 
 // The numbers have 8 bits and repeat; a host's own job may have any number.
 TEST(JobCopiesInALongArray, RenderWhatTheirTruePartnerWrites) {

@@ -23,10 +23,7 @@ class JobFinishing : public testing::Test {
 struct _pairCase {
     const char* what;
     QByteArray scene;
-    const char* app;
-    const char* renderer;
-    const char* sceneName;
-    const char* versionMinor;
+    const char *app, *renderer, *sceneName, *versionMinor;
 };
 
 const QByteArray version = "set -g _HIP_SAVEVERSION = '19.5.640'\n";
@@ -88,8 +85,7 @@ TEST_P(RenderJobOfExport, TakesTheExportAsItsScene) {
     EXPECT_EQ(plain(loader.array().message.view()), " -NoSceneExistCheck ");
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, RenderJobOfExport, testing::ValuesIn(pairCases),
-                         [](const auto& i) { return i.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, RenderJobOfExport, testing::ValuesIn(pairCases), vxTest::rowName);
 
 TEST_F(JobFinishing, CompressesIfdFilesOnRequest) {
     vxTest::_loader loader(QStringLiteral("/p/s.hip"), {QStringLiteral("-HOUDINICOMPRESSEDIFD")});

@@ -33,13 +33,9 @@ class SceneScan : public testing::Test {
 };
 
 struct _versionCase {
-    const char* what;
-    const char* line;
-    const char* argument;
+    const char *what, *line, *argument;
     int major;
-    const char* full;
-    const char* minor;
-    const char* versionMinor;
+    const char *full, *minor, *versionMinor;
 };
 
 constexpr _versionCase versionCases[] = {
@@ -65,8 +61,7 @@ TEST_P(SceneVersion, IsTakenApart) {
     EXPECT_TRUE(hVariables.isEmpty());  // the version is no variable
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, SceneVersion, testing::ValuesIn(versionCases),
-                         [](const auto& i) { return i.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, SceneVersion, testing::ValuesIn(versionCases), vxTest::rowName);
 
 TEST_F(SceneScan, TakesTheSceneRangeFromTheCommand) {
     struct _case {

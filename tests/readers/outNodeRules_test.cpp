@@ -24,8 +24,7 @@ std::unique_ptr<vxTest::_loader> scanned(const QByteArray& scene) {
 
 /// A scene with the range 11-22, and a driver with these lines.
 struct _rangeCase {
-    const char* what;
-    const char* lines;
+    const char *what, *lines;
     double start, end;
     int step;
 };
@@ -62,7 +61,7 @@ TEST_P(FrameRange, IsTheDriversOrTheScenes) {
     EXPECT_EQ(settings.seqStep, GetParam().step);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, FrameRange, testing::ValuesIn(rangeCases), [](const auto& i) { return i.param.what; });
+INSTANTIATE_TEST_SUITE_P(Table, FrameRange, testing::ValuesIn(rangeCases), vxTest::rowName);
 
 TEST(DriverCamera, IsCataloguedOrHoldsBackTheRenderJob) {
     struct _case {
