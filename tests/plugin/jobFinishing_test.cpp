@@ -10,58 +10,30 @@ namespace vxP {
 
 namespace {
 
+using vxTest::driver;
 using vxTest::plain;
 using vxTest::plainOf;
-using vxTest::section;
-
-class JobFinishing : public testing::Test {
- protected:
-    void SetUp() override { vxTest::freshScanState(); }
-};
 
 /// One export pair for each application, and what its render job must say.
 struct _pairCase {
-    const char* what;
-    QByteArray scene;
-    const char *app, *renderer, *sceneName, *versionMinor;
+    const char *what, *lines, *app, *renderer, *sceneName, *versionMinor;
 };
 
-const QByteArray version = "set -g _HIP_SAVEVERSION = '19.5.640'\n";
-const QByteArray kick = "set -g HtoA_KickVersion = '7.1.2'\n";
-
-const _pairCase pairCases[] = {
-    {"mantra",
-     section("out/a",
-             {{"vm_picture", "/i/a.$F4.exr"}, {"soho_outputmode", "\"on\""}, {"soho_diskfile", "/x/y/a.$F3.ifd"}}),
-     "Mantra_StdA", "", "/x/y/a.<FN3>.ifd", "5.640"},
-    {"arnold",
-     kick +
-         section("out/a",
-                 {{"ar_picture", "/i/a.$F4.exr"}, {"ar_ass_export_enable", "on"}, {"ar_ass_file", "/x/y/a.$F4.ass"}}),
-     "Arnold", "HtoA", "/x/y/a.<FN4>.ass", "10000"},
-    {"redshift",
-     section("out/a", {{"RS_outputFileNamePrefix", "/i/a.$F4.exr"},
-                       {"RS_archive_enable", "on"},
-                       {"RS_archive_file", "/x/y/a.$F4.rs"}}),
-     "Redshift", "createRS", "/x/y/a.<FN4>.rs", "30000"},
-    {"renderman",
-     section("out/a",
-             {{"ri_display_0", "/i/a.$F4.exr"}, {"rib_outputmode", "on"}, {"soho_diskfile", "/x/y/a.$F4.rib"}}),
-     "RenderMan", "createRIB", "/x/y/a.<FN4>.rib", "20000"},
-    {"vray_per_frame",
-     section("out/a", {{"SettingsOutput_img_file_path", "/i/a.$F4.exr"},
-                       {"render_export_mode", "2"},
-                       {"render_export_filepath", "/x/a.$F4.vrscene"}}),
+constexpr _pairCase pairCases[] = {
+    {"mantra", "vm_picture=/i/a.$F4.exr|soho_outputmode=\"on\"|soho_diskfile=/x/y/a.$F3.ifd", "Mantra_StdA", "",
+     "/x/y/a.<FN3>.ifd", "5.640"},
+    {"arnold", "ar_picture=/i/a.$F4.exr|ar_ass_export_enable=on|ar_ass_file=/x/y/a.$F4.ass", "Arnold", "HtoA",
+     "/x/y/a.<FN4>.ass", "10000"},
+    {"redshift", "RS_outputFileNamePrefix=/i/a.$F4.exr|RS_archive_enable=on|RS_archive_file=/x/y/a.$F4.rs", "Redshift",
+     "createRS", "/x/y/a.<FN4>.rs", "30000"},
+    {"renderman", "ri_display_0=/i/a.$F4.exr|rib_outputmode=on|soho_diskfile=/x/y/a.$F4.rib", "RenderMan", "createRIB",
+     "/x/y/a.<FN4>.rib", "20000"},
+    {"vray_per_frame", "vm_picture=/i/a.$F4.exr|render_export_mode=2|render_export_filepath=/x/a.$F4.vrscene",
      "VRay_StdA", "multifile", "/x/a.<FN4>.vrscene", "5.640"},
-    {"vray_one_file",
-     section("out/a", {{"SettingsOutput_img_file_path", "/i/a.$F4.exr"},
-                       {"render_export_mode", "2"},
-                       {"render_export_filepath", "/x/a.vrscene"}}),
-     "VRay_StdA", "createVrScene", "/x/a.vrscene", "5.640"},
-    {"usd_per_frame", section("out/a", {{"outputimage", "/i/a.$F4.exr"}, {"lopoutput", "/x/a.$F4.usd"}}), "USD_StdA",
-     "Hdni", "/x/a.<FN4>.usd", "5.640"},
-    {"usd_one_file", section("out/a", {{"outputimage", "/i/a.$F4.exr"}, {"lopoutput", "/x/a.usd"}}), "USD_StdA_single",
-     "Hdni", "/x/a.usd", "5.640"},
+    {"vray_one_file", "vm_picture=/i/a.$F4.exr|render_export_mode=2|render_export_filepath=/x/a.vrscene", "VRay_StdA",
+     "createVrScene", "/x/a.vrscene", "5.640"},
+    {"usd_per_frame", "outputimage=/i/a.$F4.exr|lopoutput=/x/a.$F4.usd", "USD_StdA", "Hdni", "/x/a.<FN4>.usd", "5.640"},
+    {"usd_one_file", "outputimage=/i/a.$F4.exr|lopoutput=/x/a.usd", "USD_StdA_single", "Hdni", "/x/a.usd", "5.640"},
 };
 
 class RenderJobOfExport : public testing::TestWithParam<_pairCase> {};
@@ -72,7 +44,8 @@ TEST_P(RenderJobOfExport, TakesTheExportAsItsScene) {
         QStringLiteral("/proj/shots/scene.hip"),
         {QStringLiteral("-customRenVer_Redshift"), QStringLiteral("3"), QStringLiteral("-CUSTOMRENVER_PRMAN"),
          QStringLiteral("25.2"), QStringLiteral("-customRenVer_VRay")});
-    ASSERT_EQ(loader.load(version + GetParam().scene), resultSuccess);
+    const QByteArray variables = "set -g _HIP_SAVEVERSION = '19.5.640'\nset -g HtoA_KickVersion = '7.1.2'\n";
+    ASSERT_EQ(loader.load(variables + driver(GetParam().lines)), resultSuccess);
     ASSERT_EQ(loader.count(), 2);
     EXPECT_EQ(plainOf(loader.job(0).sceneName), "/proj/shots/scene.hip");
     EXPECT_EQ(plainOf(loader.job(0).requiredLicenses), "Houdini");
@@ -87,55 +60,52 @@ TEST_P(RenderJobOfExport, TakesTheExportAsItsScene) {
 
 INSTANTIATE_TEST_SUITE_P(Table, RenderJobOfExport, testing::ValuesIn(pairCases), vxTest::rowName);
 
-TEST_F(JobFinishing, CompressesIfdFilesOnRequest) {
+TEST(JobFinishing, CompressesIfdFilesOnRequest) {
+    vxTest::freshScanState();
     vxTest::_loader loader(QStringLiteral("/p/s.hip"), {QStringLiteral("-HOUDINICOMPRESSEDIFD")});
-    ASSERT_EQ(loader.load(pairCases[0].scene), resultSuccess);
+    ASSERT_EQ(loader.load(driver(pairCases[0].lines)), resultSuccess);
     EXPECT_EQ(plainOf(loader.job(0).appRenderer), "createIFDzip");
     EXPECT_EQ(plainOf(loader.job(0).imageExtension), ".ifd.gz");
     EXPECT_EQ(plainOf(loader.job(1).sceneName), "/x/y/a.<FN3>.ifd.gz");
 }
 
-TEST_F(JobFinishing, OrdersVariablesByLengthAndKeepsEqualOnes) {
-    vxTest::_loader loader;
-    loader.load("set -g JOB = '/b'\nset -g B = '1'\nset -g A = '2'\nset -g JOBX = '/a'\n");
-    QStringList names;
-    for (const _namevalue& variable : hVariables) names.append(variable.name);
-    EXPECT_EQ(names.join(u' '), QLatin1String("JOBX JOB B A"));
+TEST(JobFinishing, OrdersVariablesByLengthAndKeepsEqualOnes) {
+    vxTest::freshScanState();
+    vxTest::_loader().load("set -g JOB = '/b'\nset -g B = '1'\nset -g A = '2'\nset -g JOBX = '/a'\n");
+    QString names;
+    for (const _namevalue& variable : hVariables) names += variable.name + u' ';
+    EXPECT_EQ(plain(names), "JOBX JOB B A ");
 }
 
-TEST_F(JobFinishing, MarksStereoOnlyOnJobsThatRender) {
+TEST(JobFinishing, MarksStereoOnlyOnJobsThatRender) {
+    vxTest::freshScanState();
     vxTest::_loader loader;
-    ASSERT_EQ(loader.load(section("out/a", {{"vm_picture", "/i/a.$F4.exr"},
-                                            {"camera", "/obj/stereocam1"},
-                                            {"soho_outputmode", "on"},
-                                            {"soho_diskfile", "/x/a.$F4.ifd"},
-                                            {"take", "wide"}}) +
-                          section("obj/stereocam1", {{"res", "2048\t1080"}}) + "set -g JOB = '/proj'\n"),
-              resultSuccess);
+    const QByteArray exporting = driver(pairCases[0].lines + QByteArray("|camera=/obj/stereocam1|take=wide"));
+    ASSERT_EQ(loader.load(exporting + driver("res=2048\t1080", "obj/stereocam1") + "set -g JOB = '/proj'\n"), 1);
     ASSERT_EQ(loader.count(), 2);
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(plainOf(loader.job(i).camera), "/obj/stereocam1");
         EXPECT_EQ(plainOf(loader.job(i).channel), "wide");
         EXPECT_EQ(plain(loader.job(i).sceneSettings.customData_Str(QStringLiteral("HoudiniJob"))), "/proj");
+        EXPECT_EQ(plainOf(loader.job(i).imageFileName), i == 0 ? "a." : "a.<Stereo>");
+        EXPECT_EQ(plainOf(loader.job(i).imageStereoL), i == 0 ? "" : "_left");
+        EXPECT_EQ(plainOf(loader.job(i).imageStereoR), i == 0 ? "" : "_right");
     }
-    EXPECT_EQ(plainOf(loader.job(0).imageFileName), "a.");
-    EXPECT_EQ(plainOf(loader.job(0).imageStereoL), "");
-    EXPECT_EQ(plainOf(loader.job(1).imageFileName), "a.<Stereo>");
-    EXPECT_EQ(plainOf(loader.job(1).imageStereoL), "_left");
-    EXPECT_EQ(plainOf(loader.job(1).imageStereoR), "_right");
 }
 
-TEST_F(JobFinishing, CutsTheOptionsAtTheirCapacity) {
+TEST(JobFinishing, CutsTheOptionsAtTheirCapacity) {
+    vxTest::freshScanState();
     vxTest::_loader loader;
     loader.array().message = QStringView{QString(990, u'x')};
-    loader.load(section("out/a", {{"vm_picture", "/i/a.exr"}, {"ar_aov_separate_file1", "$HIP/a.exr"}}));
+    loader.load(driver("vm_picture=/i/a.exr|ar_aov_separate_file1=$HIP/a.exr"));
     EXPECT_EQ(plain(loader.array().message.view()), std::string(990, 'x') + " \"AllowLoc");
 }
 
-TEST_F(JobFinishing, TellsOfDriversWithoutUsableOutputOnlyWhenThereIsNoJob) {
-    const QByteArray viewer = section("out/a", {{"vm_picture", "ip"}});
+TEST(JobFinishing, TellsOfDriversWithoutUsableOutputOnlyWhenThereIsNoJob) {
+    vxTest::freshScanState();
+    const QByteArray viewer = driver("vm_picture=ip");
     EXPECT_EQ(vxTest::_loader().load(viewer), resultNoUsableOutput);
-    EXPECT_EQ(vxTest::_loader().load(viewer + section("out/b", {{"vm_picture", "/i/a.exr"}})), resultSuccess);
+    EXPECT_EQ(vxTest::_loader().load(viewer + driver("vm_picture=/i/a.exr", "out/b")), resultSuccess);
 }
 
 }  // namespace

@@ -13,37 +13,16 @@ namespace {
 using vxTest::plain;
 using vxTest::wide;
 
-QString outerUnquoted(const QString& value) {
-    return withoutOuterQuotes(value);
+TEST(ParamValue, IsTakenOutOfItsText) {
+    EXPECT_EQ(plain(parenthesised(wide("f\t[ 0 ]\t(\t1\t2\t)\t(3)"))), "1\t2");
+    EXPECT_EQ(plain(parenthesised(wide("f\t( a(1).exr )"))), "a(1");
+    EXPECT_EQ(plain(outerParenthesised(wide("f\t( a(1).exr ) x"))), "a(1).exr");
+    EXPECT_EQ(plain(withoutOuterQuotes(wide("\"a\"b\""))), "a\"b");
+    EXPECT_EQ(plain(withoutOuterQuotes(wide("\""))), "");
+    EXPECT_EQ(plain(nextFields(wide("12"))), "12");
+    EXPECT_EQ(plain(withoutChannelReference(wide("[ f1\ta[0] ] [ f1\tb ]"), wide("f1"))), "a[0  \tb");
+    EXPECT_EQ(plain(withoutNodeExpression(wide("`chsop(\\"))), "");
 }
-QString withoutF1(const QString& value) {
-    return withoutChannelReference(value, QStringLiteral("f1"));
-}
-
-struct _valueCase {
-    const char* what;
-    QString (*operation)(const QString&);
-    const char *in, *out;
-};
-
-constexpr _valueCase valueCases[] = {
-    {"parentheses", parenthesised, "f\t[ 0 ]\t(\t1\t2\t)\t(3)", "1\t2"},
-    {"inner_parenthesis_cuts", parenthesised, "f\t( a(1).exr )", "a(1"},
-    {"outer_keeps_inner_parentheses", outerParenthesised, "f\t( a(1).exr ) x", "a(1).exr"},
-    {"leading_quote_alone", outerUnquoted, "\"ab", "ab"},
-    {"one_quote", outerUnquoted, "\"", ""},
-    {"no_next_field", nextFields, "12", "12"},
-    {"every_bracket_of_a_channel", withoutF1, "[ f1\ta[0] ] [ f1\tb ]", "a[0  \tb"},
-    {"shortest_node_expression", withoutNodeExpression, "`chsop(\\", ""},
-};
-
-class ParamValue : public testing::TestWithParam<_valueCase> {};
-
-TEST_P(ParamValue, IsTakenOutOfItsText) {
-    EXPECT_EQ(plain(GetParam().operation(wide(GetParam().in))), GetParam().out);
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, ParamValue, testing::ValuesIn(valueCases), vxTest::rowName);
 
 struct _sectionCase {
     const char* what;
@@ -72,8 +51,7 @@ TEST_P(ParamSection, IsReadUpToItsBrace) {
         parameters += parameter + u'|';
         return _step::next;
     };
-    constexpr qint32 closed = 42;
-    EXPECT_EQ(readSection(stream, line, note, [] { return closed; }), GetParam().closed ? closed : resultSuccess);
+    EXPECT_EQ(readSection(stream, line, note, [] { return 42; }), GetParam().closed ? 42 : resultSuccess);
     EXPECT_EQ(plain(parameters), GetParam().parameters);
     EXPECT_EQ(plain(stream.readAll()), GetParam().rest);
 }

@@ -7,7 +7,6 @@
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
 #include "plugin/jobFinishing.h"
-#include "plugin/sceneScan.h"
 #include "readers/scanState.h"
 
 namespace vxTest {
@@ -29,16 +28,11 @@ QByteArray driver(const QByteArray& lines, const QByteArray& path) {
     return path + ".parm {\n" + params(lines) + "}\n";
 }
 
-QByteArray openSection(const QByteArray& path, _params params) {
-    QByteArray text = "0707070000010000000006660000000000000000010000001415153474100001600000000100";
-    text += path + ".parm";
+QByteArray section(const QByteArray& path, std::initializer_list<std::pair<const char*, const char*>> params) {
+    QByteArray text = "0707070000010000000006660000000000000000010000001415153474100001600000000100" + path + ".parm";
     text += QByteArray(1, '\0') + "{\nversion 0.8\n";
     for (const auto& [name, value] : params) text += param(name, value);
-    return text;
-}
-
-QByteArray section(const QByteArray& path, _params params) {
-    return openSection(path, params) + "}\n";
+    return text + "}\n";
 }
 
 _loader::_loader(const QString& sceneFileName, const QStringList& arguments)
@@ -50,28 +44,19 @@ _loader::_loader(const QString& sceneFileName, const QStringList& arguments)
     loadRecord = {&sceneName, jobs.get(), &settings};
 }
 
-namespace {
-
-qint32 scanText(vxP::_dataPARS_LoadSceneFile& load, const QByteArray& scene, vxP::_sceneFacts& facts) {
-    QBuffer buffer;
-    buffer.setData(scene);
-    buffer.open(QIODevice::ReadOnly);
-    vxP::readSubmitterArguments(*load.settings, facts);
-    vxP::importSceneFolder(*load.sceneFileName);
-    return vxP::scanScene(load, buffer, facts);
-}
-
-}  // namespace
-
 qint32 _loader::load(const QByteArray& scene) {
-    vxP::_sceneFacts facts;
-    const qint32 scanned = scanText(loadRecord, scene, facts);
-    return scanned == vxP::resultSuccess ? vxP::finishJobs(loadRecord, facts) : scanned;
+    const qint32 scanned = scan(scene);
+    return scanned == vxP::resultSuccess ? vxP::finishJobs(loadRecord, sceneFacts) : scanned;
 }
 
 qint32 _loader::scan(const QByteArray& scene) {
-    vxP::_sceneFacts facts;
-    return scanText(loadRecord, scene, facts);
+    QBuffer buffer;
+    buffer.setData(scene);
+    buffer.open(QIODevice::ReadOnly);
+    sceneFacts = {};
+    vxP::readSubmitterArguments(settings, sceneFacts);
+    vxP::importSceneFolder(sceneName);
+    return vxP::scanScene(loadRecord, buffer, sceneFacts);
 }
 
 void freshScanState() {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "jobs/VX_DataTypes_plugin.h"
+#include "plugin/sceneScan.h"
 
 namespace vxTest {
 
@@ -21,13 +21,9 @@ QByteArray params(const QByteArray& text);
 /// The section of an output driver with parameter lines in short.
 QByteArray driver(const QByteArray& lines, const QByteArray& path = "out/a");
 
-using _params = std::initializer_list<std::pair<const char*, const char*>>;
-
 /// A node's parameter section as an archive entry holds it: a header line that ends in NUL and "{", the parameters,
 /// and the closing brace. `path` is for example "out/mantra1".
-QByteArray section(const QByteArray& path, _params params);
-/// The same, cut off before its closing brace.
-QByteArray openSection(const QByteArray& path, _params params);
+QByteArray section(const QByteArray& path, std::initializer_list<std::pair<const char*, const char*>> params);
 
 /// A job array on the heap with everything that a load needs.
 class _loader {
@@ -44,6 +40,8 @@ class _loader {
     vxJ::_JobBasicsArray& array() { return *jobs; }
     const vxJ::_JobBasics_largePath& job(int index) const { return *jobs->at(index); }
     int count() const { return jobs->count; }
+    /// Of the last scan.
+    const vxP::_sceneFacts& facts() const { return sceneFacts; }
 
  private:
     std::unique_ptr<vxJ::_JobBasicsArray> jobs;
@@ -52,6 +50,7 @@ class _loader {
     std::vector<const char*> argumentPointers;
     vxP::_submitterSettings settings;
     vxP::_dataPARS_LoadSceneFile loadRecord;
+    vxP::_sceneFacts sceneFacts;
 };
 
 /// Brings the module-wide state back to what it is when the plug-in has just been loaded.
