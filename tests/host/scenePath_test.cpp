@@ -11,27 +11,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Folders a/b and other, a link a/link -> other, the scenes a/s.hip and s.hip.
-class ScenePath : public testing::Test {
- protected:
-    ScenePath() {
-        fs::create_directories(root / "a/b");
-        fs::create_directories(root / "other");
-        fs::create_directory_symlink(root / "other", root / "a/link");
-        std::ofstream{root / "a/s.hip"} << "a";
-        std::ofstream{root / "s.hip"} << "root";
-    }
-    ~ScenePath() override { fs::remove_all(root); }
-
-    QString below(const char* path) const { return QString::fromStdString((root / path).native()); }
-    QString resolved(const char* path) const { return vxH::absoluteScenePath((root / path).c_str()).path; }
-
+TEST(ScenePath, IsTidiedWhereItStaysTheSameFile) {
     const fs::path root = fs::canonical(fs::temp_directory_path()) / ("scenePath_test" + std::to_string(getpid()));
-};
-
-TEST_F(ScenePath, IsTidiedWhereItStaysTheSameFile) {
-    EXPECT_EQ(resolved("a/./b/../s.hip"), below("a/s.hip"));
-    EXPECT_EQ(resolved("a/link/../s.hip"), below("a/link/../s.hip"));  // the one in the root, not a/s.hip
+    fs::create_directories(root / "a/b");
+    fs::create_directories(root / "other");
+    fs::create_directory_symlink(root / "other", root / "a/link");
+    for (const char* scene : {"a/s.hip", "s.hip"}) std::ofstream{root / scene} << scene;
+    const auto resolved = [&](const char* path) { return vxH::absoluteScenePath((root / path).c_str()).path; };
+    EXPECT_EQ(resolved("a/./b/../s.hip").toStdString(), root / "a/s.hip");
+    EXPECT_EQ(resolved("a/link/../s.hip").toStdString(), root / "a/link/../s.hip");  // the one in the root
+    fs::remove_all(root);
 }
 
 TEST(ScenePathProblem, SaysWhyThePluginCannotHaveThePath) {

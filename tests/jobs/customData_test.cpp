@@ -50,8 +50,6 @@ TEST_F(CustomData, FindsNamesInAnyCaseAndKeepsTheFirstSpelling) {
     set("USERINFO", "three");
     settings->customDataAppend_Str(wide("COMMENT"), wide("+"));
     EXPECT_EQ(all(), "UserInfo=three\ncomment=two+\n");
-    EXPECT_EQ(plain(settings->customData_UserInfo()), "three");
-    EXPECT_TRUE(settings->customData_ContainCommentInfo());
     EXPECT_FALSE(settings->customData_Contains(wide("Comm")));
 }
 
@@ -61,22 +59,10 @@ TEST_F(CustomData, EmptyValueDeletesAndPassesOverTheNext) {
     EXPECT_EQ(all(), "a=1\nA=2\nb=3\na=4\n");
     set("a", "");
     set("missing", "");
+    for (const int outside : {-1, 2}) settings->customDataSet_StrByID(outside, wide("y"));
     EXPECT_EQ(all(), "A=2\nb=3\n");
-}
-
-TEST_F(CustomData, ChangesByNumber) {
-    settings->customDataSet_All({{wide("a"), wide("1")}, {wide("b"), wide("2")}, {wide("a"), wide("3")}});
-    settings->customDataSet_StrByID(2, wide("x"));
-    settings->customDataSet_StrByID(0, QString());
-    for (const int outside : {-1, 2}) {
-        settings->customDataSet_StrByID(outside, wide("y"));
-        EXPECT_EQ(plain(settings->customData_NameByID(outside) + settings->customData_StrByID(outside)), "");
-    }
-    EXPECT_EQ(all(), "b=2\na=x\n");
-    const auto before = std::make_unique<_JobSettingsScene>(*settings);
-    settings->customData_ClearAll();
-    EXPECT_EQ(all(), "");
-    EXPECT_TRUE(settings->customData_isEqual(before.get()));  // the block stays
+    settings->customDataSet_StrByID(0, wide("x"));
+    EXPECT_EQ(all(), "A=x\nb=3\n");
 }
 
 TEST_F(CustomData, DropsWhatDoesNotFit) {

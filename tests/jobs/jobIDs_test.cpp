@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "jobs/jobVariables.h"
+#include "jobs/VX_DataTypes_jobs0_Basics.h"
 #include "tests/testText.h"
 
 namespace vxJ {
@@ -41,48 +41,11 @@ TEST(JobID, ShowsAsLetters) {
     }
 }
 
-/// Gives every field a value of its own: 1, 2, 3 ...
-template <class... Text>
-void countTexts(Text&... texts) {
-    int value = 0;
-    ((texts = QStringView(QStringLiteral("T%1").arg(++value))), ...);
-}
-
 class JobText : public testing::Test {
  protected:
     std::unique_ptr<_JobBasics_largePath> job = std::make_unique<_JobBasics_largePath>();
     std::unique_ptr<_JobBasics> compact = std::make_unique<_JobBasics>();
 };
-
-TEST_F(JobText, ListsItsVariablesUnderEveryName) {
-    countTexts(job->app, job->appRenderer, job->appType, job->appRendererVersion, job->appVersionMinor, job->camera,
-               job->layer, job->channel, job->sceneState, job->colorSpace, job->requiredLicenses,
-               job->imageFormatOverride, job->imageStereoL, job->imageStereoM, job->imageStereoR, job->shotgunID,
-               job->sceneDatabaseDir, job->imageDir, job->imageExtension, job->sceneSettings.seqFrameSet);
-    job->sceneOS = 2;
-    std::tie(job->appVersionMajor, job->imageMulti, job->pnl) = std::tuple(qint16{-1}, qint8{-3}, quint8{'P'});
-    job->imageSingleOutputFile = true;
-    job->sceneName = u"C:\\s\\a.b.hip";
-    job->sceneSettings.seqStart = -1.5;
-    job->sceneSettings.seqEnd = 1000000;
-    job->sceneSettings.customDataSet_Str(QString(CUSTOMAdditionalCommandlineFlags), QStringLiteral("-x"));
-    job->toJobsBasic(*compact);
-    _varValList list{{QStringLiteral("old"), QString()}};
-    compact->exportJobVarList_Basic(list);
-    QString text;
-    for (const auto& variable : list) text += variable.name + u'=' + variable.value + u'|';
-    EXPECT_EQ(plain(text),
-              "sceneOS=2|sceneOSstr=linux|AppVer=-1|App=T1|AppRenderer=T2|AppType=t3|AppRendererVersion=T4|"
-              "vxJobRendererVersion=T4|AppVerMinor=T5|Camera=T6|Layer=T7|Pass=T7|Channel=T8|AOVChannel=T8|AOV=T8|"
-              "State=T9|SceneState=T9|ColorSpace=T10|renderLicenses=T11|requiredLicenses=T11|ImageWidth=0|Width=0|"
-              "ImageHeight=0|Height=0|ImageSingleOutputFile=1|ImageFormatOverride=T12|OverrideImageFormat=T12|"
-              "TotalTiles=-3|ImageMulti=-3|ImageStereoL=T13|ImageStereoM=T14|ImageStereoR=T15|ShotgunID=T16|"
-              "ShutgunID=T16|PNL=P|Padding=4|SceneFolder=C:\\s\\|SceneFileNameBase=a.b|<FN>=C:\\s\\a.b.hip|"
-              "Database=T17|SceneDatabaseDir=T17|DatabaseName=T17|ImageDir=T18|MainImageDir=T18|"
-              "MainImageExtension=T19|TotalStart=-1.5|TotalSeqStart=-1.5|TotalEnd=1000000|TotalSeqEnd=1000000|"
-              "SeqFrameSet=T20|FrameSet=T20|TotalStep=1|TotalSeqStep=1|AdditionalCommandlineParam=-x|");
-    EXPECT_EQ(plain(compact->getSceneDisplayName()), "a.b");
-}
 
 TEST_F(JobText, PutsVariablesIntoSquareBrackets) {
     job->layer = u"[Camera]";

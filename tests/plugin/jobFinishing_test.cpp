@@ -42,8 +42,7 @@ TEST_P(RenderJobOfExport, TakesTheExportAsItsScene) {
     vxTest::freshScanState();
     vxTest::_loader loader(
         QStringLiteral("/proj/shots/scene.hip"),
-        {QStringLiteral("-customRenVer_Redshift"), QStringLiteral("3"), QStringLiteral("-CUSTOMRENVER_PRMAN"),
-         QStringLiteral("25.2"), QStringLiteral("-customRenVer_VRay")});
+        QStringLiteral("-customRenVer_Redshift 3 -CUSTOMRENVER_PRMAN 25.2 -customRenVer_VRay").split(u' '));
     const QByteArray variables = "set -g _HIP_SAVEVERSION = '19.5.640'\nset -g HtoA_KickVersion = '7.1.2'\n";
     ASSERT_EQ(loader.load(variables + driver(GetParam().lines)), resultSuccess);
     ASSERT_EQ(loader.count(), 2);
@@ -91,14 +90,6 @@ TEST(JobFinishing, MarksStereoOnlyOnJobsThatRender) {
         EXPECT_EQ(plainOf(loader.job(i).imageStereoL), i == 0 ? "" : "_left");
         EXPECT_EQ(plainOf(loader.job(i).imageStereoR), i == 0 ? "" : "_right");
     }
-}
-
-TEST(JobFinishing, CutsTheOptionsAtTheirCapacity) {
-    vxTest::freshScanState();
-    vxTest::_loader loader;
-    loader.array().message = QStringView{QString(990, u'x')};
-    loader.load(driver("vm_picture=/i/a.exr|ar_aov_separate_file1=$HIP/a.exr"));
-    EXPECT_EQ(plain(loader.array().message.view()), std::string(990, 'x') + " \"AllowLoc");
 }
 
 TEST(JobFinishing, TellsOfDriversWithoutUsableOutputOnlyWhenThereIsNoJob) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "catalogues/camList.h"
 #include "readers/scanState.h"
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
@@ -11,7 +10,6 @@ namespace vxP {
 
 namespace {
 
-using vxTest::driver;
 using vxTest::plain;
 
 struct _versionCase {
@@ -25,8 +23,6 @@ constexpr _versionCase versionCases[] = {
     {"without_build", "set -g _HIP_SAVEVERSION = '19.5.640'", "-HOUDINIBUILDVERSION", 19, "19.5.640", "5", "5"},
     {"four_parts", "set -g _HIP_SAVEVERSION = '19.5.640.2'", "", 19, "19.5.640.2", "5640", "5.640.2"},
     {"two_parts", "set -g _HIP_SAVEVERSION = '20.0'", "", 20, "20.0", "0", "0"},
-    {"one_part", "set -g _HIP_SAVEVERSION = '20'", "", 20, "20", "", ""},
-    {"no_digits", "set -g _HIP_SAVEVERSION = 'x.y'", "", 0, "x.y", "y", "y"},
     {"empty", "set -g _HIP_SAVEVERSION = ''", "", 10, "", "", ""},
     {"none", "fps 24", "", 10, "", "", ""},
 };
@@ -88,31 +84,6 @@ TEST(SceneScan, ImportsTheEnvironmentsHoudiniVariables) {
         const std::string variable = name + ("=" + std::string(static_cast<std::size_t>(length), 'v'));
         EXPECT_EQ(variables().find(variable) != std::string::npos, taken) << name;
         qunsetenv(name);
-    }
-}
-
-TEST(SceneScan, ReadsTakeNamesAsOftenAsTheyStand) {
-    vxTest::_loader loader;
-    loader.scan("take name Main kids 1\ntake name   wide kids 0\ntake name Main kids 0\n");
-    EXPECT_EQ(plain(loader.facts().takeNames.join(u'|')), "Main|wide|Main");
-}
-
-TEST(SceneScan, GoesOnBehindEverySection) {
-    vxTest::freshScanState();
-    vxTest::_loader loader;
-    const QByteArray mantra = driver("vm_picture=/img/a.exr");
-    EXPECT_EQ(loader.scan(driver("res=1920\t1080", "obj/cam1") + driver("driver=/out/a", "out/wedge1") +
-                          driver("picture=/img/no.exr", "stage/rendersettings1") +
-                          driver("picture=/img/no.exr", "stage/hdprman1") + mantra + "junk\n" + mantra),
-              resultSuccess);
-    EXPECT_EQ(loader.count(), 2);
-    EXPECT_EQ(camList.entries().size(), 1);
-}
-
-TEST(SceneScan, TakesTheSceneFolderWithItsSlash) {
-    for (const auto& [name, folder] : {std::pair{u"/proj/a.hip", "/proj/"}, {u"a.hip", "a.hip"}, {u"/a.hip", "/"}}) {
-        importSceneFolder(_vxString<500>(QStringView(name)));
-        EXPECT_EQ(plain(DatabaseDir), folder);
     }
 }
 

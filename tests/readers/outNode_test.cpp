@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "catalogues/lopList.h"
 #include "readers/scanState.h"
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
@@ -46,35 +45,13 @@ TEST_F(OutNode, TakesItsPathFromTheHeader) {
     }
 }
 
-TEST_F(OutNode, FillsItsJob) {
-    loader.scan("set -g SHOT = 's1'\n" + driver("vm_picture=$HIP/$HIPNAME/$SHOT/$OS.$RFEND.$F3.exr"));
-    ASSERT_EQ(loader.count(), 1);
-    const auto& job = loader.job(0);
-    EXPECT_EQ(plainOf(job.sceneDatabaseDir), "/proj/shots/");
-    EXPECT_EQ(plainOf(job.imageDir) + "|" + plainOf(job.imageFileName), "<Database>scene/s1/|a.100.");
-    EXPECT_EQ(job.imagePadding, 3);
-    EXPECT_EQ(plain(job.sceneSettings.customData_Str(vxJ::CUSTOMSubmitterPluginVersion)), " 8.4.00");
-    EXPECT_FALSE(mantraIFDJob);
-}
-
-TEST_F(OutNode, LeavesPassVariablesToTheHost) {
-    loader.scan(driver("vm_picture=/i/a_${AOV}_b$AOV.c$AOVd$aov.$F.exr"));
-    EXPECT_EQ(plainOf(loader.job(0).imageFileName), "a_<ValueVar @$AOV_>b<ValueVar @$AOV.>c$AOVd$aov.");
-    loader.scan(driver("vm_picture=/i/$AOV/a.$F.exr"));
-    EXPECT_EQ(plainOf(loader.job(1).imageFileName), "<ValueVar @$AOV/>a.");
-}
-
 TEST_F(OutNode, GivesPassFilesToTheJobThatRenders) {
-    const QByteArray passes =
-        params("vm_picture=/i/$F4.exr|ar_aov_separate_file3=/s/$OS.$F4.png|ar_aov_separate_file2=/d/$OS.$F4.png");
-    loader.scan(driver(passes) + driver(passes + "|soho_diskfile=/x/$F4.ifd|soho_outputmode=on"));
-    ASSERT_EQ(loader.count(), 3);
-    EXPECT_EQ(plainOf(loader.job(1).channels[0].fileName), "");
-    for (const int rendering : {0, 2}) {
-        EXPECT_EQ(plainOf(loader.job(rendering).channels[0].fileName), "/d/a.");
-        EXPECT_EQ(plainOf(loader.job(rendering).channels[1].fileName), "/s/a.");
-        EXPECT_EQ(plainOf(loader.job(rendering).channels[2].fileName), "");
-    }
+    loader.scan(
+        driver("vm_picture=/i/$F4.exr|ar_aov_separate_file3=/s/$OS.$F4.png|ar_aov_separate_file2=/d/$OS.png|"
+               "soho_diskfile=/x/$F4.ifd|soho_outputmode=on"));
+    ASSERT_EQ(loader.count(), 2);
+    const std::string files[][3] = {{"", "", ""}, {"/d/a", "/s/a.", ""}};
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(plainOf(loader.job(i / 3).channels[i % 3].fileName), files[i / 3][i % 3]);
 }
 
 TEST_F(OutNode, BecomesAnExportJobAndAJobThatWaitsForIt) {
@@ -92,6 +69,7 @@ TEST_F(OutNode, BecomesAnExportJobAndAJobThatWaitsForIt) {
     EXPECT_EQ(plainOf(second.layer), "/out/b_sim_");
     EXPECT_EQ(plainOf(second.imageDir) + plainOf(second.imageFileName), "/i/b_sim_.");
     EXPECT_FALSE(second.imageSingleOutputFile);
+    EXPECT_EQ(plain(second.sceneSettings.customData_Str(vxJ::CUSTOMSubmitterPluginVersion)), " 8.4.00");
     EXPECT_EQ(second.imageHeight, 480);
     EXPECT_EQ(second.sceneSettings.seqEnd, 10);
     EXPECT_TRUE(mantraIFDJob);
@@ -113,7 +91,6 @@ constexpr _outputCase outputCases[] = {
     {"image", "vm_picture=/i", 1, false},
     {"export_without_switch", "soho_diskfile=/x", 0, true},
     {"viewer", "vm_picture=\"ip\"", 0, true},
-    {"no_viewer_in_capitals", "vm_picture=IP", 1, false},
     {"switch_without_export", "vm_picture=/i|soho_outputmode=on", 0, true},
     {"export_to_the_viewer", "vm_picture=/i|soho_outputmode=on|soho_diskfile=ip", 0, true},
     {"export_without_image", "soho_outputmode=on|soho_diskfile=/x", 0, true},
@@ -149,22 +126,6 @@ TEST_F(OutNode, EndsTheScanWhenTheArrayHasNoRoom) {
     EXPECT_EQ(loader.scan(driver("vm_picture=/i") + driver("vm_picture=/i")), resultNoMoreJobs);
     EXPECT_EQ(loader.count(), 0) << "the second driver was read";
     EXPECT_TRUE(nodeActiveTakes.isEmpty());
-}
-
-TEST_F(OutNode, CutsItsPathAt150Characters) {
-    const QByteArray cut = "out/" + QByteArray(145, 'n');
-    loader.scan(driver("vm_picture=/i|take=wide", cut + "_sim_"));
-    EXPECT_EQ(plainOf(loader.job(0).layer), "/" + cut.toStdString());
-    EXPECT_EQ(plain(nodeActiveTakes.value(_vxString<150>(loader.job(0).layer.view()))), "wide");
-    EXPECT_FALSE(loader.job(0).sceneSettings.customData_Contains(vxJ::CUSTOMSubmitterParameter));
-}
-
-TEST_F(OutNode, IsItsOwnStageNodeWhenItIsKarma) {
-    loader.scan(driver("picture=/i/$ACTIVETAKE.$F.exr", "stage/karma1"));
-    ASSERT_EQ(LOPList.entries().size(), 1);
-    EXPECT_EQ(plain(LOPList[0].imageName), "/i/<Channel>.%d.exr");
-    EXPECT_TRUE(LOPList[0].imageUsesTake);
-    EXPECT_EQ(LOPList[0].renderNodes, QStringList{LOPList[0].lopName});
 }
 
 }  // namespace

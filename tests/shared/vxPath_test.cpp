@@ -4,7 +4,6 @@
 
 #include <QDir>
 
-#include "shared/vxEnvironment.h"
 #include "tests/testText.h"
 
 using vxTest::plain;
@@ -64,15 +63,6 @@ INSTANTIATE_TEST_SUITE_P(Table, PathResolve, testing::ValuesIn(resolveCases), vx
 
 TEST(PathResolve, PutsRelativeNamesBehindTheCurrentFolder) {
     EXPECT_EQ(plain(vxS::vxPathResolve(wide("a/../b.exr"))), plain(QDir::currentPath()) + "/b.exr");
-}
-
-TEST(Environment, ListsVariablesByName) {
-    qputenv("HIP_ENV_TEST_B", "2=\xC3\xA4");
-    qputenv("HIP_ENV_TEST_A", "1");
-    const vxS::_varValList list = vxS::vxGetEnvironmentVariableList(true);
-    const auto first = list.indexOf({wide("HIP_ENV_TEST_A"), wide("1")});
-    EXPECT_GE(first, 0);
-    EXPECT_EQ(list.indexOf({wide("HIP_ENV_TEST_B"), wide("2=\xC3\xA4")}), first + 1);
 }
 
 }  // namespace

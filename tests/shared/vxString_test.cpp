@@ -96,15 +96,12 @@ TEST(FixedText, StoresLatinAndMarksTheRest) {
 TEST(FixedText, ComparesAcrossCapacitiesAndFindsInEitherCase) {
     EXPECT_TRUE(_wide10(u"ab") < vxS::_vxString<5>(u"abc"));
     EXPECT_FALSE(_narrow10("abc") == vxS::_vxString8_allSize<5>("abC"));
-    const _wide10 text(u"abcABCab");
-    const _narrow10 narrow("abcABCab");
-    EXPECT_EQ(text.indexOf(u"ab", 1), 6);
-    EXPECT_EQ(narrow.indexOf("ab", 1), 6);
-    EXPECT_EQ(text.indexOf(u"ab", 1, Qt::CaseInsensitive), 3);
-    EXPECT_EQ(narrow.indexOf("ab", 1, Qt::CaseInsensitive), 3);
-    EXPECT_EQ(narrow.indexOf("a", 9), -1);
-    EXPECT_TRUE(text.endsWithCaseInsen(u"CAB"));
-    EXPECT_FALSE(text.startsWithCaseSen(u"A"));
+    for (const auto& [letterCase, found] : {std::pair{Qt::CaseSensitive, 6}, {Qt::CaseInsensitive, 3}}) {
+        EXPECT_EQ(_wide10(u"abcABCab").indexOf(u"ab", 1, letterCase), found);
+        EXPECT_EQ(_narrow10("abcABCab").indexOf("ab", 1, letterCase), found);
+    }
+    EXPECT_EQ(_narrow10("abc").indexOf("a", 9), -1);
+    EXPECT_TRUE(_wide10(u"abcABCab").endsWithCaseInsen(u"CAB"));
 }
 
 }  // namespace
