@@ -25,6 +25,10 @@ void readResolution(const QString& line, _camNode& node) {
 
 _camList camList;
 
+std::span<const QLatin1String> cameraParameters() {
+    return {&resolutionName, 1};
+}
+
 qint32 _camList::findCamIndex(const _vxString8_allSize<150>& name) {
     const qint32 index = indexOfFirst(cameras, [&](const _camNode& camera) { return camera.camName == name; });
     if (index >= 0) return index;

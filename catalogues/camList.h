@@ -4,6 +4,7 @@
 #include <QList>
 #include <QStringList>
 #include <QTextStream>
+#include <span>
 
 #include "jobs/VX_DataTypes_plugin.h"
 #include "shared/vxString8.h"
@@ -42,6 +43,9 @@ class _camList {
 };
 
 extern _camList camList;  ///< lives as long as the plug-in is loaded and is never emptied
+
+/// Beginnings of the lines that the reader looks at.
+std::span<const QLatin1String> cameraParameters();
 
 /// Reads a camera section: its "res" parameter. A section without its closing brace adds nothing.
 /// @param[in,out] line  in: the section's header; out: the last line read

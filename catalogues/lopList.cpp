@@ -37,6 +37,10 @@ QString withRenderer(QLatin1String base, const QString& renderer) {
 
 _LOPList LOPList;
 
+std::span<const QLatin1String> lopParameters() {
+    return {&pictureName, 1};
+}
+
 void _LOPNode::setRenderer(const QString& text) {
     const QString& examined = text.isEmpty() ? lopName : text;
     for (const auto& mark : rendererMarks) {

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QStringList>
 #include <QTextStream>
+#include <span>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
@@ -46,6 +47,9 @@ class _LOPList {
 };
 
 extern _LOPList LOPList;  ///< lives as long as the plug-in is loaded and is never emptied
+
+/// Beginnings of the lines that the reader looks at.
+std::span<const QLatin1String> lopParameters();
 
 /// Reads a LOP section: its "picture" parameter. A section without its closing brace adds nothing.
 /// @param[in,out] line  in: the section's header; out: the last line read

@@ -5,6 +5,7 @@
 #include "catalogues/listIndex.h"
 #include "readers/houdiniVariables.h"
 #include "readers/imageOutVars.h"
+#include "readers/paramRules.h"
 #include "readers/paramSection.h"
 
 namespace vxP {
@@ -53,6 +54,8 @@ constexpr std::array settingsRules{
     _settingsRule{QLatin1String{"xn__redshiftglobalRS_archive_fileName"}, readFileName},
 };
 
+constexpr auto settingsNames = namesOf(settingsRules);
+
 void applySettingsRules(_USD_RendersettingNode& node, const QString& line) {
     for (const auto& rule : settingsRules)
         if (isNamed(line, rule.name)) return rule.handle(node, line);
@@ -98,6 +101,10 @@ qint32 closeSection(_USD_RendersettingNode& node, _dataPARS_LoadSceneFile& load)
 }  // namespace
 
 _USD_RSList USD_RSList;
+
+std::span<const QLatin1String> usdRsParameters() {
+    return settingsNames;
+}
 
 qint32 _USD_RSList::findIndex(const QString& name, const bool& create) {
     return indexOfLop(settings, name, create);

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QStringList>
 #include <QTextStream>
+#include <span>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
@@ -40,6 +41,9 @@ class _USD_RSList {
 };
 
 extern _USD_RSList USD_RSList;  ///< lives as long as the plug-in is loaded and is never emptied
+
+/// Beginnings of the lines that the reader looks at.
+std::span<const QLatin1String> usdRsParameters();
 
 /// Reads a section of USD render settings. When a driver was attached to them before, that driver's plain Houdini jobs
 /// get the archive file as their output, whether or not the archive is enabled.

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "readers/paramRules.h"
 #include "readers/paramSection.h"
 
 namespace vxP {
@@ -87,6 +88,8 @@ constexpr std::array wedgeRules{
     _wedgeRule{QLatin1String{"steps"}, readSteps},          _wedgeRule{QLatin1String{"range"}, readRange},
 };
 
+constexpr auto wedgeNames = namesOf(wedgeRules);
+
 _step applyWedgeRules(_wedgeNode& node, const QString& line) {
     for (const auto& rule : wedgeRules)
         if (isNamed(line, rule.name)) return rule.handle(node, line, rule.name.size());
@@ -101,6 +104,10 @@ bool isComplete(_wedgeNode& node) {
 }  // namespace
 
 QList<_wedgeNode> wedges;
+
+std::span<const QLatin1String> wedgeParameters() {
+    return wedgeNames;
+}
 
 double _wedgeParams::valueIdx(const int& index) const {
     const double spacing = (end - start) / (static_cast<double>(steps) - 1.0);

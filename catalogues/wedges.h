@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <QTextStream>
+#include <span>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
@@ -38,6 +39,9 @@ struct _wedgeNode {
 };
 
 extern QList<_wedgeNode> wedges;  ///< lives as long as the plug-in is loaded and is never emptied
+
+/// Beginnings of the lines that the reader looks at.
+std::span<const QLatin1String> wedgeParameters();
 
 /// Reads a wedge section and appends the wedge when it varies channels of a driver in at least one variant. A "name" or
 /// "range" parameter without an instance number ends the section: deliberate, such a node is no wedge.

@@ -61,10 +61,12 @@ bool _JobBasicsArray::isVersionSupported(quint8 minor) const {
 
 bool _JobBasicsArray::getNewJob(_JobBasics_largePath*& job) {
     const qint32 index = count;
+    const bool isUsedAgain = index < allocated;
     count = static_cast<qint32>(static_cast<quint32>(count) + 1U);  // the host's number may be any
     setArraySize(count);
     job = at(index);
-    return job != nullptr && job->vxClearBasics();
+    if (job != nullptr && isUsedAgain) job->vxClearBasics();  // a record just made is clear
+    return job != nullptr;
 }
 
 }  // namespace vxJ

@@ -1,127 +1,173 @@
 #include "plugin/sceneLine.h"
 
+#include <algorithm>
 #include <array>
-
-#include "readers/paramSection.h"
 
 namespace vxP {
 
 namespace {
 
-constexpr QLatin1String frameRangeCommand{"frange"};
-constexpr QLatin1String saveVersionName{"_HIP_SAVEVERSION"};
-constexpr QLatin1String variableCommand{"set -g "};
-constexpr QLatin1String assignment{" = "};
-constexpr QLatin1String archiveMagic{"Hou"};  ///< the header of an archive entry stands on its first line
-constexpr QLatin1String takeCommand{"take name"};
+constexpr std::string_view frameRangeCommand{"frange"};
+constexpr std::string_view saveVersionName{"_HIP_SAVEVERSION"};
+constexpr std::string_view variableCommand{"set -g "};
+constexpr std::string_view assignment{" = "};
+constexpr std::string_view archiveMagic{"Hou"};  ///< the header of an archive entry stands on its first line
+constexpr std::string_view takeCommand{"take name"};
+constexpr std::string_view sectionSuffix{".parm"};
 
-constexpr QLatin1String outRoot{"out/"};
-constexpr QLatin1String objRoot{"obj/"};
-constexpr std::array markedRoots{objRoot, QLatin1String{"img/"}, QLatin1String{"stage/"}};
+constexpr std::string_view outRoot{"out/"};
+constexpr std::string_view objRoot{"obj/"};
+constexpr std::array<std::string_view, 3> markedRoots{objRoot, "img/", "stage/"};
 
 /// A node outside out/ is taken for an output driver by a part of its path.
 struct _nodeTypeMark {
-    QLatin1String part;
-    QLatin1String unless;  ///< a part that rules it out; empty: none
+    std::string_view part;    ///< begins with "/" or "_"
+    std::string_view unless;  ///< a part that rules it out; empty: none
 };
 
 constexpr std::array nodeTypeMarks{
-    _nodeTypeMark{QLatin1String{"/mantra"}, {}},
-    _nodeTypeMark{QLatin1String{"/arnold"}, {}},
-    _nodeTypeMark{QLatin1String{"/Redshift_"}, {}},
-    _nodeTypeMark{QLatin1String{"/rs_"}, {}},
-    _nodeTypeMark{QLatin1String{"/opengl"}, {}},
-    _nodeTypeMark{QLatin1String{"/geometry"}, {}},
-    _nodeTypeMark{QLatin1String{"/geo"}, {}},
-    _nodeTypeMark{QLatin1String{"_geo_"}, {}},
-    _nodeTypeMark{QLatin1String{"/comp"}, {}},
-    _nodeTypeMark{QLatin1String{"/rop_comp"}, {}},
-    _nodeTypeMark{QLatin1String{"/alembic"}, QLatin1String{"/alembicarchive"}},
-    _nodeTypeMark{QLatin1String{"/vray"}, {}},
-    _nodeTypeMark{QLatin1String{"/usd_rop"}, {}},
-    _nodeTypeMark{QLatin1String{"/usdrender_"}, {}},
-    _nodeTypeMark{QLatin1String{"/ris"}, {}},
-    _nodeTypeMark{QLatin1String{"/filecache"}, {}},
-    _nodeTypeMark{QLatin1String{"/hdprman"}, {}},
-    _nodeTypeMark{QLatin1String{"/karma"}, QLatin1String{"renderproper"}},
-    _nodeTypeMark{QLatin1String{"/rendersettings"}, {}},
+    _nodeTypeMark{"/mantra", {}},
+    _nodeTypeMark{"/arnold", {}},
+    _nodeTypeMark{"/Redshift_", {}},
+    _nodeTypeMark{"/rs_", {}},
+    _nodeTypeMark{"/opengl", {}},
+    _nodeTypeMark{"/geometry", {}},
+    _nodeTypeMark{"/geo", {}},
+    _nodeTypeMark{"_geo_", {}},
+    _nodeTypeMark{"/comp", {}},
+    _nodeTypeMark{"/rop_comp", {}},
+    _nodeTypeMark{"/alembic", "/alembicarchive"},
+    _nodeTypeMark{"/vray", {}},
+    _nodeTypeMark{"/usd_rop", {}},
+    _nodeTypeMark{"/usdrender_", {}},
+    _nodeTypeMark{"/ris", {}},
+    _nodeTypeMark{"/filecache", {}},
+    _nodeTypeMark{"/hdprman", {}},
+    _nodeTypeMark{"/karma", "renderproper"},
+    _nodeTypeMark{"/rendersettings", {}},
 };
 
-bool has(const QString& line, QLatin1String part) {
-    return line.contains(part);
+// ---- the same tests for bytes and for decoded text
+
+constexpr char16_t folded(char letter) {
+    return static_cast<char16_t>(letter >= 'A' && letter <= 'Z' ? letter - 'A' + 'a' : letter);
 }
 
-bool hasInAnyCase(const QString& line, QLatin1String part) {
-    return line.contains(part, Qt::CaseInsensitive);
+char16_t folded(char16_t letter) {
+    return letter < 128 ? folded(static_cast<char>(letter)) : QChar(letter).toCaseFolded().unicode();
+}
+
+template <typename Char>
+using _text = std::basic_string_view<Char>;
+
+template <typename Char>
+bool beginsExactly(_text<Char> text, std::string_view part) {
+    return text.size() >= part.size() &&
+           std::equal(part.begin(), part.end(), text.begin(), [](char a, Char b) { return Char(a) == b; });
+}
+
+template <typename Char>
+bool begins(_text<Char> text, std::string_view part) {
+    return text.size() >= part.size() &&
+           std::equal(part.begin(), part.end(), text.begin(), [](char a, Char b) { return folded(a) == folded(b); });
+}
+
+template <typename Char>
+bool has(_text<Char> text, std::string_view part) {
+    const Char first = Char(part.front());
+    for (auto at = text.find(first); at != text.npos; at = text.find(first, at + 1))
+        if (beginsExactly(text.substr(at), part)) return true;
+    return false;
+}
+
+template <typename Char>
+bool hasInAnyCase(_text<Char> text, std::string_view part) {
+    const char16_t first = folded(part.front());
+    for (std::size_t at = 0; at < text.size(); ++at)
+        if (folded(text[at]) == first && begins(text.substr(at), part)) return true;
+    return false;
 }
 
 /// The command, not a parameter of that name: parameters hold a flags group behind a TAB.
-bool isFrameRange(const QString& line) {
-    const _size end = frameRangeCommand.size();
-    return isNamed(line, frameRangeCommand) && line.size() > end && line.at(end).isSpace() &&
-           !line.mid(end).startsWith(QLatin1String("\t["));
+template <typename Char>
+bool isFrameRange(_text<Char> line) {
+    if (!begins(line, frameRangeCommand)) return false;
+    const _text<Char> rest = line.substr(frameRangeCommand.size());
+    return !rest.empty() && QChar(char16_t(rest.front())).isSpace() && !beginsExactly(rest, "\t[");
 }
 
-bool isVariable(const QString& line) {
-    return hasInAnyCase(line, variableCommand) && has(line, assignment) &&
-           (isNamed(line, variableCommand) || isNamed(line, archiveMagic));
+template <typename Char>
+bool isVariable(_text<Char> line) {
+    return (begins(line, variableCommand) || begins(line, archiveMagic)) && hasInAnyCase(line, variableCommand) &&
+           has(line, assignment);
 }
 
-bool hasNodeTypeMark(const QString& line) {
-    for (const auto& mark : nodeTypeMarks)
-        if (hasInAnyCase(line, mark.part) && (mark.unless.isEmpty() || !hasInAnyCase(line, mark.unless))) return true;
+template <typename Char>
+bool isMark(_text<Char> text, _text<Char> line) {
+    return std::any_of(nodeTypeMarks.begin(), nodeTypeMarks.end(), [&](const _nodeTypeMark& mark) {
+        return begins(text, mark.part) && (mark.unless.empty() || !hasInAnyCase(line, mark.unless));
+    });
+}
+
+template <typename Char>
+bool hasNodeTypeMark(_text<Char> line) {
+    for (std::size_t at = 0; at < line.size(); ++at)
+        if ((line[at] == '/' || line[at] == '_') && isMark(line.substr(at), line)) return true;
     return false;
 }
 
-bool isOutput(const QString& line) {
+template <typename Char>
+bool isOutput(_text<Char> line) {
     if (has(line, outRoot)) return true;
-    for (const QLatin1String root : markedRoots)
-        if (hasInAnyCase(line, root)) return hasNodeTypeMark(line);
-    return false;
+    return std::any_of(markedRoots.begin(), markedRoots.end(),
+                       [&](std::string_view root) { return hasInAnyCase(line, root); }) &&
+           hasNodeTypeMark(line);
 }
 
-bool isWedge(const QString& line) {
-    return has(line, QLatin1String("wedge")) &&
-           (has(line, outRoot) || (has(line, objRoot) && has(line, QLatin1String("/wedge"))));
+template <typename Char>
+bool isWedge(_text<Char> line) {
+    return has(line, "wedge") && (has(line, outRoot) || (has(line, objRoot) && has(line, "/wedge")));
 }
 
-bool isCamera(const QString& line) {
-    return (has(line, QLatin1String("/cam")) || has(line, QLatin1String("stereocam"))) &&
-           (has(line, outRoot) || has(line, objRoot));
+template <typename Char>
+bool isCamera(_text<Char> line) {
+    return (has(line, "/cam") || has(line, "stereocam")) && (has(line, outRoot) || has(line, objRoot));
 }
 
-_lineKind outputKind(const QString& line) {
-    if (has(line, QLatin1String("/rendersettings"))) return _lineKind::usdRenderSettings;
-    if (has(line, QLatin1String("/hdprman"))) return _lineKind::lop;
-    return _lineKind::outNode;
-}
-
-_lineKind sectionKind(const QString& header) {
+template <typename Char>
+_lineKind sectionKind(_text<Char> header) {
     if (isWedge(header)) return _lineKind::wedge;
     if (isCamera(header)) return _lineKind::camera;
-    return isOutput(header) ? outputKind(header) : _lineKind::other;
+    if (!isOutput(header)) return _lineKind::other;
+    if (has(header, "/rendersettings")) return _lineKind::usdRenderSettings;
+    return has(header, "/hdprman") ? _lineKind::lop : _lineKind::outNode;
 }
 
-bool isSectionHeader(const QString& line) {
-    return line.endsWith(QLatin1Char('{')) && has(line, QLatin1String(".parm"));
+template <typename Char>
+_lineKind kindOf(_text<Char> line) {
+    if (hasInAnyCase(line, saveVersionName)) return _lineKind::saveVersion;
+    if (beginsExactly(line, takeCommand)) return _lineKind::take;
+    return line.back() == '{' && has(line, sectionSuffix) ? sectionKind(line) : _lineKind::other;
+}
+
+template <typename Char>
+_sceneLine classify(_text<Char> line) {
+    if (line.empty() || line.front() == '#') return {};
+    const _lineKind kind = kindOf(line);
+    return {isFrameRange(line), kind != _lineKind::saveVersion && isVariable(line), kind};
 }
 
 }  // namespace
 
 _sceneLine classifyLine(const QString& line) {
-    _sceneLine result;
-    if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) return result;
-    result.isFrameRange = isFrameRange(line);
-    if (hasInAnyCase(line, saveVersionName)) {
-        result.kind = _lineKind::saveVersion;
-        return result;
-    }
-    result.isVariable = isVariable(line);
-    if (line.startsWith(takeCommand))
-        result.kind = _lineKind::take;
-    else if (isSectionHeader(line))
-        result.kind = sectionKind(line);
-    return result;
+    const QByteArray bytes = line.toUtf8();
+    const auto size = static_cast<std::size_t>(line.size());
+    if (bytes.size() == line.size()) return classifyAsciiLine({bytes.constData(), size});
+    return classify(std::u16string_view(reinterpret_cast<const char16_t*>(line.utf16()), size));
+}
+
+_sceneLine classifyAsciiLine(std::string_view line) {
+    return classify(line);
 }
 
 }  // namespace vxP

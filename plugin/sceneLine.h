@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <string_view>
 
 namespace vxP {
 
@@ -12,9 +13,17 @@ struct _sceneLine {
     bool isFrameRange = false;  ///< the scene's frange command; such a line may be of a kind as well
     bool isVariable = false;    ///< a "set -g" line; such a line may be of a kind as well
     _lineKind kind = _lineKind::other;
+
+    /// True when the scan does anything with the line.
+    bool matters() const { return isFrameRange || isVariable || kind != _lineKind::other; }
 };
 
+/// Letter case is folded as Qt folds it: also a long s is an "s".
 /// @param line  trimmed
 _sceneLine classifyLine(const QString& line);
+
+/// The same for a line in bytes.
+/// @param line  trimmed ASCII text
+_sceneLine classifyAsciiLine(std::string_view line);
 
 }  // namespace vxP

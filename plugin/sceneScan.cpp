@@ -76,15 +76,6 @@ QString takeName(const QString& line) {
     return textBefore(line.mid(command.size()).trimmed(), u' ').trimmed();
 }
 
-void decodeAsUtf8(QTextStream& stream) {
-#if QT_VERSION_MAJOR >= 6
-    stream.setEncoding(QStringConverter::Utf8);
-#else
-    stream.setCodec("UTF-8");
-#endif
-    stream.setAutoDetectUnicode(false);
-}
-
 /// Hands a section to the reader of its kind. @return what the reader returned
 qint32 readSectionOf(_lineKind kind, _dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line,
                      _sceneFacts& facts) {
@@ -104,7 +95,8 @@ qint32 readSectionOf(_lineKind kind, _dataPARS_LoadSceneFile& load, QTextStream&
     }
 }
 
-qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFacts& facts) {
+qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, const _sectionSwitch& sectionOpens,
+             _sceneFacts& facts) {
     const _sceneLine meaning = classifyLine(line);
     if (meaning.isFrameRange) keepFrameRange(line);
     if (meaning.isVariable) keepVariable(line);
@@ -117,8 +109,12 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
         case _lineKind::take:
             facts.takeNames.append(takeName(line));
             return resultSuccess;
-        default:
-            return readSectionOf(meaning.kind, load, stream, line, facts);
+        default: {
+            sectionOpens(true);
+            const qint32 result = readSectionOf(meaning.kind, load, stream, line, facts);
+            sectionOpens(false);
+            return result;
+        }
     }
 }
 
@@ -142,16 +138,31 @@ void importEnvironment() {
         if (isImported(variable)) hVariables.append({variable.name, variable.value});
 }
 
+void decodeAsUtf8(QTextStream& stream) {
+#if QT_VERSION_MAJOR >= 6
+    stream.setEncoding(QStringConverter::Utf8);
+#else
+    stream.setCodec("UTF-8");
+#endif
+    stream.setAutoDetectUnicode(false);
+}
+
+qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFacts& facts,
+                  const _sectionSwitch& sectionOpens) {
+    while (!stream.atEnd()) {
+        QString line = stream.readLine().trimmed();
+        const qint32 result = actOn(line, load, stream, sectionOpens, facts);
+        if (result != resultSuccess) return result;
+    }
+    return resultSuccess;
+}
+
 qint32 scanScene(_dataPARS_LoadSceneFile& load, QIODevice& source, _sceneFacts& facts) {
     _sceneDevice device(source);
     QTextStream stream(&device);
     decodeAsUtf8(stream);
-    while (!stream.atEnd()) {
-        QString line = stream.readLine().trimmed();
-        const qint32 result = actOn(line, load, stream, facts);
-        if (result != resultSuccess) return result;
-    }
-    return device.readFailed() ? resultException : resultSuccess;
+    const qint32 result = scanStream(load, stream, facts, [&](bool open) { device.setSectionOpen(open); });
+    return result == resultSuccess && device.readFailed() ? qint32{resultException} : result;
 }
 
 }  // namespace vxP

@@ -3,6 +3,8 @@
 
 #include <QIODevice>
 #include <QStringList>
+#include <QTextStream>
+#include <functional>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
@@ -28,6 +30,17 @@ void importSceneFolder(const _vxString<500>& sceneFileName);
 
 /// Appends the environment's HIP... variables to `hVariables`. Values above 200 characters are left out.
 void importEnvironment();
+
+/// Called with true before a reader takes the lines of a section from the stream, with false afterwards.
+using _sectionSwitch = std::function<void(bool open)>;
+
+/// Decodes the stream's bytes as UTF-8, invalid ones as U+FFFD; marks of byte order are not looked for.
+void decodeAsUtf8(QTextStream& stream);
+
+/// Reads all lines of a stream.
+/// @return resultSuccess, or what a reader returned that was not resultSuccess, and the rest is not read
+qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFacts& facts,
+                  const _sectionSwitch& sectionOpens);
 
 /// Reads the scene to its end.
 /// @param source  open for reading

@@ -42,7 +42,8 @@ template <typename Change>
 void forEachName(vxJ::_JobBasics_largePath& job, Change change) {
     change(job.imageDir);
     change(job.imageFileName);
-    for (vxJ::_channelSlot& slot : job.channels) change(slot.fileName);
+    for (vxJ::_channelSlot& slot : job.channels)
+        if (!slot.fileName.isEmpty()) change(slot.fileName);
     if (job.app.toQString() != appNameHoudini) change(job.sceneName);  // else the scene file itself
 }
 

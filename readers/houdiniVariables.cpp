@@ -11,6 +11,22 @@ namespace {
 constexpr QChar variableMark{u'$'};
 constexpr std::array sceneExtensions{QLatin1String{".hiplc"}, QLatin1String{".hipnc"}, QLatin1String{".hip"}};
 
+/// Compares the last letter first: the names of a scene's variables often begin alike.
+bool beginsWithName(QStringView text, const QString& name) {
+    if (name.isEmpty()) return true;
+    return text.size() >= name.size() && text.at(name.size() - 1).toCaseFolded() == name.back().toCaseFolded() &&
+           text.startsWith(name, Qt::CaseInsensitive);
+}
+
+/// True when the text holds "$name" or "${name". Looking at its few "$" is quicker than to search for each form.
+bool holdsVariable(const QString& text, const QString& name) {
+    for (_size at = text.indexOf(variableMark); at >= 0; at = text.indexOf(variableMark, at + 1)) {
+        const QStringView rest = QStringView(text).mid(at + 1);
+        if (beginsWithName(rest, name) || (rest.startsWith(u'{') && beginsWithName(rest.mid(1), name))) return true;
+    }
+    return false;
+}
+
 void replaceText(QString& text, const QString& before, const QString& after) {
     text.replace(before, after, Qt::CaseInsensitive);
 }
@@ -25,6 +41,7 @@ QString bracedForm(const QString& name) {
 
 /// "$name", then "${name}", with `suffix` behind either.
 void replaceVariable(QString& text, const QString& name, const QString& value, const QString& suffix = {}) {
+    if (!holdsVariable(text, name)) return;
     replaceText(text, plainForm(name) + suffix, value);
     replaceText(text, bracedForm(name) + suffix, value);
 }
@@ -65,10 +82,8 @@ QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, QL
     replaceVariable(text, QStringLiteral("HIPNAME"), sceneBase);
     replaceVariable(text, QStringLiteral("HIPPATH"), sceneFolder);
     replaceVariable(text, QStringLiteral("HIP"), sceneFolder);
-    for (const _namevalue& variable : variables) {
-        if (!text.contains(variableMark)) return text;
-        replaceSceneVariable(text, variable);
-    }
+    for (const _namevalue& variable : variables)
+        if (holdsVariable(text, variable.name)) replaceSceneVariable(text, variable);
     replaceVariable(text, QStringLiteral("OS"), driverName(job->layer.toQString()));
     replaceVariable(text, QStringLiteral("RFSTART"), frameText(job->sceneSettings.seqStart));
     replaceVariable(text, QStringLiteral("RFEND"), frameText(job->sceneSettings.seqEnd));

@@ -4,6 +4,7 @@
 #include "catalogues/lopList.h"
 #include "readers/aovFiles.h"
 #include "readers/imageOutVars.h"
+#include "readers/paramRules.h"
 #include "readers/paramSection.h"
 
 namespace vxP {
@@ -238,32 +239,29 @@ constexpr std::array outNodeRules{
     _paramRule{QLatin1String{"render_export_filepath"}, hasNoExportName, _kind::vray, readExportFile},
 };
 
-constexpr char lowered(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-constexpr bool begins(QLatin1String longer, QLatin1String shorter) {
-    if (longer.size() < shorter.size()) return false;
-    for (auto i = decltype(shorter.size()){0}; i < shorter.size(); ++i)
-        if (lowered(longer.data()[i]) != lowered(shorter.data()[i])) return false;
-    return true;
-}
-
 /// No row that always counts stands before a row whose name it begins.
 template <std::size_t Size>
 constexpr bool everyRowReachable(const std::array<_paramRule, Size>& rules) {
     for (std::size_t earlier = 0; earlier < Size; ++earlier)
         for (std::size_t later = earlier + 1; later < Size; ++later)
-            if (rules[earlier].when == always && begins(rules[later].name, rules[earlier].name)) return false;
+            if (rules[earlier].when == always && beginsName(rules[later].name, rules[earlier].name)) return false;
     return true;
 }
 
 static_assert(everyRowReachable(outNodeRules), "an earlier, shorter name hides a later row");
 
+constexpr auto outNodeNames = namesOf(outNodeRules);
+constexpr _rowsByLetter<outNodeRules.size()> outNodeRows{outNodeRules};
+
 }  // namespace
 
+std::span<const QLatin1String> outNodeParameters() {
+    return outNodeNames;
+}
+
 _step applyOutNodeRules(_driver& driver, const QString& line) {
-    for (const auto& rule : outNodeRules) {
+    for (std::size_t row = outNodeRows.first(line); row < outNodeRules.size(); row = outNodeRows.next(row)) {
+        const _paramRule& rule = outNodeRules[row];
         if (!isNamed(line, rule.name) || !rule.when(driver)) continue;
         if (rule.kind != _kind::keep) driver.kinds.set(rule.kind);
         const _step step = rule.handle(driver, line);

@@ -8,6 +8,9 @@
 
 namespace vxP {
 
+/// Beginnings of the lines that any rule is for.
+std::span<const QLatin1String> outNodeParameters();
+
 /// Applies the first rule that matches a trimmed parameter line.
 /// @return `leave` when the section turns out to be none of an output driver, else `next`
 _step applyOutNodeRules(_driver& driver, const QString& line);

@@ -76,7 +76,7 @@ TEST_F(EntryPoints, PrintNothing) {
 
 /// Ends the process with 0 when the load ends as it should: the first driver's job stays.
 [[noreturn]] void loadWithLittleMemory(vxTest::_loader& loader) {
-    const rlimit limit{300 << 20, 300 << 20};
+    const rlimit limit{150 << 20, 150 << 20};
     setrlimit(RLIMIT_AS, &limit);
     const qint32 code = pLoadSceneFile(&loader.record());
     _exit(code == vxP::resultException && loader.count() == 1 ? 0 : 1);
@@ -87,7 +87,7 @@ TEST_F(EntryPoints, SurviveAShortageOfMemory) {
     GTEST_SKIP() << "the sanitizer's own memory does not fit under a limit";
 #endif
     QByteArray scene = driver("vm_picture=/img/a.exr");
-    scene += "out/mantra2.parm {\nvm_picture\t" + QByteArray(200 << 20, 'x') + "\n}\n";
+    for (int i = 0; i < 200000; ++i) scene += "set -g V = '" + QByteArray(200, 'x') + "'\n";  // all are kept
     const QString path = write(scene);
     scene.clear();
     vxTest::_loader loader(path);

@@ -1,0 +1,13 @@
+// A driver reader without any art, for Mantra drivers: every parameter name tried in turn, every variable searched for.
+#pragma once
+
+#include <QTextStream>
+
+#include "jobs/VX_DataTypes_plugin.h"
+
+namespace vxBench {
+
+/// Reads one driver section and adds its job when it has an image. @return resultSuccess or resultNoMoreJobs
+qint32 plainDriver(vxP::_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line);
+
+}  // namespace vxBench

@@ -1,0 +1,55 @@
+// The lines of a scene that anyone wants, out of its bytes.
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+#include <string_view>
+
+namespace vxP {
+
+/// Reads a scene in large blocks and finds its next wanted line. While no section is open that is a line that
+/// `classifyLine` knows; while one is open, a line that may be its end or a parameter that a reader knows. Lines that
+/// only may be wanted are handed out too: what cannot be told from the bytes alone is left to the scan.
+///
+/// Of a line longer than about 600,000 bytes only the beginning (at least 512 KiB) and the last 64 KiB count; what
+/// stands between is left out. Memory stays below 2 MiB, however long the lines are.
+class _sceneLines {
+ public:
+    /// @param source  open for reading; must outlive the lines
+    explicit _sceneLines(QIODevice& source);
+
+    void setSectionOpen(bool open) { sectionOpen = open; }
+
+    /// The next wanted line with its line end, if it has one; empty at the end of the scene. It stays valid, and this
+    /// the answer, until it has been taken.
+    std::string_view next();
+    void take() { wanted = {}; }
+
+    /// True when the source reported an error; the lines then end like at the end of the scene.
+    bool readFailed() const { return failed; }
+
+ private:
+    std::string_view bytes() const { return {block.constData(), filled}; }
+    bool refill();
+    std::size_t endOfLine(std::size_t from);
+    void beginLineAt(std::size_t start);
+    void beginLastLineBefore(std::size_t end);
+    std::string_view nextInSection();
+    std::string_view nextOutside();
+    std::string_view lineUpTo(std::size_t end);
+
+    QIODevice& source;
+    QByteArray block;       ///< room for the rest of an unfinished line and, always in the same place, a new block
+    std::size_t filled;     ///< end of the bytes in it
+    std::size_t lineStart;  ///< where the line being looked at begins ...
+    QByteArray head;        ///< ... and what of it no longer is in the block
+    std::size_t position;   ///< bytes before this need not be looked at again
+    std::string_view wanted;
+    QByteArray longLine;
+    bool sectionOpen = false;
+    bool first = true;
+    bool ended = false;
+    bool failed = false;
+};
+
+}  // namespace vxP
