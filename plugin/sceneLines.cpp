@@ -12,11 +12,12 @@ namespace vxP {
 
 namespace {
 
-constexpr std::size_t blockBytes = 256 * 1024;   ///< stays in the processor's cache while it is looked at
-constexpr std::size_t carriedBytes = 64 * 1024;  ///< of an unfinished line, in front of the next block
-constexpr std::size_t longestHead = 512 * 1024;  ///< of an unfinished line that is longer than that
+constexpr std::size_t blockBytes = std::size_t{256} * 1024;   ///< stays in the processor's cache while it is looked at
+constexpr std::size_t carriedBytes = std::size_t{64} * 1024;  ///< of an unfinished line, in front of the next block
+constexpr std::size_t longestHead = std::size_t{512} * 1024;  ///< of an unfinished line that is longer than that
 
 constexpr char lineEnd = '\n';
+
 std::string_view trimmed(std::string_view line) {
     while (!line.empty() && isAsciiSpace(line.front())) line.remove_prefix(1);
     while (!line.empty() && isAsciiSpace(line.back())) line.remove_suffix(1);
@@ -75,7 +76,7 @@ std::size_t _sceneLines::endOfLine(std::size_t from) {
     }
 }
 
-/// The line from its start to `end`, and the position behind it.
+/// The line from its start to `end`, without what was left out of a long one.
 std::string_view _sceneLines::lineUpTo(std::size_t end) {
     const std::string_view tail = bytes().substr(lineStart, end - lineStart);
     if (head.isEmpty()) return tail;
