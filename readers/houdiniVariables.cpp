@@ -1,5 +1,6 @@
 #include "readers/houdiniVariables.h"
 
+#include <algorithm>
 #include <array>
 
 #include "shared/vxPath.h"
@@ -18,13 +19,19 @@ bool beginsWithName(QStringView text, const QString& name) {
            text.startsWith(name, Qt::CaseInsensitive);
 }
 
-/// True when the text holds "$name" or "${name". Looking at its few "$" is quicker than to search for each form.
-bool holdsVariable(const QString& text, const QString& name) {
-    for (_size at = text.indexOf(variableMark); at >= 0; at = text.indexOf(variableMark, at + 1)) {
-        const QStringView rest = QStringView(text).mid(at + 1);
-        if (beginsWithName(rest, name) || (rest.startsWith(u'{') && beginsWithName(rest.mid(1), name))) return true;
-    }
-    return false;
+/// Positions of the "$" of a text. Looking at these few is quicker than to search for each form of each variable.
+QList<_size> marksOf(const QString& text) {
+    QList<_size> marks;
+    for (_size at = text.indexOf(variableMark); at >= 0; at = text.indexOf(variableMark, at + 1)) marks.append(at);
+    return marks;
+}
+
+/// True when the text holds "$name" or "${name".
+bool holdsVariable(const QString& text, const QList<_size>& marks, const QString& name) {
+    return std::any_of(marks.begin(), marks.end(), [&](_size mark) {
+        const QStringView rest = QStringView(text).mid(mark + 1);
+        return beginsWithName(rest, name) || (rest.startsWith(u'{') && beginsWithName(rest.mid(1), name));
+    });
 }
 
 void replaceText(QString& text, const QString& before, const QString& after) {
@@ -41,7 +48,7 @@ QString bracedForm(const QString& name) {
 
 /// "$name", then "${name}", with `suffix` behind either.
 void replaceVariable(QString& text, const QString& name, const QString& value, const QString& suffix = {}) {
-    if (!holdsVariable(text, name)) return;
+    if (!holdsVariable(text, marksOf(text), name)) return;
     replaceText(text, plainForm(name) + suffix, value);
     replaceText(text, bracedForm(name) + suffix, value);
 }
@@ -82,8 +89,12 @@ QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, QL
     replaceVariable(text, QStringLiteral("HIPNAME"), sceneBase);
     replaceVariable(text, QStringLiteral("HIPPATH"), sceneFolder);
     replaceVariable(text, QStringLiteral("HIP"), sceneFolder);
-    for (const _namevalue& variable : variables)
-        if (holdsVariable(text, variable.name)) replaceSceneVariable(text, variable);
+    QList<_size> marks = marksOf(text);
+    for (const _namevalue& variable : variables) {
+        if (!holdsVariable(text, marks, variable.name)) continue;
+        replaceSceneVariable(text, variable);
+        marks = marksOf(text);
+    }
     replaceVariable(text, QStringLiteral("OS"), driverName(job->layer.toQString()));
     replaceVariable(text, QStringLiteral("RFSTART"), frameText(job->sceneSettings.seqStart));
     replaceVariable(text, QStringLiteral("RFEND"), frameText(job->sceneSettings.seqEnd));
