@@ -12,7 +12,6 @@ namespace {
 constexpr std::array cameraRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
 constexpr std::array<std::string_view, 4> notACamera{"xform", "camOrigin", "file", "constraints"};
 constexpr std::string_view stereoMark{"stereo"};
-constexpr std::string_view escapedExpression{"`chsop(\\"};
 constexpr QLatin1String resolutionName{"res\t"};
 
 void readResolution(const QString& line, _camNode& node) {
@@ -51,10 +50,7 @@ void _camList::addCam(_camNode& node) {
 }
 
 void _camList::addCamFromOutNode(_vxString8_allSize<150> name, const QString& renderNode) {
-    if (name.view().starts_with(escapedExpression)) {
-        name.remove(0, static_cast<_size>(escapedExpression.size()) + 1);
-        name.setLength(name.length() - 1);
-    }
+    name = QStringView{withoutNodeExpression(name.toQString())};
     _camNode& camera = cameras[findCamIndex(name)];
     camera.camName = name;
     camera.renderNodes.append(renderNode);

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string>
 
+#include "plugin/sceneTexts.h"
+
 namespace vxP {
 
 namespace {
@@ -21,8 +23,9 @@ struct _searchedText {
 };
 
 constexpr std::array searchedTexts{
-    _searchedText{".parm", 0, false}, _searchedText{"_HIP_SAVEVERSION", 0, true}, _searchedText{"set -g ", 4, true},
-    _searchedText{"frange", 0, true}, _searchedText{"take name", 1, false},
+    _searchedText{sectionSuffix, 0, false},  _searchedText{saveVersionName, 0, true},
+    _searchedText{variableCommand, 4, true}, _searchedText{frameRangeCommand, 0, true},
+    _searchedText{takeCommand, 1, false},
 };
 
 constexpr char carriageReturn = '\r';

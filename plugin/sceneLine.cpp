@@ -3,17 +3,13 @@
 #include <algorithm>
 #include <array>
 
+#include "plugin/sceneTexts.h"
+
 namespace vxP {
 
 namespace {
 
-constexpr std::string_view frameRangeCommand{"frange"};
-constexpr std::string_view saveVersionName{"_HIP_SAVEVERSION"};
-constexpr std::string_view variableCommand{"set -g "};
-constexpr std::string_view assignment{" = "};
 constexpr std::string_view archiveMagic{"Hou"};  ///< the header of an archive entry stands on its first line
-constexpr std::string_view takeCommand{"take name"};
-constexpr std::string_view sectionSuffix{".parm"};
 
 constexpr std::string_view outRoot{"out/"};
 constexpr std::string_view objRoot{"obj/"};

@@ -8,6 +8,7 @@
 #include "catalogues/wedges.h"
 #include "plugin/sceneDevice.h"
 #include "plugin/sceneLine.h"
+#include "plugin/sceneTexts.h"
 #include "plugin/submitterArguments.h"
 #include "readers/outNode.h"
 #include "readers/paramSection.h"
@@ -61,19 +62,18 @@ void keepSaveVersion(const QString& line, _sceneFacts& facts) {
 
 /// `set -g JOB = '/proj/shot'`
 void keepVariable(const QString& line) {
-    constexpr QLatin1String command{"set -g "};
-    constexpr QLatin1String assignment{" ="};
+    constexpr QLatin1String command = latin(variableCommand);
+    constexpr QLatin1String equalsSign = latin(assignment.substr(0, 2));  // an empty value may end the line
     const QString rest = line.mid(line.indexOf(command) + command.size());
-    const _size equals = rest.indexOf(assignment);
-    QString value = (equals < 0 ? rest : rest.mid(equals + assignment.size())).trimmed();
+    const _size equals = rest.indexOf(equalsSign);
+    QString value = (equals < 0 ? rest : rest.mid(equals + equalsSign.size())).trimmed();
     value = value.size() < 2 ? QString() : value.mid(1, value.size() - 2).trimmed();  // its quotes
-    hVariables.append({rest.left(rest.indexOf(QLatin1String(" = "))).trimmed(), value});
+    hVariables.append({rest.left(rest.indexOf(latin(assignment))).trimmed(), value});
 }
 
 /// `take name Main kids 0`
 QString takeName(const QString& line) {
-    constexpr QLatin1String command{"take name"};
-    return textBefore(line.mid(command.size()).trimmed(), u' ').trimmed();
+    return textBefore(line.mid(static_cast<_size>(takeCommand.size())).trimmed(), u' ').trimmed();
 }
 
 /// Hands a section to the reader of its kind. @return what the reader returned

@@ -39,10 +39,6 @@ bool countsFramesBySwitch(const _driver& driver) {
 
 // ---- what a row does
 
-QString behind(const QString& text, _size end) {
-    return text.mid(end);
-}
-
 _step readTrange(_driver&, const QString& line) {
     if (line.contains(QLatin1String("\"on\"")) || line.contains(QLatin1String("\"normal\""))) trange = true;
     return _step::next;
@@ -53,15 +49,15 @@ _step readTrange(_driver&, const QString& line) {
 void readChannelRange(QString value) {
     constexpr QLatin1String startChannel{"f1"};
     constexpr QLatin1String endChannel{"f2"};
-    value = behind(value, value.indexOf(startChannel, 0, Qt::CaseInsensitive) + startChannel.size()).trimmed();
+    value = value.mid(value.indexOf(startChannel, 0, Qt::CaseInsensitive) + startChannel.size()).trimmed();
     seqStart = integerOf(textBefore(value, u' '));
     const _size end = value.indexOf(endChannel);
     if (end >= 0) {
-        value = behind(value, end + endChannel.size());
+        value = value.mid(end + endChannel.size());
         seqEnd = integerOf(textBefore(value, u' '));
-        value = behind(value, value.indexOf(QLatin1Char(']')) + 2);
+        value = value.mid(value.indexOf(QLatin1Char(']')) + 2);
     } else {
-        value = behind(value, value.indexOf(QLatin1Char(']')) + 2).trimmed();
+        value = value.mid(value.indexOf(QLatin1Char(']')) + 2).trimmed();
         seqEnd = integerOf(firstField(value));
     }
     seqStep = integerOf(value.trimmed());

@@ -4,7 +4,6 @@ namespace vxP {
 
 namespace {
 
-constexpr QLatin1String sectionSuffix{".parm"};
 constexpr QLatin1String nodeExpression{"`chsop(\\"};
 
 QString cutAt(QString text, _size end) {
@@ -43,7 +42,7 @@ QString nodePathOf(const QString& header, std::span<const QLatin1String> roots, 
         path = header.mid(start);
         break;
     }
-    const _size end = path.indexOf(sectionSuffix);
+    const _size end = path.indexOf(QLatin1String(sectionSuffix.data(), static_cast<_size>(sectionSuffix.size())));
     if (end < 0 && unended == _unendedPath::isEmpty) path.clear();
     return QLatin1Char('/') + cutAt(path, end);
 }

@@ -10,12 +10,16 @@
 #include <QString>
 #include <QTextStream>
 #include <span>
+#include <string_view>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
 
 using vxS::_size;
+
+/// Ends the path in a section's header.
+constexpr std::string_view sectionSuffix{".parm"};
 
 /// How far a section has been read.
 enum class _sectionStep {
