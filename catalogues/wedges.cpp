@@ -4,6 +4,7 @@
 
 #include "readers/paramRules.h"
 #include "readers/paramSection.h"
+#include "shared/vxNumber.h"
 
 namespace vxP {
 
@@ -46,7 +47,7 @@ _step readMethod(_wedgeNode& node, const QString& line, _size) {
 
 /// Instance number between the parameter's name and its TAB.
 int instanceOf(const QString& line, _size nameLength, bool& isNumber) {
-    return parameterName(line).mid(nameLength).toInt(&isNumber);
+    return vxS::wholeNumber(parameterName(line).mid(nameLength), &isNumber);
 }
 
 _step readName(_wedgeNode& node, const QString& line, _size nameLength) {

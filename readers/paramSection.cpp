@@ -1,5 +1,7 @@
 #include "readers/paramSection.h"
 
+#include "shared/vxNumber.h"
+
 namespace vxP {
 
 namespace {
@@ -84,7 +86,7 @@ QString nextFields(const QString& value) {
 }
 
 qint32 integerOf(const QString& text) {
-    return text.toInt();
+    return vxS::wholeNumber(text);
 }
 
 QString withoutChannelReference(const QString& value, const QString& name) {
