@@ -16,10 +16,10 @@ class _jobCopier {
  public:
     explicit _jobCopier(vxJ::_JobBasicsArray& array);
 
-    /// One copy of each job for every take, once each, with the take as `channel`. A driver with a take of its own
-    /// gets none.
+    /// One copy of each job for every take, with the take as `channel`. A driver with a take of its own gets none.
+    /// @param takes  each once
     /// @return resultSuccess, or resultNoMoreJobs; the copies made before stay
-    qint32 copyForTakes(const QStringList& takeNames);
+    qint32 copyForTakes(const QStringList& takes);
 
     /// One copy of each job for every variant of every wedge that repeats its driver, with the variant's number and
     /// name in place of the wedge placeholders. Then no job holds a placeholder any more.
@@ -30,12 +30,17 @@ class _jobCopier {
     /// A pattern and the take or variant that it was copied for.
     using _copyKey = QPair<qint32, qint64>;
 
+    void reserve(qint64 more);
+    vxJ::_JobBasics_largePath* newJob();
     vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
     qint32 copyForWedge(qint32 pattern, qint32 wedge);
     qint32 copyForWedgesOf(qint32 pattern);
+    QList<qint32> wedgesOf(qint32 pattern) const;
     qint32 partnerOfCopy(qint32 pattern, qint64 variant) const;
 
     vxJ::_JobBasicsArray& jobs;
+    qint32 firstClear = vxJ::jobArrayCapacity;  ///< records from here on were made for this round and never used
+    QHash<QString, QList<qint32>> wedgesOfDriver;
     std::vector<qint32> partners;    ///< index of the job that a job waits for, -1: none
     QHash<_copyKey, qint32> copies;  ///< of this round
 };

@@ -4,6 +4,7 @@
 
 #include "catalogues/camList.h"
 #include "readers/paramSection.h"
+#include "readers/scanBudget.h"
 #include "readers/scanState.h"
 
 namespace vxP {
@@ -18,6 +19,8 @@ struct _visit {
     const _sceneSummary& scene;
     const _outputBefore& before;
 };
+
+constexpr qint64 workPerCustomData = 2000;
 
 constexpr QLatin1String htoaRenderer{"HtoA"};
 constexpr QLatin1String vrayPerFrame{"multifile"};
@@ -110,8 +113,10 @@ constexpr std::array applicationRules{
 void setHoudiniFacts(const _visit& visit) {
     visit.job.appVersionMajor = static_cast<qint16>(visit.scene.houdini.versionMajor);
     visit.job.appVersionMinor = visit.scene.houdini.versionMinor;
-    for (const QString& value : visit.scene.jobVariables)
+    for (const QString& value : visit.scene.jobVariables) {
+        spendWork(workPerCustomData);
         visit.job.sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), value);
+    }
     const QString take = nodeActiveTakes.value(visit.job.layer);
     if (!take.isEmpty()) visit.job.channel = take;
 }

@@ -5,6 +5,7 @@
 #include "plugin/jobFinishing.h"
 #include "plugin/sceneDevice.h"
 #include "plugin/sceneScan.h"
+#include "readers/scanBudget.h"
 
 namespace vxP {
 
@@ -34,6 +35,7 @@ quint8 fillInfo(_dataPARS_PluginInfo& info) {
 
 qint32 loadScene(_dataPARS_LoadSceneFile& load) {
     if (!load.jobArray->isVersionSupported(neededLayoutMinor)) return resultVersionMismatch;
+    beginBudget();
     _sceneFacts facts;
     readSubmitterArguments(*load.settings, facts);
     QFile file(load.sceneFileName->toQString());
