@@ -31,7 +31,8 @@ _jobCopier::_jobCopier(vxJ::_JobBasicsArray& array) : jobs(array) {
 
 qint32 _jobCopier::partnerOfCopy(qint32 pattern, qint64 variant) const {
     const qint32 partner = partners[static_cast<std::size_t>(pattern)];
-    return partner < 0 ? -1 : copies.value({partner, variant}, -1);
+    const auto copied = copies.find({partner, variant});
+    return copied == copies.end() ? -1 : copied->second;
 }
 
 /// @return null when the array has no room
@@ -45,7 +46,7 @@ _JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
     const qint32 partner = partnerOfCopy(pattern, variant);
     if (partner >= 0) job->waitForPreIDs[0] = jobs.at(partner)->preID;
     partners.push_back(partner);
-    copies.insert({pattern, variant}, jobs.count - 1);
+    copies[{pattern, variant}] = jobs.count - 1;
     return job;
 }
 

@@ -1,8 +1,9 @@
 // Copies of finished jobs: one for each take, and one for each variant of a wedge.
 #pragma once
 
-#include <QHash>
 #include <QStringList>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "jobs/VX_DataTypes_plugin.h"
@@ -28,7 +29,7 @@ class _jobCopier {
 
  private:
     /// A pattern and the take or variant that it was copied for.
-    using _copyKey = QPair<qint32, qint64>;
+    using _copyKey = std::pair<qint32, qint64>;
 
     vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
     qint32 copyForWedge(qint32 pattern, qint32 wedge);
@@ -36,8 +37,9 @@ class _jobCopier {
     qint32 partnerOfCopy(qint32 pattern, qint64 variant) const;
 
     vxJ::_JobBasicsArray& jobs;
-    std::vector<qint32> partners;    ///< index of the job that a job waits for, -1: none
-    QHash<_copyKey, qint32> copies;  ///< of this round
+    std::vector<qint32> partners;  ///< index of the job that a job waits for, -1: none
+    /// Of this round. Qt's hash would end the process where it gets no memory.
+    std::map<_copyKey, qint32> copies;
 };
 
 }  // namespace vxP

@@ -118,6 +118,13 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
     }
 }
 
+/// While it is made, Qt's text stream does not look whether it gets the few hundred bytes that it asks for: where they
+/// are missing the process ends. A shortage has to show before that.
+void ensureRoomForStream() {
+    constexpr int enough = 8192;
+    QByteArray(enough, Qt::Uninitialized);
+}
+
 }  // namespace
 
 void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts) {
@@ -159,6 +166,7 @@ qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFact
 
 qint32 scanScene(_dataPARS_LoadSceneFile& load, QIODevice& source, _sceneFacts& facts) {
     _sceneDevice device(source);
+    ensureRoomForStream();
     QTextStream stream(&device);
     decodeAsUtf8(stream);
     const qint32 result = scanStream(load, stream, facts, [&](bool open) { device.setSectionOpen(open); });
