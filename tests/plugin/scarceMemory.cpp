@@ -1,10 +1,9 @@
 #include "tests/plugin/scarceMemory.h"
 
 #include <dlfcn.h>
-#include <execinfo.h>
 #include <malloc.h>
+#include <unwind.h>
 
-#include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
@@ -14,31 +13,24 @@
 
 #include "shared/vxExport.h"
 
-// The allocator below this one.
-#ifdef __SANITIZE_ADDRESS__
-extern "C" void* __interceptor_malloc(std::size_t);
-extern "C" void* __interceptor_calloc(std::size_t, std::size_t);
-extern "C" void* __interceptor_realloc(void*, std::size_t);
-extern "C" void __interceptor_free(void*);
-constexpr auto realMalloc = __interceptor_malloc;
-constexpr auto realCalloc = __interceptor_calloc;
-constexpr auto realRealloc = __interceptor_realloc;
-constexpr auto realFree = __interceptor_free;
-#else
-extern "C" void* __libc_malloc(std::size_t);
-extern "C" void* __libc_calloc(std::size_t, std::size_t);
-extern "C" void* __libc_realloc(void*, std::size_t);
-extern "C" void __libc_free(void*);
-constexpr auto realMalloc = __libc_malloc;
-constexpr auto realCalloc = __libc_calloc;
-constexpr auto realRealloc = __libc_realloc;
-constexpr auto realFree = __libc_free;
-#endif
+// The allocators below this one: the sanitizer's where there is one, else the system's.
+extern "C" {
+__attribute__((weak)) void* __interceptor_malloc(std::size_t);
+__attribute__((weak)) void* __interceptor_calloc(std::size_t, std::size_t);
+__attribute__((weak)) void* __interceptor_realloc(void*, std::size_t);
+__attribute__((weak)) void __interceptor_free(void*);
+void* __libc_malloc(std::size_t);
+void* __libc_calloc(std::size_t, std::size_t);
+void* __libc_realloc(void*, std::size_t);
+void __libc_free(void*);
+}
 
 namespace {
 
 constexpr long unlimited = std::numeric_limits<long>::max();
 
+// In use; those from before the first question count as none.
+std::atomic<bool> isCounting{false};
 std::atomic<long> blocks{0};
 std::atomic<long> bytes{0};
 
@@ -48,15 +40,20 @@ long untilFailure = 0;  // 1: the next one fails; 0: none does
 bool isLasting = false;
 bool hasFailed = false;
 
+_Unwind_Reason_Code lookForTextStream(_Unwind_Context* call, void* isFound) {
+    Dl_info place;
+    const bool isKnown = dladdr(reinterpret_cast<void*>(_Unwind_GetIP(call)), &place) != 0;
+    if (!isKnown || place.dli_sname == nullptr || std::strstr(place.dli_sname, "QTextStreamC") == nullptr)
+        return _URC_NO_REASON;
+    *static_cast<bool*>(isFound) = true;
+    return _URC_END_OF_STACK;
+}
+
+/// True when a constructor of the text stream is among the callers.
 bool isInTextStream() {
-    std::array<void*, 40> calls;
-    const int count = backtrace(calls.data(), static_cast<int>(calls.size()));
-    for (int i = 0; i < count; ++i) {
-        Dl_info place;
-        const bool isNamed = dladdr(calls[static_cast<std::size_t>(i)], &place) != 0 && place.dli_sname != nullptr;
-        if (isNamed && std::strstr(place.dli_sname, "QTextStreamC") != nullptr) return true;
-    }
-    return false;
+    bool isFound = false;
+    _Unwind_Backtrace(lookForTextStream, &isFound);
+    return isFound;
 }
 
 bool isItsTurn() {
@@ -65,18 +62,22 @@ bool isItsTurn() {
     return !isInTextStream();
 }
 
-/// @param size  bytes more than before
-bool fails(std::size_t size) {
-    if (!isItsTurn() && bytes + static_cast<long>(size) <= mostBytes) return false;
+/// @param more  bytes that are asked for
+bool fails(long more) {
+    if (!isItsTurn() && bytes + more <= mostBytes) return false;
     hasFailed = true;
     errno = ENOMEM;
     return true;
 }
 
+long sizeOf(void* block) {
+    return isCounting ? static_cast<long>(malloc_usable_size(block)) : 0;
+}
+
 void count(void* block, int change) {
-    if (block == nullptr) return;
+    if (block == nullptr || !isCounting) return;
     blocks += change;
-    bytes += change * static_cast<long>(malloc_usable_size(block));
+    bytes += change * sizeOf(block);
 }
 
 void* counted(void* block) {
@@ -94,22 +95,27 @@ void* orThrow(void* block) {
 extern "C" {
 
 VX_EXPORT void* malloc(std::size_t size) noexcept {
-    return fails(size) ? nullptr : counted(realMalloc(size));
+    if (fails(static_cast<long>(size))) return nullptr;
+    return counted(__interceptor_malloc != nullptr ? __interceptor_malloc(size) : __libc_malloc(size));
 }
 
 VX_EXPORT void* calloc(std::size_t number, std::size_t size) noexcept {
-    return fails(number * size) ? nullptr : counted(realCalloc(number, size));
+    if (fails(static_cast<long>(number * size))) return nullptr;
+    return counted(__interceptor_calloc != nullptr ? __interceptor_calloc(number, size) : __libc_calloc(number, size));
 }
 
 VX_EXPORT void* realloc(void* block, std::size_t size) noexcept {
-    if (fails(size - malloc_usable_size(block))) return nullptr;
+    if (fails(static_cast<long>(size) - sizeOf(block))) return nullptr;
     count(block, -1);
-    return counted(realRealloc(block, size));
+    return counted(__interceptor_realloc != nullptr ? __interceptor_realloc(block, size) : __libc_realloc(block, size));
 }
 
 VX_EXPORT void free(void* block) noexcept {
     count(block, -1);
-    realFree(block);
+    if (__interceptor_free != nullptr)
+        __interceptor_free(block);
+    else
+        __libc_free(block);
 }
 
 }  // extern "C"
@@ -143,7 +149,6 @@ void operator delete[](void* block, std::size_t) noexcept {
 namespace vxTest {
 
 void failAllocation(long number, bool lasting) {
-    isInTextStream();  // its own first call allocates
     hasFailed = false;
     isLasting = lasting;
     untilFailure = number;
@@ -151,6 +156,7 @@ void failAllocation(long number, bool lasting) {
 
 void limitMemory(long more) {
     hasFailed = false;
+    isCounting = true;
     mostBytes = bytes + more;
 }
 
@@ -161,6 +167,7 @@ bool endScarcity() {
 }
 
 long blocksInUse() {
+    isCounting = true;
     return blocks;
 }
 
