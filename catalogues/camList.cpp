@@ -14,9 +14,9 @@ constexpr std::array<std::string_view, 4> notACamera{"xform", "camOrigin", "file
 constexpr std::string_view stereoMark{"stereo"};
 constexpr QLatin1String resolutionName{"res\t"};
 
-constexpr qint64 bytesOfHashPlace = 32;
+constexpr qint64 bytesOfHashPlace = 64;
 
-quint64 hashOf(const _vxString8_allSize<150>& name) {
+std::size_t hashOf(const _vxString8_allSize<150>& name) {
     return std::hash<std::string_view>{}(name.view());
 }
 
@@ -37,9 +37,9 @@ std::span<const QLatin1String> cameraParameters() {
 /// First camera of that name, or -1. Its name is not stored a second time, so two names of one hash share a place: all
 /// cameras are looked at then.
 qint32 _camList::knownIndex(const _vxString8_allSize<150>& name) const {
-    const auto found = byNameHash.constFind(hashOf(name));
-    if (found == byNameHash.constEnd()) return -1;
-    if (cameras.at(*found).camName == name) return *found;
+    const auto found = byNameHash.find(hashOf(name));
+    if (found == byNameHash.end()) return -1;
+    if (cameras.at(found->second).camName == name) return found->second;
     spendWork(10 * cameras.size());
     for (qint32 index = 0; index < cameras.size(); ++index)
         if (cameras.at(index).camName == name) return index;
@@ -51,7 +51,7 @@ qint32 _camList::append(const _vxString8_allSize<150>& name) {
     const qint32 index = static_cast<qint32>(cameras.size());
     cameras.append(_camNode());
     cameras[index].camName = name;
-    if (!byNameHash.contains(hashOf(name))) byNameHash.insert(hashOf(name), index);
+    byNameHash.emplace(hashOf(name), index);  // where the hash is known, the first camera keeps its place
     return index;
 }
 

@@ -45,7 +45,7 @@ class _camList {
     qint32 indexOfCamera(const _vxString8_allSize<150>& name);
 
     QList<_camNode> cameras;
-    QHash<quint64, qint32> byNameHash;
+    std::map<std::size_t, qint32> byNameHash;
     _firstPositions byDriver;
 };
 

@@ -1,10 +1,12 @@
 #include "catalogues/listIndex.h"
 
+#include <algorithm>
+
 namespace vxP {
 
 namespace {
 
-constexpr qint64 bytesOfPosition = 100;  // a place in the hash while it grows; the text is shared with the list
+constexpr qint64 bytesOfPosition = 96;  // the text itself is shared with the list
 
 }  // namespace
 
@@ -31,11 +33,11 @@ QString foldedForm(const QString& text) {
 void _firstPositions::note(const QString& text, qint32 position) {
     const auto known = positions.find(text);
     if (known != positions.end()) {
-        *known = std::min(*known, position);
+        known->second = std::min(known->second, position);
         return;
     }
     keepMemory(bytesOfPosition);
-    positions.insert(text, position);
+    positions.emplace(text, position);
 }
 
 }  // namespace vxP

@@ -1,11 +1,10 @@
 // Look-ups in the ordered lists of the catalogues: the first match in list order wins, however long the list is.
 #pragma once
 
-#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
-#include <algorithm>
+#include <map>
 
 #include "readers/scanBudget.h"
 #include "shared/vxString.h"
@@ -18,11 +17,14 @@ using vxS::_size;
 class _firstPositions {
  public:
     /// @return the position, or -1
-    qint32 of(const QString& text) const { return positions.value(text, -1); }
+    qint32 of(const QString& text) const {
+        const auto found = positions.find(text);
+        return found == positions.end() ? -1 : found->second;
+    }
     void note(const QString& text, qint32 position);
 
  private:
-    QHash<QString, qint32> positions;
+    std::map<QString, qint32> positions;  ///< Qt's hash would end the process where it gets no memory
 };
 
 /// Two texts have the same form exactly when they are equal in any letter case.

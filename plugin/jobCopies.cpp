@@ -33,7 +33,8 @@ _jobCopier::_jobCopier(vxJ::_JobBasicsArray& array) : jobs(array) {
 
 qint32 _jobCopier::partnerOfCopy(qint32 pattern, qint64 variant) const {
     const qint32 partner = partners[static_cast<std::size_t>(pattern)];
-    return partner < 0 ? -1 : copies.value({partner, variant}, -1);
+    const auto copied = copies.find({partner, variant});
+    return copied == copies.end() ? -1 : copied->second;
 }
 
 /// Makes room for copies in one step, which is quicker for thousands of them; where memory is short for all, each copy
@@ -62,7 +63,7 @@ _JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
     const qint32 partner = partnerOfCopy(pattern, variant);
     if (partner >= 0) job->waitForPreIDs[0] = jobs.at(partner)->preID;
     partners.push_back(partner);
-    copies.insert({pattern, variant}, jobs.count - 1);
+    copies[{pattern, variant}] = jobs.count - 1;
     return job;
 }
 
@@ -110,7 +111,8 @@ qint32 _jobCopier::copyForWedgesOf(qint32 pattern) {
 /// The wedges that repeat a job's driver, in list order.
 QList<qint32> _jobCopier::wedgesOf(qint32 pattern) const {
     const _JobBasics_largePath* const job = jobs.at(pattern);
-    return job == nullptr ? QList<qint32>() : wedgesOfDriver.value(job->layer.toQString());
+    const auto found = job == nullptr ? wedgesOfDriver.end() : wedgesOfDriver.find(job->layer.toQString());
+    return found == wedgesOfDriver.end() ? QList<qint32>() : found->second;
 }
 
 qint32 _jobCopier::copyForWedges() {

@@ -1,8 +1,9 @@
 // Copies of finished jobs: one for each take, and one for each variant of a wedge.
 #pragma once
 
-#include <QHash>
 #include <QStringList>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "jobs/VX_DataTypes_plugin.h"
@@ -28,7 +29,7 @@ class _jobCopier {
 
  private:
     /// A pattern and the take or variant that it was copied for.
-    using _copyKey = QPair<qint32, qint64>;
+    using _copyKey = std::pair<qint32, qint64>;
 
     void reserve(qint64 more);
     vxJ::_JobBasics_largePath* newJob();
@@ -40,9 +41,10 @@ class _jobCopier {
 
     vxJ::_JobBasicsArray& jobs;
     qint32 firstClear = vxJ::jobArrayCapacity;  ///< records from here on were made for this round and never used
-    QHash<QString, QList<qint32>> wedgesOfDriver;
-    std::vector<qint32> partners;    ///< index of the job that a job waits for, -1: none
-    QHash<_copyKey, qint32> copies;  ///< of this round
+    std::vector<qint32> partners;               ///< index of the job that a job waits for, -1: none
+    // Qt's hash would end the process where it gets no memory.
+    std::map<QString, QList<qint32>> wedgesOfDriver;
+    std::map<_copyKey, qint32> copies;  ///< of this round
 };
 
 }  // namespace vxP

@@ -43,10 +43,15 @@ void takeExportAsScene(const _visit& visit, _frameNumber frameNumber) {
         QString(visit.before.imageDir + visit.before.imageFileName + frame + visit.before.imageExtension);
 }
 
+/// The text alone: assigned as a whole it would bring the bytes behind it, whatever they are, into the shared record.
+void setMinorVersion(_JobBasics_largePath& job, const vxRA::_RenderAppBasic& version) {
+    job.appVersionMinor = version.versionMinor.view();
+}
+
 void takeVersion(const _visit& visit, const vxRA::_RenderAppBasic& version) {
     if (version.versionMajor <= 0) return;
     visit.job.appVersionMajor = static_cast<qint16>(version.versionMajor);
-    visit.job.appVersionMinor = version.versionMinor;
+    setMinorVersion(visit.job, version);
 }
 
 // ---- one rule an application
@@ -112,7 +117,7 @@ constexpr std::array applicationRules{
 
 void setHoudiniFacts(const _visit& visit) {
     visit.job.appVersionMajor = static_cast<qint16>(visit.scene.houdini.versionMajor);
-    visit.job.appVersionMinor = visit.scene.houdini.versionMinor;
+    setMinorVersion(visit.job, visit.scene.houdini);
     for (const QString& value : visit.scene.jobVariables) {
         spendWork(workPerCustomData);
         visit.job.sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), value);

@@ -136,17 +136,22 @@ std::string_view _sceneLines::nextOutside() {
     }
 }
 
+/// The scene's first line is always handed out: a decoder may treat the first bytes that it sees apart.
+std::string_view _sceneLines::firstLine() {
+    first = false;
+    const std::size_t end = endOfLine(position);
+    const std::string_view line = lineUpTo(end);
+    beginLineAt(end);
+    return line;
+}
+
 std::string_view _sceneLines::next() {
     if (!wanted.empty()) return wanted;
-    if (first) {
-        // The scene's first line is always handed out: a decoder may treat the first bytes that it sees apart.
-        first = false;
-        const std::size_t end = endOfLine(position);
-        wanted = lineUpTo(end);
-        beginLineAt(end);
-        return wanted;
-    }
-    wanted = sectionOpen ? nextInSection() : nextOutside();
+    if (first)
+        wanted = firstLine();
+    else
+        wanted = sectionOpen ? nextInSection() : nextOutside();
+    if (failed) wanted = {};
     return wanted;
 }
 

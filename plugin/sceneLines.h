@@ -27,7 +27,8 @@ class _sceneLines {
     std::string_view next();
     void take() { wanted = {}; }
 
-    /// True when the source reported an error; the lines then end like at the end of the scene.
+    /// True when the source reported an error; the lines then end before it. A line that it cut is not handed out: a
+    /// part of a variable's value would stay with the plug-in and get into the jobs of a second try.
     bool readFailed() const { return failed; }
 
  private:
@@ -36,6 +37,7 @@ class _sceneLines {
     std::size_t endOfLine(std::size_t from);
     void beginLineAt(std::size_t start);
     void beginLastLineBefore(std::size_t end);
+    std::string_view firstLine();
     std::string_view nextInSection();
     std::string_view nextOutside();
     std::string_view lineUpTo(std::size_t end);

@@ -127,11 +127,18 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
     }
 }
 
+/// While it is made, Qt's text stream does not look whether it gets the few hundred bytes that it asks for: where they
+/// are missing the process ends. A shortage has to show before that.
+void ensureRoomForStream() {
+    constexpr int enough = 8192;
+    QByteArray(enough, Qt::Uninitialized);
+}
+
 }  // namespace
 
 void _takes::add(const QString& name) {
     ++lines;
-    if (names.size() >= vxJ::jobArrayCapacity || known.contains(name)) return;
+    if (names.size() >= vxJ::jobArrayCapacity || known.count(name) > 0) return;
     keepMemory(bytesOf(name));
     names.append(name);
     known.insert(name);
@@ -177,6 +184,7 @@ qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFact
 
 qint32 scanScene(_dataPARS_LoadSceneFile& load, QIODevice& source, _sceneFacts& facts) {
     _sceneDevice device(source);
+    ensureRoomForStream();
     QTextStream stream(&device);
     decodeAsUtf8(stream);
     const qint32 result = scanStream(load, stream, facts, [&](bool open) { device.setSectionOpen(open); });

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QIODevice>
-#include <QSet>
 #include <QStringList>
 #include <QTextStream>
 #include <functional>
+#include <set>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
@@ -14,8 +14,8 @@ namespace vxP {
 /// The scene's takes, as its "take name" lines name them.
 struct _takes {
     qint64 lines = 0;
-    QStringList names;    ///< in file order, each once, at most as many as a job array has records
-    QSet<QString> known;  ///< the same names
+    QStringList names;        ///< in file order, each once, at most as many as a job array has records
+    std::set<QString> known;  ///< the same names
 
     void add(const QString& name);
 };

@@ -1,9 +1,7 @@
 #include "plugin/vxSceneParserHoudini.h"
 
-#include <QFile>
-
 #include "plugin/jobFinishing.h"
-#include "plugin/sceneDevice.h"
+#include "plugin/sceneFile.h"
 #include "plugin/sceneScan.h"
 #include "readers/scanBudget.h"
 
@@ -38,12 +36,11 @@ qint32 loadScene(_dataPARS_LoadSceneFile& load) {
     beginBudget();
     _sceneFacts facts;
     readSubmitterArguments(*load.settings, facts);
-    QFile file(load.sceneFileName->toQString());
-    if (!openScene(file)) return resultCannotOpen;
+    _sceneFile file(load.sceneFileName->toQString());
+    if (!file.isOpen()) return resultCannotOpen;
     importSceneFolder(*load.sceneFileName);
     importEnvironment();
     const qint32 scanned = scanScene(load, file, facts);
-    file.close();
     return scanned == resultSuccess ? finishJobs(load, facts) : scanned;
 }
 

@@ -228,9 +228,12 @@ TEST(SceneDevice, TellsAnErrorFromTheEnd) {
     vxTest::freshScanState();
     vxTest::_loader loader;
     _sceneFacts facts;
-    _pieces scene(vxTest::section("out/mantra1", {{"vm_picture", "/img/a.exr"}}) + "x\n", 50, false);
+    _pieces scene(vxTest::section("out/mantra1", {{"vm_picture", "/img/a.exr"}}) + "set -g JOB = '/pro", 50, false);
     EXPECT_EQ(scanScene(loader.record(), scene, facts), resultException);
     EXPECT_EQ(loader.count(), 1);
+    _pieces firstLine("set -g JOB = '/pro", 50, false);
+    EXPECT_EQ(scanScene(loader.record(), firstLine, facts), resultException);
+    EXPECT_TRUE(hVariables.isEmpty());  // a second try finds no half value
 }
 
 }  // namespace
