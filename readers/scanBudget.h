@@ -12,7 +12,7 @@ constexpr qint64 workOfAnyScene = 700'000'000;
 constexpr qint64 workPerSceneByte = 7;
 
 /// Bytes that one load may keep in variables, takes and catalogues.
-constexpr qint64 memoryOfAnyScene = qint64{48} * 1024 * 1024;
+constexpr qint64 memoryOfAnyScene = qint64{45} * 1024 * 1024;
 
 /// The load used up its budget: it ends, and what it has made so far stays.
 class _budgetExceeded : public std::exception {

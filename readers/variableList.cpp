@@ -58,8 +58,10 @@ void _variableList::store(QStringView text, bool isWide) {
 }
 
 void _variableList::orderByLength() {
-    std::stable_sort(entries.begin(), entries.end(),
-                     [](const _entry& a, const _entry& b) { return a.nameLength > b.nameLength; });
+    // Texts stand in the order in which they were appended, and sorting by it needs no second list.
+    std::sort(entries.begin(), entries.end(), [](const _entry& a, const _entry& b) {
+        return a.nameLength != b.nameLength ? a.nameLength > b.nameLength : a.start < b.start;
+    });
     keys.clear();
 }
 
@@ -145,7 +147,10 @@ QStringList _variableList::valuesOf(QStringView name) const {
     indexNewEntries();
     const quint32 hash = hashOf(name);
     QStringList values;
-    for (_size at = firstOf(hash, name, 0); at >= 0; at = firstOf(hash, name, at + 1)) values.append(valueOf(at));
+    for (_size at = firstOf(hash, name, 0); at >= 0; at = firstOf(hash, name, at + 1)) {
+        values.append(valueOf(at));
+        keepMemory(static_cast<qint64>(sizeof(QString)) + vxP::bytesOf(values.last()));
+    }
     return values;
 }
 
