@@ -22,7 +22,7 @@ void replaceBoth(QString& text, const QString& name, const QString& value) {
 QString withVariables(QString text, const QString& driver) {
     replaceBoth(text, QStringLiteral("HIPNAME"), QStringLiteral("scene"));
     replaceBoth(text, QStringLiteral("HIP"), vxP::DatabaseDir);
-    for (const auto& variable : vxP::hVariables) replaceBoth(text, variable.name, variable.value);
+    for (const auto& variable : vxP::hVariables.toList()) replaceBoth(text, variable.name, variable.value);
     replaceBoth(text, QStringLiteral("OS"), driver);
     return text;
 }

@@ -39,7 +39,7 @@ bool isDriver(const QString& line) {
 
 void keepVariable(const QString& line) {
     const auto equals = line.indexOf(QLatin1String(" = "));
-    vxP::hVariables.append({line.mid(7, equals - 7), line.mid(equals + 4).chopped(1)});
+    vxP::hVariables.append(line.mid(7, equals - 7), line.mid(equals + 4).chopped(1));
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 //        scanReport load SCENE           loads a scene once, to be measured from outside
 //        scanReport nothing              an empty program that links the same libraries
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,9 +12,9 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <vector>
 
+#include "bench/measurement.h"
 #include "bench/plainScan.h"
 #include "bench/sceneGenerator.h"
 #include "plugin/vxSceneParserHoudini.h"
@@ -24,64 +23,6 @@ namespace {
 
 using namespace vxBench;
 using _clock = std::chrono::steady_clock;
-
-/// What a measured process answers.
-struct _measurement {
-    double seconds = 0;
-    long peakKilobytes = 0;
-    int code = 0;
-    int jobs = 0;
-};
-
-long peakKilobytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
-/// Runs the work in a child process; what it times there is its answer.
-_measurement measured(const std::function<void(_measurement&)>& work) {
-    int ends[2];
-    if (pipe(ends) != 0) std::exit(EXIT_FAILURE);
-    const pid_t child = fork();
-    if (child == 0) {
-        _measurement answer;
-        work(answer);
-        _exit(write(ends[1], &answer, sizeof answer) == sizeof answer ? 0 : 1);
-    }
-    close(ends[1]);
-    _measurement answer;
-    const bool whole = read(ends[0], &answer, sizeof answer) == sizeof answer;
-    close(ends[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (!whole || status != 0) std::exit(EXIT_FAILURE);
-    return answer;
-}
-
-template <typename Work>
-void timed(_measurement& answer, Work work) {
-    const long before = peakKilobytes();
-    const auto start = _clock::now();
-    work();
-    answer.seconds = std::chrono::duration<double>(_clock::now() - start).count();
-    answer.peakKilobytes = peakKilobytes() - before;
-}
-
-/// Times a load whose job records are there already: their memory costs any reader the same.
-template <typename Load>
-_measurement measuredLoad(const std::string& path, int records, Load loadScene) {
-    return measured([&](_measurement& answer) {
-        const vxS::_vxString<500> name(QString::fromStdString(path));
-        vxJ::_JobBasicsArray jobs;
-        jobs.setArraySize(records);
-        const char* const arguments[] = {"scanReport"};
-        const vxP::_submitterSettings settings{1, arguments};
-        vxP::_dataPARS_LoadSceneFile load{&name, &jobs, &settings};
-        timed(answer, [&] { answer.code = loadScene(load); });
-        answer.jobs = jobs.count;
-    });
-}
 
 _measurement load(const std::string& path, int records) {
     return measuredLoad(path, records, [](auto& record) { return pLoadSceneFile(&record); });

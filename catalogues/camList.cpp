@@ -1,8 +1,8 @@
 #include "catalogues/camList.h"
 
 #include <array>
+#include <functional>
 
-#include "catalogues/listIndex.h"
 #include "readers/paramSection.h"
 
 namespace vxP {
@@ -13,6 +13,12 @@ constexpr std::array cameraRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
 constexpr std::array<std::string_view, 4> notACamera{"xform", "camOrigin", "file", "constraints"};
 constexpr std::string_view stereoMark{"stereo"};
 constexpr QLatin1String resolutionName{"res\t"};
+
+constexpr qint64 bytesOfHashPlace = 64;
+
+std::size_t hashOf(const _vxString8_allSize<150>& name) {
+    return std::hash<std::string_view>{}(name.view());
+}
 
 void readResolution(const QString& line, _camNode& node) {
     const QString value = unquoted(line);
@@ -28,32 +34,56 @@ std::span<const QLatin1String> cameraParameters() {
     return {&resolutionName, 1};
 }
 
-qint32 _camList::findCamIndex(const _vxString8_allSize<150>& name) {
-    const qint32 index = indexOfFirst(cameras, [&](const _camNode& camera) { return camera.camName == name; });
-    if (index >= 0) return index;
+/// First camera of that name, or -1. Its name is not stored a second time, so two names of one hash share a place: all
+/// cameras are looked at then.
+qint32 _camList::knownIndex(const _vxString8_allSize<150>& name) const {
+    const auto found = byNameHash.find(hashOf(name));
+    if (found == byNameHash.end()) return -1;
+    if (cameras.at(found->second).camName == name) return found->second;
+    spendWork(10 * cameras.size());
+    for (qint32 index = 0; index < cameras.size(); ++index)
+        if (cameras.at(index).camName == name) return index;
+    return -1;
+}
+
+qint32 _camList::append(const _vxString8_allSize<150>& name) {
+    keepMemory(static_cast<qint64>(sizeof(_camNode)) + bytesOfHashPlace);
+    const qint32 index = static_cast<qint32>(cameras.size());
     cameras.append(_camNode());
-    return static_cast<qint32>(cameras.size()) - 1;
+    cameras[index].camName = name;
+    byNameHash.emplace(hashOf(name), index);  // where the hash is known, the first camera keeps its place
+    return index;
+}
+
+qint32 _camList::findCamIndex(const _vxString8_allSize<150>& name) {
+    const qint32 known = knownIndex(name);
+    return known >= 0 ? known : append(_vxString8_allSize<150>());
+}
+
+qint32 _camList::indexOfCamera(const _vxString8_allSize<150>& name) {
+    const qint32 known = knownIndex(name);
+    return known >= 0 ? known : append(name);
 }
 
 qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
-    return indexOfDriver(cameras, renderNode);
+    return byDriver.of(renderNode);
 }
 
 void _camList::addCam(_camNode& node) {
     for (const std::string_view mark : notACamera)
         if (node.camName.contains(mark)) return;
-    _camNode& camera = cameras[findCamIndex(node.camName)];
-    camera.camName = node.camName;
-    camera.resX = node.resX;
-    camera.resY = node.resY;
-    camera.isStereo = node.isStereo;
+    _camNode& stored = cameras[indexOfCamera(node.camName)];
+    stored.resX = node.resX;
+    stored.resY = node.resY;
+    stored.isStereo = node.isStereo;
 }
 
 void _camList::addCamFromOutNode(_vxString8_allSize<150> name, const QString& renderNode) {
     name = QStringView{withoutNodeExpression(name.toQString())};
-    _camNode& camera = cameras[findCamIndex(name)];
-    camera.camName = name;
-    camera.renderNodes.append(renderNode);
+    const qint32 index = indexOfCamera(name);
+    keepMemory(bytesOfListed(renderNode));
+    cameras[index].renderNodes.append(renderNode);
+    byDriver.note(renderNode, index);
 }
 
 qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {

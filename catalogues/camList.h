@@ -6,12 +6,12 @@
 #include <QTextStream>
 #include <span>
 
+#include "catalogues/listIndex.h"
 #include "jobs/VX_DataTypes_plugin.h"
 #include "shared/vxString8.h"
 
 namespace vxP {
 
-using vxS::_size;
 using vxS::_vxString8_allSize;
 
 /// One camera. Its section and the drivers that name it come in either order; each fills its own part.
@@ -39,7 +39,14 @@ class _camList {
     const QList<_camNode>& entries() const { return cameras; }
 
  private:
+    qint32 knownIndex(const _vxString8_allSize<150>& name) const;
+    qint32 append(const _vxString8_allSize<150>& name);
+    /// First camera of that name, or a new one.
+    qint32 indexOfCamera(const _vxString8_allSize<150>& name);
+
     QList<_camNode> cameras;
+    std::map<std::size_t, qint32> byNameHash;
+    _firstPositions byDriver;
 };
 
 extern _camList camList;  ///< lives as long as the plug-in is loaded and is never emptied
@@ -53,3 +60,5 @@ std::span<const QLatin1String> cameraParameters();
 qint32 loadCamNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
 
 }  // namespace vxP
+
+Q_DECLARE_TYPEINFO(vxP::_camNode, Q_MOVABLE_TYPE);  // a long list grows in place

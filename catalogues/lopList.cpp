@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "catalogues/listIndex.h"
 #include "readers/imageOutVars.h"
 #include "readers/paramSection.h"
 
@@ -59,15 +58,16 @@ QString _LOPNode::rendererName_create() const {
 }
 
 qint32 _LOPList::findLOPIndex(const QString& name, const bool& create) {
-    return indexOfLop(nodes, name, create);
+    return nodes.find(name, create);
 }
 
 qint32 _LOPList::findLOPIndexByRenderNode(const QString& renderNode) const {
-    return indexOfDriver(nodes, renderNode);
+    return nodes.findByDriver(renderNode);
 }
 
 void _LOPList::addLOP(_LOPNode& node) {
     _LOPNode& stored = nodes[findLOPIndex(node.lopName, true)];
+    keepMemory(bytesOf(node.imageName) - bytesOf(stored.imageName) + bytesOf(stored.renderer));
     stored.lopName = node.lopName;
     stored.imageName = node.imageName;
     stored.imageUsesTake = node.imageUsesTake;
@@ -76,7 +76,7 @@ void _LOPList::addLOP(_LOPNode& node) {
 
 qint32 _LOPList::addLOPFromOutNode(QString name, const QString& renderNode) {
     const qint32 index = findLOPIndex(withoutNodeExpression(name), true);
-    nodes[index].renderNodes.append(renderNode);
+    nodes.attach(index, renderNode);
     return index;
 }
 

@@ -6,6 +6,7 @@
 #include <QTextStream>
 #include <span>
 
+#include "catalogues/listIndex.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
@@ -40,10 +41,10 @@ class _LOPList {
     qint32 addLOPFromOutNode(QString name, const QString& renderNode);
 
     _LOPNode& operator[](qint32 index) { return nodes[index]; }
-    const QList<_LOPNode>& entries() const { return nodes; }
+    const QList<_LOPNode>& entries() const { return nodes.entries(); }
 
  private:
-    QList<_LOPNode> nodes;
+    _nodeList<_LOPNode> nodes;
 };
 
 extern _LOPList LOPList;  ///< lives as long as the plug-in is loaded and is never emptied
@@ -57,3 +58,5 @@ std::span<const QLatin1String> lopParameters();
 qint32 loadLOPNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
 
 }  // namespace vxP
+
+Q_DECLARE_TYPEINFO(vxP::_LOPNode, Q_MOVABLE_TYPE);  // a long list grows in place

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "catalogues/listIndex.h"
 #include "readers/houdiniVariables.h"
 #include "readers/imageOutVars.h"
 #include "readers/paramRules.h"
@@ -107,22 +106,24 @@ std::span<const QLatin1String> usdRsParameters() {
 }
 
 qint32 _USD_RSList::findIndex(const QString& name, const bool& create) {
-    return indexOfLop(settings, name, create);
+    return settings.find(name, create);
 }
 
 qint32 _USD_RSList::findIndexByROP(const QString& renderNode) const {
-    return indexOfDriver(settings, renderNode);
+    return settings.findByDriver(renderNode);
 }
 
 qint32 _USD_RSList::addFromROP(QString name, const QString& renderNode) {
     const qint32 index = findIndex(withoutNodeExpression(name), true);
-    settings[index].renderNodes.append(renderNode);
+    settings.attach(index, renderNode);
     return index;
 }
 
 qint32 _USD_RSList::add(_USD_RendersettingNode& node) {
     const qint32 index = findIndex(node.lopName, true);
     _USD_RendersettingNode& stored = settings[index];
+    keepMemory(bytesOf(node.cameraName) + bytesOf(node.imageName) - bytesOf(stored.cameraName) -
+               bytesOf(stored.imageName));
     stored.lopName = node.lopName;
     stored.cameraName = node.cameraName;
     stored.archiveEnabled = node.archiveEnabled;

@@ -6,6 +6,7 @@
 #include <QTextStream>
 #include <span>
 
+#include "catalogues/listIndex.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
@@ -34,10 +35,10 @@ class _USD_RSList {
     /// deliberate, hosts never saw them. @return the entry's index
     qint32 add(_USD_RendersettingNode& node);
 
-    const QList<_USD_RendersettingNode>& entries() const { return settings; }
+    const QList<_USD_RendersettingNode>& entries() const { return settings.entries(); }
 
  private:
-    QList<_USD_RendersettingNode> settings;
+    _nodeList<_USD_RendersettingNode> settings;
 };
 
 extern _USD_RSList USD_RSList;  ///< lives as long as the plug-in is loaded and is never emptied
@@ -52,3 +53,5 @@ std::span<const QLatin1String> usdRsParameters();
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
 
 }  // namespace vxP
+
+Q_DECLARE_TYPEINFO(vxP::_USD_RendersettingNode, Q_MOVABLE_TYPE);  // a long list grows in place

@@ -1,7 +1,9 @@
 #include "catalogues/wedges.h"
 
 #include <array>
+#include <map>
 
+#include "catalogues/listIndex.h"
 #include "readers/paramRules.h"
 #include "readers/paramSection.h"
 #include "shared/vxNumber.h"
@@ -14,25 +16,36 @@ constexpr std::array wedgeRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
 constexpr QLatin1String channelMethod{"channel"};
 constexpr QLatin1String parentFolder{"../"};
 
-/// A scene never has more channels; growing the list for a greater number would exhaust memory.
+/// A scene never has more channels.
 constexpr int greatestInstance = 10000;
+
+constexpr qint64 workPerChannel = 800;
+
+/// Characters of a variant's name that a record can hold.
+constexpr _size longestVariantName = 1000;
+
+/// What a wedge section has told so far.
+struct _wedgeSection {
+    _wedgeNode node;
+    std::map<int, _wedgeParams> channels;  ///< by instance number; a scene may name the last one first
+    qint64 bytesOfNames = 0;
+};
 
 // ---- one handler a parameter
 
 /// The channel that a line's instance number names; null when it names none.
-_wedgeParams* channelOf(_wedgeNode& node, int instance) {
-    if (instance < 1 || instance > greatestInstance) return nullptr;
-    while (node.params.size() < instance) node.params.append(_wedgeParams());
-    return &node.params[instance - 1];
+_wedgeParams* channelOf(_wedgeSection& section, int instance) {
+    return instance < 1 || instance > greatestInstance ? nullptr : &section.channels[instance];
 }
 
-_step readPrefix(_wedgeNode& node, const QString& line, _size) {
-    node.prefix = unquoted(line);
+_step readPrefix(_wedgeSection& section, const QString& line, _size) {
+    section.node.prefix = unquoted(line);
     return _step::next;
 }
 
 /// Only one leading "../" is resolved.
-_step readDriver(_wedgeNode& node, const QString& line, _size) {
+_step readDriver(_wedgeSection& section, const QString& line, _size) {
+    _wedgeNode& node = section.node;
     node.driver = unquoted(line);
     if (node.driver.startsWith(parentFolder))
         node.driver.replace(0, parentFolder.size(),
@@ -40,8 +53,8 @@ _step readDriver(_wedgeNode& node, const QString& line, _size) {
     return _step::next;
 }
 
-_step readMethod(_wedgeNode& node, const QString& line, _size) {
-    node.wedgeMethod = unquoted(line);
+_step readMethod(_wedgeSection& section, const QString& line, _size) {
+    section.node.wedgeMethod = unquoted(line);
     return _step::next;
 }
 
@@ -50,26 +63,32 @@ int instanceOf(const QString& line, _size nameLength, bool& isNumber) {
     return vxS::wholeNumber(parameterName(line).mid(nameLength), &isNumber);
 }
 
-_step readName(_wedgeNode& node, const QString& line, _size nameLength) {
+_step readName(_wedgeSection& section, const QString& line, _size nameLength) {
     bool isNumber = false;
     const int instance = instanceOf(line, nameLength, isNumber);
     if (!isNumber) return _step::leave;
-    if (_wedgeParams* const channel = channelOf(node, instance)) channel->name = unquoted(line);
+    _wedgeParams* const channel = channelOf(section, instance);
+    if (channel == nullptr) return _step::next;
+    const QString name = unquoted(line).left(longestVariantName);
+    const qint64 added = bytesOf(name) - bytesOf(channel->name);
+    keepMemory(added);
+    section.bytesOfNames += added;
+    channel->name = name;
     return _step::next;
 }
 
-_step readSteps(_wedgeNode& node, const QString& line, _size nameLength) {
+_step readSteps(_wedgeSection& section, const QString& line, _size nameLength) {
     bool isNumber = false;
     const int instance = instanceOf(line, nameLength, isNumber);
-    if (_wedgeParams* const channel = channelOf(node, instance)) channel->steps = integerOf(unquoted(line));
+    if (_wedgeParams* const channel = channelOf(section, instance)) channel->steps = integerOf(unquoted(line));
     return _step::next;
 }
 
-_step readRange(_wedgeNode& node, const QString& line, _size nameLength) {
+_step readRange(_wedgeSection& section, const QString& line, _size nameLength) {
     bool isNumber = false;
     const int instance = instanceOf(line, nameLength, isNumber);
     if (!isNumber) return _step::leave;
-    _wedgeParams* const channel = channelOf(node, instance);
+    _wedgeParams* const channel = channelOf(section, instance);
     if (channel == nullptr) return _step::next;
     const QString value = unquoted(line).replace(QLatin1Char(','), QLatin1Char('.')).trimmed();
     channel->start = firstField(value).toDouble();
@@ -79,7 +98,7 @@ _step readRange(_wedgeNode& node, const QString& line, _size nameLength) {
 
 struct _wedgeRule {
     QLatin1String name;  ///< line prefix, letter case ignored; TAB ends a whole name
-    _step (*handle)(_wedgeNode&, const QString& line, _size nameLength);
+    _step (*handle)(_wedgeSection&, const QString& line, _size nameLength);
 };
 
 constexpr std::array wedgeRules{
@@ -91,10 +110,25 @@ constexpr std::array wedgeRules{
 
 constexpr auto wedgeNames = namesOf(wedgeRules);
 
-_step applyWedgeRules(_wedgeNode& node, const QString& line) {
+_step applyWedgeRules(_wedgeSection& section, const QString& line) {
     for (const auto& rule : wedgeRules)
-        if (isNamed(line, rule.name)) return rule.handle(node, line, rule.name.size());
+        if (isNamed(line, rule.name)) return rule.handle(section, line, rule.name.size());
     return _step::next;
+}
+
+/// Channels that were left out have no steps, so that there is no variant: such a wedge goes without channels.
+void takeChannels(_wedgeSection& section) {
+    const bool noneLeftOut = static_cast<int>(section.channels.size()) == section.channels.rbegin()->first;
+    for (auto channel = section.channels.begin(); noneLeftOut && channel != section.channels.end(); ++channel)
+        section.node.params.append(channel->second);
+}
+
+qint64 bytesOfWedge(const _wedgeNode& node) {
+    qint64 bytes = static_cast<qint64>(sizeof node);
+    for (const QString& text : {node.prefix, node.nodePath, node.driver, node.wedgeMethod}) bytes += bytesOf(text);
+    for (const _wedgeParams& channel : node.params)
+        bytes += static_cast<qint64>(sizeof channel) + bytesOf(channel.name);
+    return bytes;
 }
 
 bool isComplete(_wedgeNode& node) {
@@ -124,9 +158,11 @@ qint32 _wedgeNode::totalWedges() {
 }
 
 QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
-    QString name = prefix;
+    QString name = prefix.left(longestVariantName);
     int rest = wedgeIndex;
     for (const _wedgeParams& channel : params) {
+        if (name.size() >= longestVariantName) break;
+        spendWork(workPerChannel);
         name += QLatin1Char('_') + channel.name + QLatin1Char('_') +
                 QString::number(channel.valueIdx(rest % channel.steps), 'f', 6);
         rest /= channel.steps;
@@ -135,14 +171,19 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
 }
 
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
-    _wedgeNode node;
-    node.nodePath = nodePathOf(line, wedgeRoots, _unendedPath::isEmpty);
-    return readSection(
-        stream, line, [&](const QString& parameter) { return applyWedgeRules(node, parameter); },
+    _wedgeSection section;
+    section.node.nodePath = nodePathOf(line, wedgeRoots, _unendedPath::isEmpty);
+    const qint32 result = readSection(
+        stream, line, [&](const QString& parameter) { return applyWedgeRules(section, parameter); },
         [&] {
-            if (isComplete(node)) wedges.append(node);
+            if (!section.channels.empty()) takeChannels(section);
+            if (!isComplete(section.node)) return resultSuccess;
+            keepMemory(bytesOfWedge(section.node));
+            wedges.append(section.node);
             return resultSuccess;
         });
+    keepMemory(-section.bytesOfNames);
+    return result;
 }
 
 }  // namespace vxP

@@ -33,7 +33,8 @@ struct _wedgeNode {
     /// result stays, whatever becomes of the channels.
     qint32 totalWedges();
     /// Name of a variant: the prefix, then "_channel_value" for each channel with 6 digits behind the point. The first
-    /// channel changes fastest from one variant to the next.
+    /// channel changes fastest from one variant to the next. Channels that stand behind what a record holds are left
+    /// out.
     /// @param wedgeIndex  0 .. totalWedges() - 1; no channel may have 0 steps
     QString getWedgeFileName(int wedgeIndex) const;
 };
@@ -50,3 +51,6 @@ std::span<const QLatin1String> wedgeParameters();
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
 
 }  // namespace vxP
+
+Q_DECLARE_TYPEINFO(vxP::_wedgeParams, Q_MOVABLE_TYPE);  // a long list grows in place
+Q_DECLARE_TYPEINFO(vxP::_wedgeNode, Q_MOVABLE_TYPE);

@@ -1,5 +1,7 @@
 #include "plugin/jobCopies.h"
 
+#include <algorithm>
+
 #include "catalogues/wedges.h"
 #include "plugin/wedgeNames.h"
 #include "readers/scanState.h"
@@ -31,13 +33,29 @@ _jobCopier::_jobCopier(vxJ::_JobBasicsArray& array) : jobs(array) {
 
 qint32 _jobCopier::partnerOfCopy(qint32 pattern, qint64 variant) const {
     const qint32 partner = partners[static_cast<std::size_t>(pattern)];
-    return partner < 0 ? -1 : copies.value({partner, variant}, -1);
+    const auto copied = copies.find({partner, variant});
+    return copied == copies.end() ? -1 : copied->second;
+}
+
+/// Makes room for copies in one step, which is quicker for thousands of them; where memory is short for all, each copy
+/// is tried by itself.
+void _jobCopier::reserve(qint64 more) {
+    const qint32 before = jobs.allocated;
+    const qint64 records = std::min<qint64>(jobs.count + more, vxJ::jobArrayCapacity);
+    if (more > 0 && jobs.setArraySize(static_cast<int>(records))) firstClear = before;
+}
+
+/// @return null when the array has no room
+_JobBasics_largePath* _jobCopier::newJob() {
+    if (jobs.count >= firstClear && jobs.count < jobs.allocated) return jobs.at(jobs.count++);
+    _JobBasics_largePath* job = nullptr;
+    return jobs.getNewJob(job) ? job : nullptr;
 }
 
 /// @return null when the array has no room
 _JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
-    _JobBasics_largePath* job = nullptr;
-    if (!jobs.getNewJob(job)) return nullptr;
+    _JobBasics_largePath* const job = newJob();
+    if (job == nullptr) return nullptr;
     const _JobBasics_largePath& source = *jobs.at(pattern);
     static_cast<vxJ::_JobBasics_noSettings_largePath&>(*job) = source;
     job->sceneSettings = source.sceneSettings;
@@ -45,19 +63,22 @@ _JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
     const qint32 partner = partnerOfCopy(pattern, variant);
     if (partner >= 0) job->waitForPreIDs[0] = jobs.at(partner)->preID;
     partners.push_back(partner);
-    copies.insert({pattern, variant}, jobs.count - 1);
+    copies[{pattern, variant}] = jobs.count - 1;
     return job;
 }
 
-qint32 _jobCopier::copyForTakes(const QStringList& takeNames) {
+qint32 _jobCopier::copyForTakes(const QStringList& takes) {
     copies.clear();
-    QStringList takes = takeNames;
-    takes.removeDuplicates();
     const qint32 patterns = jobs.count;
+    const auto hasOwnTake = [](const _JobBasics_largePath& job) { return !nodeActiveTakes.value(job.layer).isEmpty(); };
+    qint64 more = 0;
+    for (qint32 pattern = 0; pattern < patterns; ++pattern)
+        if (jobs.at(pattern) != nullptr && !hasOwnTake(*jobs.at(pattern))) more += takes.size();
+    reserve(more);
     for (qint32 pattern = 0; pattern < patterns; ++pattern) {
         const _JobBasics_largePath* const source = jobs.at(pattern);
         if (source == nullptr) return resultNoMoreJobs;
-        if (!nodeActiveTakes.value(source->layer).isEmpty()) continue;
+        if (hasOwnTake(*source)) continue;
         for (_size take = 0; take < takes.size(); ++take) {
             _JobBasics_largePath* const job = copy(pattern, take);
             if (job == nullptr) return resultNoMoreJobs;
@@ -80,18 +101,29 @@ qint32 _jobCopier::copyForWedge(qint32 pattern, qint32 wedge) {
 
 qint32 _jobCopier::copyForWedgesOf(qint32 pattern) {
     if (jobs.at(pattern) == nullptr) return resultNoMoreJobs;
-    const QString driver = jobs.at(pattern)->layer.toQString();
-    for (qint32 wedge = 0; wedge < static_cast<qint32>(wedges.size()); ++wedge) {
-        if (wedges.at(wedge).driver != driver) continue;
+    for (const qint32 wedge : wedgesOf(pattern)) {
         const qint32 copied = copyForWedge(pattern, wedge);
         if (copied != resultSuccess) return copied;
     }
     return resultSuccess;
 }
 
+/// The wedges that repeat a job's driver, in list order.
+QList<qint32> _jobCopier::wedgesOf(qint32 pattern) const {
+    const _JobBasics_largePath* const job = jobs.at(pattern);
+    const auto found = job == nullptr ? wedgesOfDriver.end() : wedgesOfDriver.find(job->layer.toQString());
+    return found == wedgesOfDriver.end() ? QList<qint32>() : found->second;
+}
+
 qint32 _jobCopier::copyForWedges() {
     copies.clear();
+    for (qint32 wedge = 0; wedge < static_cast<qint32>(wedges.size()); ++wedge)
+        wedgesOfDriver[wedges.at(wedge).driver].append(wedge);
     const qint32 patterns = jobs.count;
+    qint64 more = 0;
+    for (qint32 pattern = 0; pattern < patterns; ++pattern)
+        for (const qint32 wedge : wedgesOf(pattern)) more += std::max(wedges[wedge].totalWedges(), 0);
+    reserve(more);
     qint32 result = resultSuccess;
     for (qint32 pattern = 0; pattern < patterns && result == resultSuccess; ++pattern)
         result = copyForWedgesOf(pattern);

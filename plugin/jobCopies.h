@@ -1,8 +1,9 @@
 // Copies of finished jobs: one for each take, and one for each variant of a wedge.
 #pragma once
 
-#include <QHash>
 #include <QStringList>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "jobs/VX_DataTypes_plugin.h"
@@ -16,10 +17,10 @@ class _jobCopier {
  public:
     explicit _jobCopier(vxJ::_JobBasicsArray& array);
 
-    /// One copy of each job for every take, once each, with the take as `channel`. A driver with a take of its own
-    /// gets none.
+    /// One copy of each job for every take, with the take as `channel`. A driver with a take of its own gets none.
+    /// @param takes  each once
     /// @return resultSuccess, or resultNoMoreJobs; the copies made before stay
-    qint32 copyForTakes(const QStringList& takeNames);
+    qint32 copyForTakes(const QStringList& takes);
 
     /// One copy of each job for every variant of every wedge that repeats its driver, with the variant's number and
     /// name in place of the wedge placeholders. Then no job holds a placeholder any more.
@@ -28,16 +29,22 @@ class _jobCopier {
 
  private:
     /// A pattern and the take or variant that it was copied for.
-    using _copyKey = QPair<qint32, qint64>;
+    using _copyKey = std::pair<qint32, qint64>;
 
+    void reserve(qint64 more);
+    vxJ::_JobBasics_largePath* newJob();
     vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
     qint32 copyForWedge(qint32 pattern, qint32 wedge);
     qint32 copyForWedgesOf(qint32 pattern);
+    QList<qint32> wedgesOf(qint32 pattern) const;
     qint32 partnerOfCopy(qint32 pattern, qint64 variant) const;
 
     vxJ::_JobBasicsArray& jobs;
-    std::vector<qint32> partners;    ///< index of the job that a job waits for, -1: none
-    QHash<_copyKey, qint32> copies;  ///< of this round
+    qint32 firstClear = vxJ::jobArrayCapacity;  ///< records from here on were made for this round and never used
+    std::vector<qint32> partners;               ///< index of the job that a job waits for, -1: none
+    // Qt's hash would end the process where it gets no memory.
+    std::map<QString, QList<qint32>> wedgesOfDriver;
+    std::map<_copyKey, qint32> copies;  ///< of this round
 };
 
 }  // namespace vxP

@@ -1,7 +1,5 @@
 #include "plugin/jobFinishing.h"
 
-#include <algorithm>
-
 #include "plugin/jobCopies.h"
 #include "plugin/jobRules.h"
 #include "plugin/submitterArguments.h"
@@ -14,8 +12,8 @@ namespace {
 constexpr QStringView noLocalSceneCopy{u" \"AllowLocalSceneCopy=0~0\""};
 constexpr QStringView noSceneExistCheck{u" -NoSceneExistCheck "};
 
-constexpr QLatin1String arnoldVersionVariable{"HtoA_KickVersion"};
-constexpr QLatin1String jobVariable{"JOB"};
+constexpr QStringView arnoldVersionVariable{u"HtoA_KickVersion"};
+constexpr QStringView jobVariable{u"JOB"};
 
 /// A switch of the submitter and the renderer whose version it gives.
 struct _versionSwitch {
@@ -43,18 +41,9 @@ void skipSceneCheck(vxJ::_JobBasicsArray& jobs) {
     if (mantraIFDJob) jobs.message.append(noSceneExistCheck);
 }
 
-/// Longest name first, so that a name goes before those that begin it; equal lengths keep their order.
-void orderVariables() {
-    std::stable_sort(hVariables.begin(), hVariables.end(),
-                     [](const _namevalue& a, const _namevalue& b) { return a.name.size() > b.name.size(); });
-}
-
 void takeArnoldVersionOfScene(_rendererVersions& versions) {
-    for (const _namevalue& variable : hVariables) {
-        if (!isCalled(variable.name, arnoldVersionVariable)) continue;
-        versions.arnold = rendererVersionOf(variable.value);
-        return;
-    }
+    const QStringList values = hVariables.valuesOf(arnoldVersionVariable);
+    if (!values.isEmpty()) versions.arnold = rendererVersionOf(values.first());
 }
 
 /// A switch in last place has no version behind it and is ignored.
@@ -65,15 +54,8 @@ void takeVersionsOfSubmitter(const _submitterSettings& settings, _rendererVersio
             if (isCalled(arguments.at(i), row.name)) versions.*row.version = rendererVersionOf(arguments.at(i + 1));
 }
 
-QStringList valuesOf(QLatin1String name) {
-    QStringList values;
-    for (const _namevalue& variable : hVariables)
-        if (isCalled(variable.name, name)) values.append(variable.value);
-    return values;
-}
-
 void completeJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts, const _rendererVersions& versions) {
-    _sceneSummary scene{facts, versions, load.sceneFileName->toQString(), {}, valuesOf(jobVariable)};
+    _sceneSummary scene{facts, versions, load.sceneFileName->toQString(), {}, hVariables.valuesOf(jobVariable)};
     scene.houdini.versionMajor = facts.majorVersion;
     scene.houdini.setVersionMinor(facts.versionMinorText);
     _outputBefore before;
@@ -85,8 +67,8 @@ void completeJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts, const
 }
 
 qint32 copyForTakes(const _sceneFacts& facts, _jobCopier& copier) {
-    const bool severalTakes = facts.takeNames.size() >= 2 || facts.activeTakeUsed;
-    return severalTakes ? copier.copyForTakes(facts.takeNames) : qint32{resultSuccess};
+    const bool severalTakes = facts.takes.lines >= 2 || facts.activeTakeUsed;
+    return severalTakes ? copier.copyForTakes(facts.takes.names) : qint32{resultSuccess};
 }
 
 bool isNothingToRender(const vxJ::_JobBasicsArray& jobs) {
@@ -100,7 +82,7 @@ qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts) {
     _rendererVersions versions;
     forbidLocalSceneCopy(jobs);
     skipSceneCheck(jobs);
-    orderVariables();
+    hVariables.orderByLength();  // so that a name goes before those that begin it
     takeArnoldVersionOfScene(versions);
     takeVersionsOfSubmitter(*load.settings, versions);
     completeJobs(load, facts, versions);

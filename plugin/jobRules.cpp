@@ -4,6 +4,7 @@
 
 #include "catalogues/camList.h"
 #include "readers/paramSection.h"
+#include "readers/scanBudget.h"
 #include "readers/scanState.h"
 
 namespace vxP {
@@ -18,6 +19,8 @@ struct _visit {
     const _sceneSummary& scene;
     const _outputBefore& before;
 };
+
+constexpr qint64 workPerCustomData = 2000;
 
 constexpr QLatin1String htoaRenderer{"HtoA"};
 constexpr QLatin1String vrayPerFrame{"multifile"};
@@ -40,10 +43,15 @@ void takeExportAsScene(const _visit& visit, _frameNumber frameNumber) {
         QString(visit.before.imageDir + visit.before.imageFileName + frame + visit.before.imageExtension);
 }
 
+/// The text alone: assigned as a whole it would bring the bytes behind it, whatever they are, into the shared record.
+void setMinorVersion(_JobBasics_largePath& job, const vxRA::_RenderAppBasic& version) {
+    job.appVersionMinor = version.versionMinor.view();
+}
+
 void takeVersion(const _visit& visit, const vxRA::_RenderAppBasic& version) {
     if (version.versionMajor <= 0) return;
     visit.job.appVersionMajor = static_cast<qint16>(version.versionMajor);
-    visit.job.appVersionMinor = version.versionMinor;
+    setMinorVersion(visit.job, version);
 }
 
 // ---- one rule an application
@@ -109,9 +117,11 @@ constexpr std::array applicationRules{
 
 void setHoudiniFacts(const _visit& visit) {
     visit.job.appVersionMajor = static_cast<qint16>(visit.scene.houdini.versionMajor);
-    visit.job.appVersionMinor = visit.scene.houdini.versionMinor;
-    for (const QString& value : visit.scene.jobVariables)
+    setMinorVersion(visit.job, visit.scene.houdini);
+    for (const QString& value : visit.scene.jobVariables) {
+        spendWork(workPerCustomData);
         visit.job.sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), value);
+    }
     const QString take = nodeActiveTakes.value(visit.job.layer);
     if (!take.isEmpty()) visit.job.channel = take;
 }

@@ -1,14 +1,9 @@
 #include "plugin/sceneDevice.h"
 
-#include <QFileInfo>
 #include <algorithm>
 #include <cstring>
 
 namespace vxP {
-
-bool openScene(QFile& file) {
-    return QFileInfo(file.fileName()).isFile() && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-}
 
 _sceneDevice::_sceneDevice(QIODevice& bytes) : lines(std::make_unique<_sceneLines>(bytes)) {
     // Text mode: the stream drops carriage returns.

@@ -1,16 +1,12 @@
 // Where the lines of a scene come from.
 #pragma once
 
-#include <QFile>
 #include <QIODevice>
 #include <memory>
 
 #include "plugin/sceneLines.h"
 
 namespace vxP {
-
-/// Opens a scene for reading. @return false for anything but a readable regular file (folders, pipes, devices)
-bool openScene(QFile& file);
 
 /// A device over an open scene that hands out one line per read: the text stream above it never reads ahead of the line
 /// that it was asked for, so the scan and the section readers share one position. Lines that nobody wants are left out.

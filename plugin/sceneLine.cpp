@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
+#include <span>
 
 #include "plugin/sceneTexts.h"
 
@@ -53,6 +55,14 @@ char16_t folded(char16_t letter) {
     return letter < 128 ? folded(static_cast<char>(letter)) : QChar(letter).toCaseFolded().unicode();
 }
 
+constexpr std::array<bool, 128> secondLettersOf(std::span<const _nodeTypeMark> marks) {
+    std::array<bool, 128> letters{};
+    for (const _nodeTypeMark& mark : marks) letters[folded(mark.part[1])] = true;
+    return letters;
+}
+
+constexpr auto secondLetters = secondLettersOf(nodeTypeMarks);
+
 template <typename Char>
 using _text = std::basic_string_view<Char>;
 
@@ -98,17 +108,31 @@ bool isVariable(_text<Char> line) {
            has(line, assignment);
 }
 
+/// The marks that a line may not be told by, as it holds what rules them out. Looked for once, not at every mark.
 template <typename Char>
-bool isMark(_text<Char> text, _text<Char> line) {
-    return std::any_of(nodeTypeMarks.begin(), nodeTypeMarks.end(), [&](const _nodeTypeMark& mark) {
-        return begins(text, mark.part) && (mark.unless.empty() || !hasInAnyCase(line, mark.unless));
-    });
+std::bitset<nodeTypeMarks.size()> ruledOut(_text<Char> line) {
+    std::bitset<nodeTypeMarks.size()> marks;
+    for (std::size_t row = 0; row < nodeTypeMarks.size(); ++row)
+        marks[row] = !nodeTypeMarks[row].unless.empty() && hasInAnyCase(line, nodeTypeMarks[row].unless);
+    return marks;
+}
+
+/// True when some mark has this second letter: few places of a line need a closer look.
+template <typename Char>
+bool mayBeMark(_text<Char> text) {
+    return text.size() >= 2 && folded(text[1]) < secondLetters.size() && secondLetters[folded(text[1])];
 }
 
 template <typename Char>
 bool hasNodeTypeMark(_text<Char> line) {
+    const auto without = ruledOut(line);
+    const auto isMark = [&](_text<Char> text) {
+        for (std::size_t row = 0; row < nodeTypeMarks.size(); ++row)
+            if (!without[row] && begins(text, nodeTypeMarks[row].part)) return true;
+        return false;
+    };
     for (std::size_t at = 0; at < line.size(); ++at)
-        if ((line[at] == '/' || line[at] == '_') && isMark(line.substr(at), line)) return true;
+        if ((line[at] == '/' || line[at] == '_') && mayBeMark(line.substr(at)) && isMark(line.substr(at))) return true;
     return false;
 }
 

@@ -7,6 +7,7 @@
 #include "plugin/candidateScan.h"
 #include "plugin/sceneLine.h"
 #include "plugin/sectionFilter.h"
+#include "readers/scanBudget.h"
 
 namespace vxP {
 
@@ -14,7 +15,8 @@ namespace {
 
 constexpr std::size_t blockBytes = std::size_t{256} * 1024;   ///< stays in the processor's cache while it is looked at
 constexpr std::size_t carriedBytes = std::size_t{64} * 1024;  ///< of an unfinished line, in front of the next block
-constexpr std::size_t longestHead = std::size_t{512} * 1024;  ///< of an unfinished line that is longer than that
+constexpr std::size_t longestParameter = std::size_t{32} * 1024;  ///< of a section's line, half of it at its end
+constexpr std::size_t longestHead = std::size_t{512} * 1024;      ///< of an unfinished line that is longer than that
 
 constexpr char lineEnd = '\n';
 
@@ -54,6 +56,7 @@ bool _sceneLines::refill() {
     const qint64 count = source.read(block.data() + carriedBytes, static_cast<qint64>(blockBytes));
     failed = count < 0;
     ended = count <= 0;
+    if (count > 0) allowWorkFor(count);
     filled = carriedBytes + static_cast<std::size_t>(std::max<qint64>(count, 0));
     return !ended;
 }
@@ -85,13 +88,22 @@ std::string_view _sceneLines::lineUpTo(std::size_t end) {
     return {longLine.constData(), static_cast<std::size_t>(longLine.size())};
 }
 
+/// A parameter without the middle of a value that is far too long: its name stands in front, its bracket at the end.
+std::string_view _sceneLines::condensed(std::string_view line) {
+    if (line.size() <= longestParameter) return line;
+    constexpr std::size_t half = longestParameter / 2;
+    parameter.assign(line.substr(0, half));
+    parameter.append(line.substr(line.size() - half));
+    return parameter;
+}
+
 std::string_view _sceneLines::nextInSection() {
     for (;;) {
         const std::size_t end = endOfLine(position);
         const std::string_view line = lineUpTo(end);
         if (line.empty()) return {};
         beginLineAt(end);
-        if (mayMatterToASection(line)) return line;
+        if (mayMatterToASection(line)) return condensed(line);
     }
 }
 
@@ -124,17 +136,22 @@ std::string_view _sceneLines::nextOutside() {
     }
 }
 
+/// The scene's first line is always handed out: a decoder may treat the first bytes that it sees apart.
+std::string_view _sceneLines::firstLine() {
+    first = false;
+    const std::size_t end = endOfLine(position);
+    const std::string_view line = lineUpTo(end);
+    beginLineAt(end);
+    return line;
+}
+
 std::string_view _sceneLines::next() {
     if (!wanted.empty()) return wanted;
-    if (first) {
-        // The scene's first line is always handed out: a decoder may treat the first bytes that it sees apart.
-        first = false;
-        const std::size_t end = endOfLine(position);
-        wanted = lineUpTo(end);
-        beginLineAt(end);
-        return wanted;
-    }
-    wanted = sectionOpen ? nextInSection() : nextOutside();
+    if (first)
+        wanted = firstLine();
+    else
+        wanted = sectionOpen ? nextInSection() : nextOutside();
+    if (failed) wanted = {};
     return wanted;
 }
 

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QIODevice>
+#include <string>
 #include <string_view>
 
 namespace vxP {
@@ -11,8 +12,9 @@ namespace vxP {
 /// `classifyLine` knows; while one is open, a line that may be its end or a parameter that a reader knows. Lines that
 /// only may be wanted are handed out too: what cannot be told from the bytes alone is left to the scan.
 ///
-/// Of a line longer than about 600,000 bytes only the beginning (at least 512 KiB) and the last 64 KiB count; what
-/// stands between is left out. Memory stays below 2 MiB, however long the lines are.
+/// Of a line longer than about 600,000 bytes only the beginning (at least 512 KiB) and the last 64 KiB count, of one in
+/// an open section longer than 32 KiB only the first and the last 16 KiB; what stands between is left out. Memory stays
+/// below 2 MiB, however long the lines are.
 class _sceneLines {
  public:
     /// @param source  open for reading; must outlive the lines
@@ -25,7 +27,8 @@ class _sceneLines {
     std::string_view next();
     void take() { wanted = {}; }
 
-    /// True when the source reported an error; the lines then end like at the end of the scene.
+    /// True when the source reported an error; the lines then end before it. A line that it cut is not handed out: a
+    /// part of a variable's value would stay with the plug-in and get into the jobs of a second try.
     bool readFailed() const { return failed; }
 
  private:
@@ -34,9 +37,11 @@ class _sceneLines {
     std::size_t endOfLine(std::size_t from);
     void beginLineAt(std::size_t start);
     void beginLastLineBefore(std::size_t end);
+    std::string_view firstLine();
     std::string_view nextInSection();
     std::string_view nextOutside();
     std::string_view lineUpTo(std::size_t end);
+    std::string_view condensed(std::string_view line);
 
     QIODevice& source;
     QByteArray block;       ///< room for the rest of an unfinished line and, always in the same place, a new block
@@ -46,6 +51,7 @@ class _sceneLines {
     std::size_t position;   ///< bytes before this need not be looked at again
     std::string_view wanted;
     QByteArray longLine;
+    std::string parameter;
     bool sectionOpen = false;
     bool first = true;
     bool ended = false;

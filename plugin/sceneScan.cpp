@@ -12,6 +12,7 @@
 #include "plugin/submitterArguments.h"
 #include "readers/outNode.h"
 #include "readers/paramSection.h"
+#include "readers/scanBudget.h"
 #include "readers/scanState.h"
 #include "shared/vxEnvironment.h"
 
@@ -21,6 +22,10 @@ namespace {
 
 constexpr QLatin1String buildVersionSwitch{"-houdiniBuildVersion"};
 constexpr QLatin1String compressedIFDSwitch{"-houdiniCompressedIFD"};
+
+constexpr qint64 workPerLine = 500;
+constexpr qint64 workPerCharacter = 4;
+constexpr qint64 workPerSection = 1000;
 
 constexpr QLatin1String importedPrefix{"HIP"};
 constexpr std::array neverImported{QLatin1String{"OS"}, QLatin1String{"AOV"}};
@@ -64,11 +69,14 @@ void keepSaveVersion(const QString& line, _sceneFacts& facts) {
 void keepVariable(const QString& line) {
     constexpr QLatin1String command = latin(variableCommand);
     constexpr QLatin1String equalsSign = latin(assignment.substr(0, 2));  // an empty value may end the line
-    const QString rest = line.mid(line.indexOf(command) + command.size());
-    const _size equals = rest.indexOf(equalsSign);
-    QString value = (equals < 0 ? rest : rest.mid(equals + equalsSign.size())).trimmed();
-    value = value.size() < 2 ? QString() : value.mid(1, value.size() - 2).trimmed();  // its quotes
-    hVariables.append({rest.left(rest.indexOf(latin(assignment))).trimmed(), value});
+    const QStringView rest = QStringView(line).mid(line.indexOf(command) + command.size());
+    const auto equals = rest.indexOf(equalsSign);
+    QStringView value = (equals < 0 ? rest : rest.mid(equals + equalsSign.size())).trimmed();
+    value = value.size() < 2 ? QStringView() : value.mid(1, value.size() - 2).trimmed();  // its quotes
+    const auto nameEnd = rest.indexOf(latin(assignment));
+    const QStringView name = (nameEnd < 0 ? rest : rest.left(nameEnd)).trimmed();
+    keepMemory(_variableList::bytesOf(name, value));
+    hVariables.append(name, value);
 }
 
 /// `take name Main kids 0`
@@ -107,9 +115,10 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
             keepSaveVersion(line, facts);
             return resultSuccess;
         case _lineKind::take:
-            facts.takeNames.append(takeName(line));
+            facts.takes.add(takeName(line));
             return resultSuccess;
         default: {
+            spendWork(workPerSection);
             sectionOpens(true);
             const qint32 result = readSectionOf(meaning.kind, load, stream, line, facts);
             sectionOpens(false);
@@ -118,7 +127,22 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
     }
 }
 
+/// While it is made, Qt's text stream does not look whether it gets the few hundred bytes that it asks for: where they
+/// are missing the process ends. A shortage has to show before that.
+void ensureRoomForStream() {
+    constexpr int enough = 8192;
+    QByteArray(enough, Qt::Uninitialized);
+}
+
 }  // namespace
+
+void _takes::add(const QString& name) {
+    ++lines;
+    if (names.size() >= vxJ::jobArrayCapacity || known.count(name) > 0) return;
+    keepMemory(bytesOf(name));
+    names.append(name);
+    known.insert(name);
+}
 
 void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts) {
     for (const QString& argument : argumentsOf(settings)) {
@@ -135,7 +159,7 @@ void importSceneFolder(const _vxString<500>& sceneFileName) {
 
 void importEnvironment() {
     for (const vxS::_varValue& variable : vxS::vxGetEnvironmentVariableList(false))
-        if (isImported(variable)) hVariables.append({variable.name, variable.value});
+        if (isImported(variable)) hVariables.append(variable.name, variable.value);
 }
 
 void decodeAsUtf8(QTextStream& stream) {
@@ -151,6 +175,7 @@ qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFact
                   const _sectionSwitch& sectionOpens) {
     while (!stream.atEnd()) {
         QString line = stream.readLine().trimmed();
+        spendWork(workPerLine + workPerCharacter * line.size());
         const qint32 result = actOn(line, load, stream, sectionOpens, facts);
         if (result != resultSuccess) return result;
     }
@@ -159,6 +184,7 @@ qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFact
 
 qint32 scanScene(_dataPARS_LoadSceneFile& load, QIODevice& source, _sceneFacts& facts) {
     _sceneDevice device(source);
+    ensureRoomForStream();
     QTextStream stream(&device);
     decodeAsUtf8(stream);
     const qint32 result = scanStream(load, stream, facts, [&](bool open) { device.setSectionOpen(open); });

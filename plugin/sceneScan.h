@@ -5,10 +5,20 @@
 #include <QStringList>
 #include <QTextStream>
 #include <functional>
+#include <set>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
+
+/// The scene's takes, as its "take name" lines name them.
+struct _takes {
+    qint64 lines = 0;
+    QStringList names;        ///< in file order, each once, at most as many as a job array has records
+    std::set<QString> known;  ///< the same names
+
+    void add(const QString& name);
+};
 
 /// What one load learns about the scene as a whole, apart from the module-wide state.
 struct _sceneFacts {
@@ -19,7 +29,7 @@ struct _sceneFacts {
     QString versionMinorText;     ///< for example "5.640"; for the jobs
     bool usesBuildVersion = true;
     bool compressedIFD = false;
-    QStringList takeNames;  ///< as often as "take name" lines name them
+    _takes takes;
 };
 
 /// Takes -houdiniBuildVersion and -houdiniCompressedIFD (any letter case) from the submitter's command line.

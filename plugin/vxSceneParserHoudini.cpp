@@ -1,10 +1,9 @@
 #include "plugin/vxSceneParserHoudini.h"
 
-#include <QFile>
-
 #include "plugin/jobFinishing.h"
-#include "plugin/sceneDevice.h"
+#include "plugin/sceneFile.h"
 #include "plugin/sceneScan.h"
+#include "readers/scanBudget.h"
 
 namespace vxP {
 
@@ -34,14 +33,14 @@ quint8 fillInfo(_dataPARS_PluginInfo& info) {
 
 qint32 loadScene(_dataPARS_LoadSceneFile& load) {
     if (!load.jobArray->isVersionSupported(neededLayoutMinor)) return resultVersionMismatch;
+    beginBudget();
     _sceneFacts facts;
     readSubmitterArguments(*load.settings, facts);
-    QFile file(load.sceneFileName->toQString());
-    if (!openScene(file)) return resultCannotOpen;
+    _sceneFile file(load.sceneFileName->toQString());
+    if (!file.isOpen()) return resultCannotOpen;
     importSceneFolder(*load.sceneFileName);
     importEnvironment();
     const qint32 scanned = scanScene(load, file, facts);
-    file.close();
     return scanned == resultSuccess ? finishJobs(load, facts) : scanned;
 }
 

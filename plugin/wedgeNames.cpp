@@ -2,11 +2,15 @@
 
 #include <array>
 
+#include "readers/scanBudget.h"
 #include "readers/scanState.h"
 
 namespace vxP {
 
 namespace {
+
+constexpr qint64 workPerName = 200;
+constexpr qint64 workPerCharacter = 8;
 
 /// What a placeholder stands for.
 struct _variant {
@@ -28,6 +32,7 @@ constexpr std::array wedgePlaceholders{
 };
 
 bool replacePlaceholders(_vxString<1000>& text, const _variant& variant) {
+    spendWork(workPerName + workPerCharacter * text.length());
     bool found = false;
     for (const auto& placeholder : wedgePlaceholders) {
         if (!text.contains(placeholder.text)) continue;

@@ -1,6 +1,7 @@
 #include "readers/aovFiles.h"
 
 #include "readers/imageOutVars.h"
+#include "readers/nameText.h"
 #include "readers/paramSection.h"
 #include "shared/vxPath.h"
 
@@ -45,10 +46,12 @@ void joinParts(_aovSlot& slot, const QString& imageName) {
     const bool hasToken = imageName.contains(aovToken) || slot.prefix.contains(aovToken);
     if (slot.prefix.isEmpty())
         slot.prefix = vxS::vxGetDirName(imageName, u'/') + vxS::vxGetFileNameBase(imageName, u'/');
-    if (hasToken)
-        slot.fileName = QString(slot.prefix + slot.fileFormat).replace(aovToken, slot.suffix);
-    else
+    if (hasToken) {
+        slot.fileName = slot.prefix + slot.fileFormat;
+        replaceInName(slot.fileName, aovToken, slot.suffix, Qt::CaseSensitive);
+    } else {
         slot.fileName = slot.prefix + QLatin1Char('.') + slot.suffix + slot.fileFormat;
+    }
     slot.prefix.clear();
     slot.suffix.clear();
     slot.fileFormat.clear();

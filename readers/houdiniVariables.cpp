@@ -3,23 +3,21 @@
 #include <algorithm>
 #include <array>
 
+#include "readers/nameText.h"
+#include "readers/scanBudget.h"
 #include "shared/vxPath.h"
 
 namespace vxP {
 
 namespace {
 
+constexpr qint64 workPerVariable = 2000;
+
 constexpr QChar variableMark{u'$'};
 constexpr std::array sceneExtensions{QLatin1String{".hiplc"}, QLatin1String{".hipnc"}, QLatin1String{".hip"}};
 
-/// Compares the last letter first: the names of a scene's variables often begin alike.
-bool beginsWithName(QStringView text, const QString& name) {
-    if (name.isEmpty()) return true;
-    return text.size() >= name.size() && text.at(name.size() - 1).toCaseFolded() == name.back().toCaseFolded() &&
-           text.startsWith(name, Qt::CaseInsensitive);
-}
-
-/// Positions of the "$" of a text. Looking at these few is quicker than to search for each form of each variable.
+/// Positions of the "$" of a text. What stands behind these few is quicker told than where each form of each variable
+/// occurs.
 QList<_size> marksOf(const QString& text) {
     QList<_size> marks;
     for (_size at = text.indexOf(variableMark); at >= 0; at = text.indexOf(variableMark, at + 1)) marks.append(at);
@@ -30,12 +28,9 @@ QList<_size> marksOf(const QString& text) {
 bool holdsVariable(const QString& text, const QList<_size>& marks, const QString& name) {
     return std::any_of(marks.begin(), marks.end(), [&](_size mark) {
         const QStringView rest = QStringView(text).mid(mark + 1);
-        return beginsWithName(rest, name) || (rest.startsWith(u'{') && beginsWithName(rest.mid(1), name));
+        return rest.startsWith(name, Qt::CaseInsensitive) ||
+               (rest.startsWith(u'{') && rest.mid(1).startsWith(name, Qt::CaseInsensitive));
     });
-}
-
-void replaceText(QString& text, const QString& before, const QString& after) {
-    text.replace(before, after, Qt::CaseInsensitive);
 }
 
 QString plainForm(const QString& name) {
@@ -49,8 +44,8 @@ QString bracedForm(const QString& name) {
 /// "$name", then "${name}", with `suffix` behind either.
 void replaceVariable(QString& text, const QString& name, const QString& value, const QString& suffix = {}) {
     if (!holdsVariable(text, marksOf(text), name)) return;
-    replaceText(text, plainForm(name) + suffix, value);
-    replaceText(text, bracedForm(name) + suffix, value);
+    replaceInName(text, plainForm(name) + suffix, value, Qt::CaseInsensitive);
+    replaceInName(text, bracedForm(name) + suffix, value, Qt::CaseInsensitive);
 }
 
 /// A value without scene extensions, the meaning of ":r".
@@ -61,10 +56,11 @@ QString rootOf(QString value) {
 
 /// The plain forms go before the braced ones, each with ":r" first.
 void replaceSceneVariable(QString& text, const _namevalue& variable) {
+    spendWork(workPerVariable + variable.value.size());
     const QString root = rootOf(variable.value);
     for (const QString& form : {plainForm(variable.name), bracedForm(variable.name)}) {
-        replaceText(text, form + QLatin1String(":r"), root);
-        replaceText(text, form, variable.value);
+        replaceInName(text, form + QLatin1String(":r"), root, Qt::CaseInsensitive);
+        replaceInName(text, form, variable.value, Qt::CaseInsensitive);
     }
 }
 
@@ -79,8 +75,9 @@ QString frameText(double frame) {
 
 }  // namespace
 
-QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, QList<_namevalue>& variables,
+QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, const _variableList& variables,
                                 const _vxString<500>& sceneFile) {
+    text.truncate(longestName);
     if (!text.contains(variableMark)) return text;
     const QString sceneBase = vxS::vxGetFileNameBase(sceneFile.toQString(), u'/');
     const QString sceneFolder = job->sceneDatabaseDir.toQString();
@@ -89,12 +86,8 @@ QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, QL
     replaceVariable(text, QStringLiteral("HIPNAME"), sceneBase);
     replaceVariable(text, QStringLiteral("HIPPATH"), sceneFolder);
     replaceVariable(text, QStringLiteral("HIP"), sceneFolder);
-    QList<_size> marks = marksOf(text);
-    for (const _namevalue& variable : variables) {
-        if (!holdsVariable(text, marks, variable.name)) continue;
-        replaceSceneVariable(text, variable);
-        marks = marksOf(text);
-    }
+    for (_size next = 0; (next = variables.firstNamedIn(text, marksOf(text), next)) >= 0; ++next)
+        replaceSceneVariable(text, variables.at(next));
     replaceVariable(text, QStringLiteral("OS"), driverName(job->layer.toQString()));
     replaceVariable(text, QStringLiteral("RFSTART"), frameText(job->sceneSettings.seqStart));
     replaceVariable(text, QStringLiteral("RFEND"), frameText(job->sceneSettings.seqEnd));

@@ -2,11 +2,15 @@
 
 #include <array>
 
+#include "readers/nameText.h"
 #include "readers/paramSection.h"
+#include "readers/scanBudget.h"
 
 namespace vxP {
 
 namespace {
+
+constexpr qint64 workPerName = 1500;
 
 /// A frame variable as scenes write it: the text before its digit.
 struct _frameVariable {
@@ -71,6 +75,7 @@ bool convertFrameVariable(QString& name, QLatin1String variable) {
 }
 
 bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& activeTakeUsed, bool& noFrameVariable) {
+    spendWork(workPerName);
     const QString channelReference = QLatin1String("[ ") + parameterName(line);
     QString name = fileNameOf(line);
     writeFractionsAsPlain(name);
@@ -82,7 +87,8 @@ bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& 
         name = name.remove(channelReference).remove(QLatin1Char(']')).trimmed();
     }
     if (!isUsable(name)) return false;
-    out = prepend ? name + out : name;
+    if (prepend) spendWork(out.size());
+    out = (prepend ? name + out : name).left(longestName);
     return true;
 }
 

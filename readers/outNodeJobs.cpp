@@ -4,6 +4,7 @@
 #include "readers/aovFiles.h"
 #include "readers/houdiniVariables.h"
 #include "readers/outNodeNames.h"
+#include "readers/scanBudget.h"
 
 namespace vxP {
 
@@ -138,6 +139,7 @@ qint32 addJobsOf(_driver& driver) {
     fillJob(driver, *job);
     for (QString* const name : {&driver.imageName, &driver.exportName}) removeBraces(*name);
     assembleAovFileNames(driver.aovs, driver.imageName);
+    keepMemory(bytesOf(driver.take));
     nodeActiveTakes[_vxString<150>(driver.nodePath)] = driver.take;
     for (QString* const name : {&driver.imageName, &driver.exportName}) markAovVariables(*name);
     completeFirstJob(driver, jobs, *job);

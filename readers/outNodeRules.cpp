@@ -4,6 +4,7 @@
 #include "catalogues/lopList.h"
 #include "readers/aovFiles.h"
 #include "readers/imageOutVars.h"
+#include "readers/nameText.h"
 #include "readers/paramRules.h"
 #include "readers/paramSection.h"
 
@@ -104,7 +105,7 @@ _step readCamera(_driver& driver, const QString& line) {
 
 _step readFileFormat(_driver& driver, const QString& line) {
     const QString format = unquoted(line);
-    if (!driver.imageName.endsWith(format, Qt::CaseInsensitive)) driver.imageName += format;
+    if (!driver.imageName.endsWith(format, Qt::CaseInsensitive)) appendToName(driver.imageName, format);
     return _step::next;
 }
 

@@ -1,10 +1,14 @@
 #include "readers/paramSection.h"
 
+#include "readers/scanBudget.h"
 #include "shared/vxNumber.h"
 
 namespace vxP {
 
 namespace {
+
+constexpr qint64 workPerLine = 500;
+constexpr qint64 workPerCharacter = 10;
 
 constexpr QLatin1String nodeExpression{"`chsop(\\"};
 
@@ -22,6 +26,7 @@ QString behindOpeningParenthesis(const QString& line) {
 _sectionStep nextParameter(QTextStream& stream, QString& line) {
     while (!stream.atEnd()) {
         line = stream.readLine().trimmed();
+        spendWork(workPerLine + workPerCharacter * line.size());
         if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) continue;
         return line.startsWith(QLatin1Char('}')) ? _sectionStep::closed : _sectionStep::parameter;
     }
@@ -46,7 +51,9 @@ QString nodePathOf(const QString& header, std::span<const QLatin1String> roots, 
     }
     const _size end = path.indexOf(QLatin1String(sectionSuffix.data(), static_cast<_size>(sectionSuffix.size())));
     if (end < 0 && unended == _unendedPath::isEmpty) path.clear();
-    return QLatin1Char('/') + cutAt(path, end);
+    path = QLatin1Char('/') + cutAt(path, end);
+    path.squeeze();  // it may have been cut out of a line of half a megabyte, and is kept
+    return path;
 }
 
 QString parenthesised(const QString& line) {

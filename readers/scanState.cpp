@@ -12,7 +12,7 @@ qint32 seqStep = 1;
 bool trange = false;
 
 QString DatabaseDir;
-QList<_namevalue> hVariables;
+_variableList hVariables;
 QMap<_vxString<150>, QString> nodeActiveTakes;
 
 bool emptyNodesfound = false;

@@ -4,22 +4,16 @@
 #pragma once
 
 #include <QLatin1String>
-#include <QList>
 #include <QMap>
 #include <QString>
 
+#include "readers/variableList.h"
 #include "shared/vxString.h"
 
 namespace vxP {
 
 using vxS::_size;
 using vxS::_vxString;
-
-/// A scene variable: duplicates are allowed, the order counts.
-struct _namevalue {
-    QString name;
-    QString value;
-};
 
 // Frame range of the scene (frames).
 extern qint32 GLseqStart;
@@ -33,7 +27,7 @@ extern qint32 seqStep;
 extern bool trange;  ///< the driver being read has a range of its own
 
 extern QString DatabaseDir;                            ///< the scene file's folder with its separator
-extern QList<_namevalue> hVariables;                   ///< environment first, then the scene's own
+extern _variableList hVariables;                       ///< environment first, then the scene's own
 extern QMap<_vxString<150>, QString> nodeActiveTakes;  ///< take name of each driver, by node path
 
 extern bool emptyNodesfound;             ///< a driver had no usable output name

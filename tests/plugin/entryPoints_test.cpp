@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -72,26 +71,6 @@ TEST_F(EntryPoints, PrintNothing) {
     loadFile(write(driver("vm_picture=ip") + QByteArray(1000, '\xFF')));
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-}
-
-/// Ends the process with 0 when the load ends as it should: the first driver's job stays.
-[[noreturn]] void loadWithLittleMemory(vxTest::_loader& loader) {
-    const rlimit limit{150 << 20, 150 << 20};
-    setrlimit(RLIMIT_AS, &limit);
-    const qint32 code = pLoadSceneFile(&loader.record());
-    _exit(code == vxP::resultException && loader.count() == 1 ? 0 : 1);
-}
-
-TEST_F(EntryPoints, SurviveAShortageOfMemory) {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer's own memory does not fit under a limit";
-#endif
-    QByteArray scene = driver("vm_picture=/img/a.exr");
-    for (int i = 0; i < 200000; ++i) scene += "set -g V = '" + QByteArray(200, 'x') + "'\n";  // all are kept
-    const QString path = write(scene);
-    scene.clear();
-    vxTest::_loader loader(path);
-    EXPECT_EXIT(loadWithLittleMemory(loader), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

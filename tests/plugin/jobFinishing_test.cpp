@@ -72,7 +72,7 @@ TEST(JobFinishing, OrdersVariablesByLengthAndKeepsEqualOnes) {
     vxTest::freshScanState();
     vxTest::_loader().load("set -g JOB = '/b'\nset -g B = '1'\nset -g A = '2'\nset -g JOBX = '/a'\n");
     QString names;
-    for (const _namevalue& variable : hVariables) names += variable.name + u' ';
+    for (const _namevalue& variable : hVariables.toList()) names += variable.name + u' ';
     EXPECT_EQ(plain(names), "JOBX JOB B A ");
 }
 

@@ -134,7 +134,7 @@ QByteArray outcome(vxTest::_loader& loader, qint32 code) {
     QByteArray text = QByteArray::number(code) + ' ' + QByteArray::number(loader.count());
     for (int i = 0; i < loader.count(); ++i)
         text.append(reinterpret_cast<const char*>(&loader.job(i)), sizeof(vxJ::_JobBasics_largePath));
-    for (const _namevalue& variable : hVariables) text += variable.name.toUtf8() + '=' + variable.value.toUtf8() + '\n';
+    for (const _namevalue& variable : hVariables.toList()) text += variable.name.toUtf8() + '=' + variable.value.toUtf8() + '\n';
     return text + loader.array().message.toQString().toUtf8() + QByteArray::number(GLseqStart);
 }
 
@@ -220,7 +220,7 @@ TEST(SceneDevice, ReadsLongLinesByTheirEnds) {
         EXPECT_EQ(scanScene(loader.record(), source, facts), resultSuccess);
         ASSERT_EQ(loader.count(), 1) << length;
         EXPECT_EQ(vxTest::plainOf(loader.job(0).layer), "/out/mantra1");
-        EXPECT_EQ(facts.takeNames.size(), 1);
+        EXPECT_EQ(facts.takes.names.size(), 1);
     }
 }
 
@@ -228,9 +228,12 @@ TEST(SceneDevice, TellsAnErrorFromTheEnd) {
     vxTest::freshScanState();
     vxTest::_loader loader;
     _sceneFacts facts;
-    _pieces scene(vxTest::section("out/mantra1", {{"vm_picture", "/img/a.exr"}}) + "x\n", 50, false);
+    _pieces scene(vxTest::section("out/mantra1", {{"vm_picture", "/img/a.exr"}}) + "set -g JOB = '/pro", 50, false);
     EXPECT_EQ(scanScene(loader.record(), scene, facts), resultException);
     EXPECT_EQ(loader.count(), 1);
+    _pieces firstLine("set -g JOB = '/pro", 50, false);
+    EXPECT_EQ(scanScene(loader.record(), firstLine, facts), resultException);
+    EXPECT_TRUE(hVariables.isEmpty());  // a second try finds no half value
 }
 
 }  // namespace

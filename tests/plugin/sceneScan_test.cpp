@@ -60,7 +60,7 @@ TEST(SceneScan, TakesTheSceneRangeFromTheCommand) {
 /// "name=value" of every variable, in order.
 std::string variables() {
     QStringList texts;
-    for (const _namevalue& variable : hVariables) texts.append(variable.name + u'=' + variable.value);
+    for (const _namevalue& variable : hVariables.toList()) texts.append(variable.name + u'=' + variable.value);
     return plain(texts.join(u'|'));
 }
 

@@ -7,6 +7,7 @@
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
 #include "plugin/jobFinishing.h"
+#include "readers/scanBudget.h"
 #include "readers/scanState.h"
 
 namespace vxTest {
@@ -61,6 +62,7 @@ qint32 _loader::scan(const QByteArray& scene) {
 
 void freshScanState() {
     using namespace vxP;
+    beginBudget();
     GLseqStart = seqStart = 1;
     GLseqEnd = seqEnd = 100;
     GLseqStep = seqStep = 1;
