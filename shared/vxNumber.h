@@ -1,17 +1,22 @@
 // Whole numbers in texts, read alike with every Qt.
 #pragma once
 
-#include <QLocale>
 #include <QString>
+#include <charconv>
 
 namespace vxS {
 
 /// The decimal number that the whole text says, spaces around it aside; 0 when there is none or it has over 32 bits.
-/// QString::toInt would take a NUL for the end of the number with Qt 6, and for no part of one with Qt 5.
+/// QString::toInt takes a NUL for the number's end with Qt 6, and some signs and spaces outside ASCII with Qt 5.
 inline int wholeNumber(const QString& text, bool* isNumber = nullptr) {
-    QLocale plain = QLocale::c();
-    plain.setNumberOptions(QLocale::RejectGroupSeparator);
-    return plain.toInt(text, isNumber);
+    const QByteArray letters = text.trimmed().toLatin1();
+    const char* const end = letters.constEnd();
+    const bool hasPlus = letters.startsWith('+') && !letters.startsWith("+-");
+    int number = 0;
+    const auto [behind, error] = std::from_chars(letters.constBegin() + (hasPlus ? 1 : 0), end, number);
+    const bool isWhole = error == std::errc() && behind == end;
+    if (isNumber != nullptr) *isNumber = isWhole;
+    return isWhole ? number : 0;
 }
 
 }  // namespace vxS
