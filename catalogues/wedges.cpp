@@ -6,6 +6,7 @@
 #include "catalogues/listIndex.h"
 #include "readers/paramRules.h"
 #include "readers/paramSection.h"
+#include "shared/vxNumber.h"
 
 namespace vxP {
 
@@ -59,7 +60,7 @@ _step readMethod(_wedgeSection& section, const QString& line, _size) {
 
 /// Instance number between the parameter's name and its TAB.
 int instanceOf(const QString& line, _size nameLength, bool& isNumber) {
-    return parameterName(line).mid(nameLength).toInt(&isNumber);
+    return vxS::wholeNumber(parameterName(line).mid(nameLength), &isNumber);
 }
 
 _step readName(_wedgeSection& section, const QString& line, _size nameLength) {

@@ -32,3 +32,7 @@ target_include_directories(vxBuild INTERFACE ${CMAKE_SOURCE_DIR})
 target_link_libraries(vxBuild INTERFACE Qt${VX_QT_MAJOR}::Core)
 # Qt's CMake files ask for -fPIC themselves; the unique-symbol extension would keep a closed plug-in loaded.
 target_compile_options(vxBuild INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
+
+# What a host loads: all references are bound and sealed at load time, and no code is written to or lies in data.
+add_library(vxLoaded INTERFACE)
+target_link_options(vxLoaded INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack,-z,text -Wl,--no-undefined,--as-needed)

@@ -1,5 +1,6 @@
 #include "jobs/recordLayout.h"
 
+#include <new>
 #include <type_traits>
 
 #include "jobs/VX_DataTypes_plugin.h"
@@ -123,19 +124,26 @@ constexpr _fieldLayout submitterSettingsFields[] = {
     VX_FIELD(vxP::_submitterSettings, 8, arguments),
 };
 
-#undef VX_FIELD
-#pragma GCC diagnostic pop
+template <class Whole>
+void construct(void* memory) {
+    ::new (memory) Whole;
+}
 
-template <class Record, std::size_t size, std::size_t alignment>
-constexpr _recordLayout layoutOf(std::string_view name, std::span<const _fieldLayout> fields) {
+/// @tparam Whole   what hosts make to get such a record
+/// @param  offset  of the record in it
+template <class Record, std::size_t size, std::size_t alignment, class Whole = Record>
+constexpr _recordLayout layoutOf(std::string_view name, std::span<const _fieldLayout> fields, std::size_t offset = 0) {
     static_assert(sizeof(Record) == size && alignof(Record) == alignment);
-    return {name, size, alignment, fields};
+    return {name, size, alignment, fields, {construct<Whole>, sizeof(Whole), offset}};
 }
 
 constexpr _recordLayout layouts[] = {
-    layoutOf<_JobBasics_noSettings_noPaths, 3686, 2>("_JobBasics_noSettings_noPaths", jobHeadFields),
-    layoutOf<_JobSettingsScene, sceneSettingsSize, 2>("_JobSettingsScene", sceneSettingsFields),
-    layoutOf<_channelSlot, 2062, 2>("_channelSlot", channelSlotFields),
+    layoutOf<_JobBasics_noSettings_noPaths, 3686, 2, _JobBasics_largePath>("_JobBasics_noSettings_noPaths",
+                                                                           jobHeadFields),
+    layoutOf<_JobSettingsScene, sceneSettingsSize, 2, _JobBasics_largePath>(
+        "_JobSettingsScene", sceneSettingsFields, offsetof(_JobBasics_largePath, sceneSettings)),
+    layoutOf<_channelSlot, 2062, 2, _JobBasics_largePath>("_channelSlot", channelSlotFields,
+                                                          offsetof(_JobBasics_largePath, channels)),
     layoutOf<_JobBasics_largePath, largePathRecordSize, 2>("_JobBasics_largePath", largePathJobFields),
     layoutOf<_JobBasics, compactRecordSize, 2>("_JobBasics", compactJobFields),
     layoutOf<_JobBasicsArray, 2032, 8>("_JobBasicsArray", jobArrayFields),
@@ -143,6 +151,9 @@ constexpr _recordLayout layouts[] = {
     layoutOf<vxP::_dataPARS_LoadSceneFile, 24, 8>("_dataPARS_LoadSceneFile", loadRecordFields),
     layoutOf<vxP::_submitterSettings, 16, 8>("_submitterSettings", submitterSettingsFields),
 };
+
+#undef VX_FIELD
+#pragma GCC diagnostic pop
 
 /// Every field stands where it is promised, behind the one before it, and inside its record.
 constexpr bool fieldsStandAsStated(const _recordLayout& record) {

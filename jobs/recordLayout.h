@@ -15,12 +15,20 @@ struct _fieldLayout {
     std::size_t size;
 };
 
+/// Makes the record that a host starts from, alone or as a part of the whole job that it belongs to.
+struct _freshRecord {
+    void (*construct)(void* memory);  ///< turns memory of any content into the whole
+    std::size_t wholeSize;
+    std::size_t offset;  ///< of the record in the whole
+};
+
 /// A record and its own fields in their order; fields of its base record and reserved gaps are left out.
 struct _recordLayout {
     std::string_view name;
     std::size_t size;
     std::size_t alignment;
     std::span<const _fieldLayout> fields;
+    _freshRecord fresh;
 };
 
 /// All records: the forms of a job with their parts, the job array, and the records of the plug-in's entry points.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "shared/vxNumber.h"
 #include "shared/vxPath.h"
 
 namespace vxJ {
@@ -120,7 +121,7 @@ bool parsePrintfNumber(_imageName& name) {
     const _size percent = whole.lastIndexOf(QLatin1Char('%'));
     if (percent < 0 || percent > whole.lastIndexOf(QLatin1Char('d'))) return false;
     const _size letter = whole.indexOf(QLatin1Char('d'), percent);
-    const auto digits = static_cast<quint8>(whole.mid(percent + 1, letter - percent - 1).toInt());
+    const auto digits = static_cast<quint8>(vxS::wholeNumber(whole.mid(percent + 1, letter - percent - 1)));
     name.file = whole.left(percent);
     name.setExt(whole.mid(letter + 1).remove(hash));
     name.padding = digits == 0 ? quint8{1} : digits;

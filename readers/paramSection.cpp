@@ -1,6 +1,7 @@
 #include "readers/paramSection.h"
 
 #include "readers/scanBudget.h"
+#include "shared/vxNumber.h"
 
 namespace vxP {
 
@@ -92,7 +93,7 @@ QString nextFields(const QString& value) {
 }
 
 qint32 integerOf(const QString& text) {
-    return text.toInt();
+    return vxS::wholeNumber(text);
 }
 
 QString withoutChannelReference(const QString& value, const QString& name) {
