@@ -109,16 +109,16 @@ qint32 _jobCopier::copyForWedgesOf(qint32 pattern) {
 }
 
 /// The wedges that repeat a job's driver, in list order.
-QList<qint32> _jobCopier::wedgesOf(qint32 pattern) const {
+std::vector<qint32> _jobCopier::wedgesOf(qint32 pattern) const {
     const _JobBasics_largePath* const job = jobs.at(pattern);
     const auto found = job == nullptr ? wedgesOfDriver.end() : wedgesOfDriver.find(job->layer.toQString());
-    return found == wedgesOfDriver.end() ? QList<qint32>() : found->second;
+    return found == wedgesOfDriver.end() ? std::vector<qint32>() : found->second;
 }
 
 qint32 _jobCopier::copyForWedges() {
     copies.clear();
     for (qint32 wedge = 0; wedge < static_cast<qint32>(wedges.size()); ++wedge)
-        wedgesOfDriver[wedges.at(wedge).driver].append(wedge);
+        wedgesOfDriver[wedges.at(wedge).driver].push_back(wedge);
     const qint32 patterns = jobs.count;
     qint64 more = 0;
     for (qint32 pattern = 0; pattern < patterns; ++pattern)

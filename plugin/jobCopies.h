@@ -36,14 +36,14 @@ class _jobCopier {
     vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
     qint32 copyForWedge(qint32 pattern, qint32 wedge);
     qint32 copyForWedgesOf(qint32 pattern);
-    QList<qint32> wedgesOf(qint32 pattern) const;
+    std::vector<qint32> wedgesOf(qint32 pattern) const;
     qint32 partnerOfCopy(qint32 pattern, qint64 variant) const;
 
     vxJ::_JobBasicsArray& jobs;
     qint32 firstClear = vxJ::jobArrayCapacity;  ///< records from here on were made for this round and never used
     std::vector<qint32> partners;               ///< index of the job that a job waits for, -1: none
-    // Qt's hash would end the process where it gets no memory.
-    std::map<QString, QList<qint32>> wedgesOfDriver;
+    // Qt's hash and list would end the process where they get no memory.
+    std::map<QString, std::vector<qint32>> wedgesOfDriver;
     std::map<_copyKey, qint32> copies;  ///< of this round
 };
 
