@@ -117,7 +117,7 @@ _size _variableList::firstOf(quint32 hash, QStringView name, _size from) const {
 _size _variableList::firstBeginning(QStringView text, _size from) const {
     _size first = -1;
     quint32 hash = hashOfNothing;
-    const _size longest = std::min(text.size(), static_cast<_size>(hasNameOf.size()) - 1);
+    const _size longest = std::min(static_cast<_size>(text.size()), static_cast<_size>(hasNameOf.size()) - 1);
     spendWork(workPerMark + workPerCharacter * longest);
     for (_size length = 0; length <= longest; ++length) {
         if (length > 0) hash = hashWith(hash, text.at(length - 1));
