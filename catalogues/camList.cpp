@@ -51,7 +51,12 @@ qint32 _camList::append(const _vxString8_allSize<150>& name) {
     const qint32 index = static_cast<qint32>(cameras.size());
     cameras.append(_camNode());
     cameras[index].camName = name;
-    byNameHash.emplace(hashOf(name), index);  // where the hash is known, the first camera keeps its place
+    try {
+        byNameHash.emplace(hashOf(name), index);  // where the hash is known, the first camera keeps its place
+    } catch (...) {
+        cameras.removeLast();  // list and index stay the same
+        throw;
+    }
     return index;
 }
 
@@ -82,8 +87,8 @@ void _camList::addCamFromOutNode(_vxString8_allSize<150> name, const QString& re
     name = QStringView{withoutNodeExpression(name.toQString())};
     const qint32 index = indexOfCamera(name);
     keepMemory(bytesOfListed(renderNode));
-    cameras[index].renderNodes.append(renderNode);
     byDriver.note(renderNode, index);
+    cameras[index].renderNodes.append(renderNode);
 }
 
 qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {

@@ -48,7 +48,12 @@ class _nodeList {
         Entry entry;
         entry.lopName = path;
         nodes.append(entry);
-        byPath.note(form, lastPosition());
+        try {
+            byPath.note(form, lastPosition());
+        } catch (...) {
+            nodes.removeLast();  // list and index stay the same
+            throw;
+        }
         return lastPosition();
     }
     /// Position of the first entry that lists the driver (compared exactly), or -1.
@@ -56,8 +61,8 @@ class _nodeList {
     /// Lists a driver; duplicates are kept.
     void attach(qint32 position, const QString& driver) {
         keepMemory(bytesOfListed(driver));
-        nodes[position].renderNodes.append(driver);
         byDriver.note(driver, position);
+        nodes[position].renderNodes.append(driver);
     }
 
     Entry& operator[](qint32 position) { return nodes[position]; }

@@ -9,8 +9,8 @@ namespace vxJ {
 
 namespace {
 
-constexpr std::size_t manyRecords = 160;           ///< some 36 MB: such a block has a mapping of its own
-constexpr std::uintptr_t smallestPage = 4 * 1024;  ///< bytes
+constexpr std::size_t manyRecords = 160;       ///< some 36 MB: such a block has a mapping of its own
+constexpr std::uintptr_t smallestPage = 4096;  ///< bytes
 
 /// Asks for large pages: clearing thousands of records one small page after the other takes three times as long. The
 /// advice is for the whole mapping, as one with two kinds of pages cannot be grown in place.

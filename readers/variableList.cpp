@@ -22,8 +22,11 @@ quint32 hashWith(quint32 hash, QChar character) {
     return (hash ^ folded) * 16777619U;
 }
 
-quint32 hashOf(QStringView name) {
-    return std::accumulate(name.begin(), name.end(), hashOfNothing, hashWith);
+template <typename Character>
+quint32 hashOf(const Character* name, std::size_t length) {
+    return std::accumulate(name, name + length, hashOfNothing, [](quint32 hash, Character character) {
+        return hashWith(hash, QChar(static_cast<char16_t>(character)));
+    });
 }
 
 bool isLatin(QStringView text) {
@@ -44,15 +47,17 @@ qint64 _variableList::bytesOf(QStringView name, QStringView value) {
 void _variableList::append(QStringView name, QStringView value) {
     const bool isWide = !isLatin(name) || !isLatin(value);
     if (isWide && texts.size() % 2 != 0) texts.append('\0');  // 16-bit characters stand at even places
-    entries.push_back({static_cast<quint32>(texts.size()), static_cast<quint32>(name.size()),
-                       static_cast<quint32>(value.size()), isWide});
+    const _entry entry{static_cast<quint32>(texts.size()), static_cast<quint32>(name.size()),
+                       static_cast<quint32>(value.size()), isWide};
     store(name, isWide);
     store(value, isWide);
+    entries.push_back(entry);  // last, as each step may get no memory
 }
 
 void _variableList::store(QStringView text, bool isWide) {
+    const auto bytes = static_cast<_size>(sizeof(QChar)) * static_cast<_size>(text.size());
     if (isWide)
-        texts.append(reinterpret_cast<const char*>(text.utf16()), static_cast<int>(text.size()) * 2);
+        texts.append(reinterpret_cast<const char*>(text.utf16()), bytes);
     else
         for (const QChar character : text) texts.append(character.toLatin1());
 }
@@ -87,17 +92,23 @@ QList<_namevalue> _variableList::toList() const {
     return variables;
 }
 
+quint32 _variableList::hashOfName(const _entry& entry) const {
+    const char* const start = texts.constData() + entry.start;
+    if (entry.isWide) return hashOf(reinterpret_cast<const char16_t*>(start), entry.nameLength);
+    return hashOf(reinterpret_cast<const uchar*>(start), entry.nameLength);
+}
+
+/// Takes all its memory before it changes the index.
 void _variableList::indexNewEntries() const {
     const std::size_t indexed = keys.size();
     if (indexed == entries.size()) return;
     spendWork(workPerEntry * static_cast<qint64>(entries.size()));
     keys.reserve(entries.size());
+    for (std::size_t position = indexed; position < entries.size(); ++position)
+        if (hasNameOf.size() <= entries[position].nameLength) hasNameOf.resize(entries[position].nameLength + 1);
     for (std::size_t position = indexed; position < entries.size(); ++position) {
-        const QString name = nameOf(static_cast<_size>(position));
-        keys.push_back({hashOf(name), static_cast<quint32>(position)});
-        const auto length = static_cast<std::size_t>(name.size());
-        if (hasNameOf.size() <= length) hasNameOf.resize(length + 1);
-        hasNameOf[length] = true;
+        keys.push_back({hashOfName(entries[position]), static_cast<quint32>(position)});
+        hasNameOf[entries[position].nameLength] = true;
     }
     const auto firstNew = keys.begin() + static_cast<std::ptrdiff_t>(indexed);
     std::sort(firstNew, keys.end());
@@ -145,7 +156,7 @@ _size _variableList::firstNamedIn(QStringView text, const QList<_size>& marks, _
 
 QStringList _variableList::valuesOf(QStringView name) const {
     indexNewEntries();
-    const quint32 hash = hashOf(name);
+    const quint32 hash = hashOf(name.utf16(), static_cast<std::size_t>(name.size()));
     QStringList values;
     for (_size at = firstOf(hash, name, 0); at >= 0; at = firstOf(hash, name, at + 1)) {
         values.append(valueOf(at));

@@ -59,13 +59,16 @@ class _variableList {
     struct _key {
         quint32 hash;
         quint32 position;
-        auto operator<=>(const _key&) const = default;
+        friend bool operator<(const _key& a, const _key& b) {
+            return a.hash != b.hash ? a.hash < b.hash : a.position < b.position;
+        }
     };
 
     QString nameOf(_size position) const;
     QString valueOf(_size position) const;
     void store(QStringView text, bool isWide);
     QString textOf(const _entry& entry, quint32 from, quint32 length) const;
+    quint32 hashOfName(const _entry& entry) const;
     void indexNewEntries() const;
     _size firstOf(quint32 hash, QStringView name, _size from) const;
     _size firstBeginning(QStringView text, _size from) const;

@@ -134,7 +134,8 @@ QByteArray outcome(vxTest::_loader& loader, qint32 code) {
     QByteArray text = QByteArray::number(code) + ' ' + QByteArray::number(loader.count());
     for (int i = 0; i < loader.count(); ++i)
         text.append(reinterpret_cast<const char*>(&loader.job(i)), sizeof(vxJ::_JobBasics_largePath));
-    for (const _namevalue& variable : hVariables.toList()) text += variable.name.toUtf8() + '=' + variable.value.toUtf8() + '\n';
+    for (const _namevalue& variable : hVariables.toList())
+        text += variable.name.toUtf8() + '=' + variable.value.toUtf8() + '\n';
     return text + loader.array().message.toQString().toUtf8() + QByteArray::number(GLseqStart);
 }
 
