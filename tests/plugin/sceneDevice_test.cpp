@@ -2,48 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QTextStream>
-#include <algorithm>
-#include <cstring>
 #include <random>
 
 #include "plugin/candidateScan.h"
-#include "plugin/jobFinishing.h"
-#include "plugin/sceneLine.h"
 #include "plugin/sceneScan.h"
 #include "readers/scanState.h"
 #include "tests/support/sceneText.h"
+#include "tests/support/twoScans.h"
 #include "tests/testText.h"
 
 namespace vxP {
 
 namespace {
 
-/// Gives `text` in pieces of `piece` bytes, then an error instead of the end when `fails`.
-class _pieces : public QIODevice {
- public:
-    _pieces(QByteArray bytes, qint64 pieceBytes, bool ends) : text(std::move(bytes)), piece(pieceBytes), fails(!ends) {
-        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-    }
-    bool isSequential() const override { return true; }
-
- protected:
-    qint64 readData(char* data, qint64 most) override {
-        const qint64 count = std::min({most, piece, static_cast<qint64>(text.size()) - done});
-        if (count <= 0) return fails ? -1 : 0;
-        std::memcpy(data, text.constData() + done, static_cast<std::size_t>(count));
-        done += count;
-        return count;
-    }
-    qint64 writeData(const char*, qint64) override { return -1; }
-
- private:
-    QByteArray text;
-    qint64 piece;
-    bool fails;
-    qint64 done = 0;
-};
+using vxTest::_pieces;
 
 // ---- scenes of every kind of line, put together at random
 
@@ -128,51 +101,17 @@ QByteArray randomScene(std::mt19937& random) {
     return scene;
 }
 
-// ---- what a load leaves, to compare two ways of reading
-
-QByteArray outcome(vxTest::_loader& loader, qint32 code) {
-    QByteArray text = QByteArray::number(code) + ' ' + QByteArray::number(loader.count());
-    for (int i = 0; i < loader.count(); ++i)
-        text.append(reinterpret_cast<const char*>(&loader.job(i)), sizeof(vxJ::_JobBasics_largePath));
-    for (const _namevalue& variable : hVariables.toList())
-        text += variable.name.toUtf8() + '=' + variable.value.toUtf8() + '\n';
-    return text + loader.array().message.toQString().toUtf8() + QByteArray::number(GLseqStart);
-}
-
-/// The scan with nothing left out, over a plain stream.
-qint32 scanPlainly(_dataPARS_LoadSceneFile& load, const QByteArray& scene, _sceneFacts& facts) {
-    QBuffer buffer;
-    buffer.setData(scene);
-    buffer.open(QIODevice::ReadOnly | QIODevice::Text);
-    QTextStream stream(&buffer);
-    decodeAsUtf8(stream);
-    return scanStream(load, stream, facts, [](bool) {});
-}
-
-template <typename Scan>
-QByteArray outcomeOf(Scan scan) {
-    vxTest::freshScanState();
-    vxTest::_loader loader;
-    _sceneFacts facts;
-    importSceneFolder(*loader.record().sceneFileName);
-    const qint32 scanned = scan(loader.record(), facts);
-    return outcome(loader, scanned == resultSuccess ? finishJobs(loader.record(), facts) : scanned);
-}
-
 TEST(SceneDevice, GivesTheJobsThatAPlainStreamGives) {
     std::mt19937 random(20);
     constexpr _searchPath paths[] = {_searchPath::automatic, _searchPath::avx2, _searchPath::portable};
     int withJobs = 0;
     for (int round = 0; round < 3000; ++round) {
         const QByteArray scene = randomScene(random);
-        const QByteArray expected = outcomeOf([&](auto& load, auto& facts) { return scanPlainly(load, scene, facts); });
+        const QByteArray expected = vxTest::outcomeOfPlainScan(scene);
         withJobs += expected.startsWith("1 0") ? 0 : 1;
         const qint64 piece = round % 3 == 0 ? 1 << 20 : 1 + static_cast<qint64>(random() % 64);
         chooseSearchPath(paths[round % 3]);
-        const QByteArray fast = outcomeOf([&](auto& load, auto& facts) {
-            _pieces source(scene, piece, true);
-            return scanScene(load, source, facts);
-        });
+        const QByteArray fast = vxTest::outcomeOfScan(scene, piece);
         ASSERT_EQ(fast, expected) << "round " << round << ":\n" << scene.toStdString();
     }
     chooseSearchPath(_searchPath::automatic);
