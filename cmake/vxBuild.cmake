@@ -3,6 +3,7 @@ include(GNUInstallDirs)
 
 set(VX_QT_MAJOR 6 CACHE STRING "Qt to build with: 6, or 5 for Qt 5.15")
 option(VX_BUILD_BENCHMARKS "Build the benchmarks in bench/" OFF)
+option(VX_BUILD_FUZZERS "Build the fuzz targets in fuzz/, with clang" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -36,3 +37,7 @@ target_compile_options(vxBuild INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-g
 # What a host loads: all references are bound and sealed at load time, and no code is written to or lies in data.
 add_library(vxLoaded INTERFACE)
 target_link_options(vxLoaded INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack,-z,text -Wl,--no-undefined,--as-needed)
+if(VX_BUILD_FUZZERS)
+  # Clang links the sanitizers into the programs alone.
+  target_link_options(vxLoaded INTERFACE -Wl,-z,undefs)
+endif()
