@@ -17,7 +17,7 @@ constexpr _codeSentence codeSentences[] = {
     {vxP::resultSuccess, QLatin1String{"loaded"}},
     {vxP::resultCannotOpen, QLatin1String{"cannot be opened for reading"}},
     {vxP::resultVersionMismatch, QLatin1String{"the plug-in does not support this version of the records"}},
-    {vxP::resultException, QLatin1String{"an exception or a read error ended the load"}},
+    {vxP::resultException, QLatin1String{"an exception, a read error or the limit of a load ended it"}},
     {vxP::resultNoMoreJobs, QLatin1String{"a further job could not be added"}},
     {vxP::resultNoUsableOutput, QLatin1String{"no jobs, only output drivers without usable output names"}},
     {hostPathUnusable, QLatin1String{"the path cannot be handed to the plug-in"}},

@@ -16,7 +16,7 @@ enum _result : qint32 {
     resultSuccess = 1,          ///< the load went well, or the scan goes on
     resultCannotOpen = 3,       ///< the scene cannot be opened for reading
     resultVersionMismatch = 5,  ///< the caller's record has another layout
-    resultException = 6,        ///< an exception or a read error ended the load; jobs added before stay
+    resultException = 6,        ///< exception, read error, limit of a load: it ended; jobs added before stay
     resultNoMoreJobs = 7,       ///< a job could not be added or fetched; jobs added before stay
     resultNoUsableOutput = 25,  ///< no job, but drivers without a usable output name
 };
