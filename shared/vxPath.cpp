@@ -38,6 +38,13 @@ QString rootOf(const QString& text, QChar separator) {
     return text.left(end);
 }
 
+/// With the separator at its end, which is there already in the root folder.
+QString currentFolder(QChar separator) {
+    QString folder = QDir::currentPath();
+    if (!folder.endsWith(slash)) folder += slash;
+    return folder.replace(slash, separator);
+}
+
 void resolveComponent(QStringList& resolved, const QString& component, bool firstIsVariable) {
     if (component.isEmpty() || component == QLatin1String(".")) return;
     if (component != QLatin1String("..")) {
@@ -68,7 +75,7 @@ QString vxGetFileNameBase(const QString& text, QChar separator) {
 QString vxPathResolve(const QString& text) {
     if (text.isEmpty()) return {};
     const QChar separator = firstSeparator(text);
-    const QString whole = isAbsolute(text) ? text : QDir::currentPath().replace(slash, separator) + separator + text;
+    const QString whole = isAbsolute(text) ? text : currentFolder(separator) + text;
     const QString root = rootOf(whole, separator);
     const bool firstIsVariable = beginsWithVariable(whole);
     QStringList resolved;

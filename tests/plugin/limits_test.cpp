@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryFile>
+#include <cstring>
 #include <functional>
 #include <random>
 
@@ -11,6 +12,7 @@
 #include "readers/houdiniVariables.h"
 #include "readers/scanBudget.h"
 #include "tests/support/sceneText.h"
+#include "tests/support/twoScans.h"
 #include "tests/testText.h"
 
 namespace vxP {
@@ -100,6 +102,39 @@ TEST_P(Limits, EndALoadInOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Limits, testing::ValuesIn(limitCases), vxTest::rowName);
+
+/// A scene whose second line is 4 GB long.
+class _longLine : public QIODevice {
+ public:
+    _longLine() { open(QIODevice::ReadOnly | QIODevice::Unbuffered); }
+    bool isSequential() const override { return true; }
+
+ protected:
+    qint64 readData(char* data, qint64 most) override {
+        if (left == 0) return end.readData(data, most);
+        const qint64 count = std::min(most, left);
+        std::memset(data, 'x', static_cast<std::size_t>(count));
+        left -= count;
+        return count;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+ private:
+    struct _end : vxTest::_pieces {
+        using _pieces::_pieces, _pieces::readData;
+    };
+    qint64 left = qint64{4} << 30;
+    _end end{"\n" + driver("vm_picture=/i/b.exr"), 1 << 20, true};
+};
+
+TEST(LimitsOfLines, FourGigabytesLong) {
+    vxTest::freshScanState();
+    vxTest::_loader loader;
+    _longLine scene;
+    _sceneFacts facts;
+    EXPECT_EQ(scanScene(loader.record(), scene, facts), 1);
+    EXPECT_EQ(loader.count(), 1);
+}
 
 TEST(LimitsOfNames, CutAtTheRecordsCapacity) {
     for (const int length : {149, 150, 151, 1000, 100000}) {

@@ -9,7 +9,7 @@ scene=$folder/scene.hip
 driver() { printf 'out/%s.parm {\nvm_picture\t[ 0\tlocks=0 ]\t(\t/img/a.exr\t)\n}\n' "$1"; }
 { driver first && driver second; } >"$scene"
 first=$(driver first | wc -c)
-error="vxscene: $scene: an exception or a read error ended the load (code 6)"
+error="vxscene: $scene: an exception, a read error or the limit of a load ended it (code 6)"
 
 # Exit status, number of jobs, and what stands on the error stream.
 load() {

@@ -63,6 +63,10 @@ INSTANTIATE_TEST_SUITE_P(Table, PathResolve, testing::ValuesIn(resolveCases), vx
 
 TEST(PathResolve, PutsRelativeNamesBehindTheCurrentFolder) {
     EXPECT_EQ(plain(vxS::vxPathResolve(wide("a/../b.exr"))), plain(QDir::currentPath()) + "/b.exr");
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(QStringLiteral("/"));
+    EXPECT_EQ(plain(vxS::vxPathResolve(wide("b.exr"))), "/b.exr");
+    QDir::setCurrent(before);
 }
 
 }  // namespace
