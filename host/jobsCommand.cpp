@@ -1,0 +1,53 @@
+// vxscene jobs
+#include <map>
+
+#include "host/command.h"
+#include "host/resultOutput.h"
+
+namespace vxH {
+namespace {
+
+struct _options {
+    std::string plugin;
+    std::vector<std::string> scenes;
+    _format format = _format::table;
+};
+
+int run(const _options& options, const _submitterArguments& submitter) {
+    const auto plugin = QString::fromStdString(options.plugin);
+    _resultOutput output{options.format, standardOutputTerminal()};
+    int status = exitSuccess;
+    for (const auto& scene : options.scenes) {
+        const auto result = loadSceneApart(plugin, scene.c_str(), submitter);
+        const int code = result[codeKey].toInt();
+        if (code == hostNoPlugin) {
+            status = noPlugin(result[errorKey].toString());
+            break;
+        }
+        output.print(result);
+        if (code != vxP::resultSuccess) status = sceneFailed(result);
+    }
+    output.finish();
+    return status;
+}
+
+}  // namespace
+
+_command addJobs(CLI::App& program) {
+    static const std::map<std::string, _format> formats{
+        {"table", _format::table}, {"json", _format::json}, {"jsonl", _format::jsonl}};
+    const auto options = std::make_shared<_options>();
+    auto* const line =
+        program.add_subcommand("jobs", "Print the render jobs of scenes; submitter arguments follow \"--\"");
+    addPluginOption(*line, options->plugin);
+    line->add_option("--format", options->format, "table, json (a list) or jsonl (one object a line)")
+        ->transform(CLI::CheckedTransformer(formats).description(""))
+        ->type_name("FORMAT");
+    line->footer(
+        "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
+        "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000");
+    line->add_option("scenes", options->scenes, "Scene files")->required()->type_name("SCENE");
+    return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+}
+
+}  // namespace vxH

@@ -1,0 +1,56 @@
+// vxscene vars
+#include <limits>
+
+#include "host/command.h"
+#include "host/jobVariableList.h"
+#include "host/resultOutput.h"
+
+namespace vxH {
+namespace {
+
+struct _options {
+    std::string plugin;
+    std::string scene;
+    bool asJson = false;
+    int jobNumber = allJobs;
+};
+
+int run(const _options& options, const _submitterArguments& submitter) {
+    auto result = loadSceneApart(QString::fromStdString(options.plugin), options.scene.c_str(), submitter,
+                                 [&](const auto& jobs) { return jobVariableLists(jobs, options.jobNumber); });
+    const int code = result[codeKey].toInt();
+    const auto lists = result[jobsKey].toArray();
+    if (code == hostNoPlugin) return noPlugin(result[errorKey].toString());
+    if (code == vxP::resultSuccess && lists.isEmpty() && options.jobNumber != allJobs) {
+        writeError(QStringLiteral("%1: there is no job %2")
+                       .arg(result[sceneKey].toString(), QString::number(options.jobNumber)));
+        return exitUsage;
+    }
+    if (options.asJson) {
+        result.remove(messageKey);  // it belongs to the submission
+        writeLine(stdout, jsonText(result, true));
+    } else {
+        const auto lines = jobVariableLines(lists);
+        for (const auto& text : lines) writeLine(stdout, text);
+    }
+    return code == vxP::resultSuccess ? exitSuccess : sceneFailed(result);
+}
+
+}  // namespace
+
+_command addVars(CLI::App& program) {
+    const auto options = std::make_shared<_options>();
+    auto* const line = program.add_subcommand("vars", "Print the named variables of a scene's jobs");
+    addPluginOption(*line, options->plugin);
+    addTextOrJson(*line, options->asJson);
+    line->add_option("--job", options->jobNumber, "Only this job, numbered as \"jobs\" does")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""))
+        ->type_name("N");
+    line->footer("Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip");
+    line->add_option("scene", options->scene, "Scene file; submitter arguments follow \"--\"")
+        ->required()
+        ->type_name("SCENE");
+    return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+}
+
+}  // namespace vxH
