@@ -4,13 +4,15 @@
 #include <functional>
 
 #include "readers/paramSection.h"
+#include "readers/scanObserver.h"
 
 namespace vxP {
 
 namespace {
 
 constexpr std::array cameraRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
-constexpr std::array<std::string_view, 4> notACamera{"xform", "camOrigin", "file", "constraints"};
+constexpr std::array notACamera{QLatin1String{"xform"}, QLatin1String{"camOrigin"}, QLatin1String{"file"},
+                                QLatin1String{"constraints"}};
 constexpr std::string_view stereoMark{"stereo"};
 constexpr QLatin1String resolutionName{"res\t"};
 
@@ -75,8 +77,11 @@ qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
 }
 
 void _camList::addCam(_camNode& node) {
-    for (const std::string_view mark : notACamera)
-        if (node.camName.contains(mark)) return;
+    for (const QLatin1String mark : notACamera) {
+        if (!node.camName.contains({mark.data(), static_cast<std::size_t>(mark.size())})) continue;
+        tell(_remark::notACamera, mark);
+        return;
+    }
     _camNode& stored = cameras[indexOfCamera(node.camName)];
     stored.resX = node.resX;
     stored.resY = node.resY;
@@ -95,6 +100,7 @@ qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QStri
     _camNode node;
     node.camName = QStringView{nodePathOf(line, cameraRoots, _unendedPath::isEmpty)};
     node.isStereo = node.camName.contains(stereoMark);
+    if (scanObserver != nullptr) tellReader(_sectionReader::camera, node.camName.toQString());
     return readSection(
         stream, line,
         [&](const QString& parameter) {

@@ -4,6 +4,7 @@
 
 #include "readers/imageOutVars.h"
 #include "readers/paramSection.h"
+#include "readers/scanObserver.h"
 
 namespace vxP {
 
@@ -83,6 +84,7 @@ qint32 _LOPList::addLOPFromOutNode(QString name, const QString& renderNode) {
 qint32 loadLOPNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _LOPNode node;
     node.lopName = nodePathOf(line, lopRoots, _unendedPath::isEmpty);
+    tellReader(_sectionReader::lop, node.lopName);
     bool noFrameVariable = false;
     return readSection(
         stream, line,

@@ -6,6 +6,7 @@
 #include "readers/imageOutVars.h"
 #include "readers/paramRules.h"
 #include "readers/paramSection.h"
+#include "readers/scanObserver.h"
 
 namespace vxP {
 
@@ -134,6 +135,7 @@ qint32 _USD_RSList::add(_USD_RendersettingNode& node) {
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line) {
     _USD_RendersettingNode node;
     node.lopName = nodePathOf(line, settingsRoots, _unendedPath::isEmpty);
+    tellReader(_sectionReader::usdRenderSettings, node.lopName);
     return readSection(
         stream, line,
         [&](const QString& parameter) {

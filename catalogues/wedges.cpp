@@ -6,6 +6,7 @@
 #include "catalogues/listIndex.h"
 #include "readers/paramRules.h"
 #include "readers/paramSection.h"
+#include "readers/scanObserver.h"
 #include "shared/vxNumber.h"
 
 namespace vxP {
@@ -80,7 +81,10 @@ _step readName(_wedgeSection& section, const QString& line, _size nameLength) {
 _step readSteps(_wedgeSection& section, const QString& line, _size nameLength) {
     bool isNumber = false;
     const int instance = instanceOf(line, nameLength, isNumber);
-    if (_wedgeParams* const channel = channelOf(section, instance)) channel->steps = integerOf(unquoted(line));
+    _wedgeParams* const channel = channelOf(section, instance);
+    if (channel == nullptr) return _step::next;
+    channel->steps = vxS::wholeNumber(unquoted(line), &isNumber);
+    if (!isNumber) tell(_remark::stepsUnknown);
     return _step::next;
 }
 
@@ -119,6 +123,7 @@ _step applyWedgeRules(_wedgeSection& section, const QString& line) {
 /// Channels that were left out have no steps, so that there is no variant: such a wedge goes without channels.
 void takeChannels(_wedgeSection& section) {
     const bool noneLeftOut = static_cast<int>(section.channels.size()) == section.channels.rbegin()->first;
+    if (!noneLeftOut) tell(_remark::channelsLeftOut);
     for (auto channel = section.channels.begin(); noneLeftOut && channel != section.channels.end(); ++channel)
         section.node.params.append(channel->second);
 }
@@ -132,8 +137,13 @@ qint64 bytesOfWedge(const _wedgeNode& node) {
 }
 
 bool isComplete(_wedgeNode& node) {
-    return !node.driver.isEmpty() && node.totalWedges() >= 1 &&
-           node.wedgeMethod.compare(channelMethod, Qt::CaseInsensitive) == 0;
+    const bool hasDriver = !node.driver.isEmpty();
+    const bool hasVariants = node.totalWedges() >= 1;
+    const bool variesChannels = node.wedgeMethod.compare(channelMethod, Qt::CaseInsensitive) == 0;
+    if (!hasDriver) tell(_remark::wedgeWithoutDriver);
+    if (!hasVariants) tell(_remark::wedgeWithoutVariants);
+    if (!variesChannels) tell(_remark::wedgeOfOtherMethod, node.wedgeMethod);
+    return hasDriver && hasVariants && variesChannels;
 }
 
 }  // namespace
@@ -173,6 +183,7 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _wedgeSection section;
     section.node.nodePath = nodePathOf(line, wedgeRoots, _unendedPath::isEmpty);
+    tellReader(_sectionReader::wedge, section.node.nodePath);
     const qint32 result = readSection(
         stream, line, [&](const QString& parameter) { return applyWedgeRules(section, parameter); },
         [&] {

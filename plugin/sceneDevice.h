@@ -20,6 +20,9 @@ class _sceneDevice : public QIODevice {
     /// Tells that a reader takes the lines that follow, or no longer does. Which lines are wanted depends on it.
     void setSectionOpen(bool open) { lines->setSectionOpen(open); }
 
+    /// Position in the scene of the line read last (bytes from its begin).
+    qint64 positionOfLine() const { return lines->positionOfLine(); }
+
     bool isSequential() const override { return true; }
     bool atEnd() const override { return lines->next().empty(); }
     /// True when the source reported an error; the device then ends like at the end of the scene.

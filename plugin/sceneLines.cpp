@@ -41,6 +41,7 @@ bool mattersToTheScan(std::string_view line) {
 _sceneLines::_sceneLines(QIODevice& bytesOfScene) : source(bytesOfScene) {
     block.resize(static_cast<int>(carriedBytes + blockBytes));
     filled = lineStart = position = carriedBytes;
+    offset = -static_cast<qint64>(carriedBytes);
 }
 
 /// Reads the next block behind what is still needed of the old one. @return false at the end of the scene
@@ -57,12 +58,14 @@ bool _sceneLines::refill() {
     failed = count < 0;
     ended = count <= 0;
     if (count > 0) allowWorkFor(count);
+    offset += static_cast<qint64>(filled - carriedBytes);
     filled = carriedBytes + static_cast<std::size_t>(std::max<qint64>(count, 0));
     return !ended;
 }
 
 void _sceneLines::beginLineAt(std::size_t start) {
     lineStart = start;
+    lineAt = offset + static_cast<qint64>(start);
     position = start;
     if (!head.isEmpty()) head.resize(0);
 }
@@ -81,6 +84,7 @@ std::size_t _sceneLines::endOfLine(std::size_t from) {
 
 /// The line from its start to `end`, without what was left out of a long one.
 std::string_view _sceneLines::lineUpTo(std::size_t end) {
+    wantedAt = lineAt;
     const std::string_view tail = bytes().substr(lineStart, end - lineStart);
     if (head.isEmpty()) return tail;
     longLine = head;

@@ -27,6 +27,9 @@ class _sceneLines {
     std::string_view next();
     void take() { wanted = {}; }
 
+    /// Position in the scene of the line handed out last (bytes from its begin).
+    qint64 positionOfLine() const { return wantedAt; }
+
     /// True when the source reported an error; the lines then end before it. A line that it cut is not handed out: a
     /// part of a variable's value would stay with the plug-in and get into the jobs of a second try.
     bool readFailed() const { return failed; }
@@ -46,6 +49,9 @@ class _sceneLines {
     QIODevice& source;
     QByteArray block;       ///< room for the rest of an unfinished line and, always in the same place, a new block
     std::size_t filled;     ///< end of the bytes in it
+    qint64 offset = 0;      ///< of the block's first byte in the scene; carried bytes make it negative at first
+    qint64 lineAt = 0;      ///< position in the scene of the line being looked at ...
+    qint64 wantedAt = 0;    ///< ... and of the one handed out
     std::size_t lineStart;  ///< where the line being looked at begins ...
     QByteArray head;        ///< ... and what of it no longer is in the block
     std::size_t position;   ///< bytes before this need not be looked at again

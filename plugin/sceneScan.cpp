@@ -13,8 +13,8 @@
 #include "readers/outNode.h"
 #include "readers/paramSection.h"
 #include "readers/scanBudget.h"
+#include "readers/scanObserver.h"
 #include "readers/scanState.h"
-#include "shared/vxEnvironment.h"
 
 namespace vxP {
 
@@ -31,13 +31,6 @@ constexpr QLatin1String importedPrefix{"HIP"};
 constexpr std::array neverImported{QLatin1String{"OS"}, QLatin1String{"AOV"}};
 constexpr int longestImportedValue = 200;  ///< characters
 
-bool isImported(const vxS::_varValue& variable) {
-    if (variable.value.size() > longestImportedValue) return false;
-    for (const QLatin1String name : neverImported)
-        if (variable.name.compare(name, Qt::CaseInsensitive) == 0) return false;
-    return variable.name.startsWith(importedPrefix, Qt::CaseInsensitive);
-}
-
 /// `frange 1001 1100`; without a second number nothing is set.
 void keepFrameRange(const QString& line) {
     const QString numbers = textBehind(line, u' ');
@@ -45,6 +38,7 @@ void keepFrameRange(const QString& line) {
     GLseqStart = integerOf(textBefore(numbers, u' '));
     GLseqEnd = integerOf(textBehind(numbers, u' '));
     GLseqStep = 1;
+    tell(_remark::frameRangeStored, numbers);
 }
 
 /// `set -g _HIP_SAVEVERSION = '19.5.640'`
@@ -127,6 +121,14 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
     }
 }
 
+void tellSection(bool open, qint64 byte, qint32 jobs) {
+    if (scanObserver == nullptr) return;
+    if (open)
+        scanObserver->sectionBegins(byte, jobs);
+    else
+        scanObserver->sectionEnds(jobs);
+}
+
 /// While it is made, Qt's text stream does not look whether it gets the few hundred bytes that it asks for: where they
 /// are missing the process ends. A shortage has to show before that.
 void ensureRoomForStream() {
@@ -155,6 +157,13 @@ void importSceneFolder(const _vxString<500>& sceneFileName) {
     DatabaseDir = sceneFileName.toQString();
     const _size slash = DatabaseDir.lastIndexOf(QLatin1Char('/'));
     if (slash >= 0) DatabaseDir.truncate(slash + 1);
+}
+
+bool isImported(const vxS::_varValue& variable) {
+    if (variable.value.size() > longestImportedValue) return false;
+    for (const QLatin1String name : neverImported)
+        if (variable.name.compare(name, Qt::CaseInsensitive) == 0) return false;
+    return variable.name.startsWith(importedPrefix, Qt::CaseInsensitive);
 }
 
 void importEnvironment() {
@@ -187,7 +196,10 @@ qint32 scanScene(_dataPARS_LoadSceneFile& load, QIODevice& source, _sceneFacts& 
     ensureRoomForStream();
     QTextStream stream(&device);
     decodeAsUtf8(stream);
-    const qint32 result = scanStream(load, stream, facts, [&](bool open) { device.setSectionOpen(open); });
+    const qint32 result = scanStream(load, stream, facts, [&](bool open) {
+        device.setSectionOpen(open);
+        tellSection(open, device.positionOfLine(), load.jobArray->count);
+    });
     return result == resultSuccess && device.readFailed() ? qint32{resultException} : result;
 }
 

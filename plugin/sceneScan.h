@@ -8,6 +8,7 @@
 #include <set>
 
 #include "jobs/VX_DataTypes_plugin.h"
+#include "shared/vxEnvironment.h"
 
 namespace vxP {
 
@@ -38,7 +39,10 @@ void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& fac
 /// Keeps the scene's folder with its separator as `DatabaseDir`; a name without folder is kept whole.
 void importSceneFolder(const _vxString<500>& sceneFileName);
 
-/// Appends the environment's HIP... variables to `hVariables`. Values above 200 characters are left out.
+/// True for the environment's HIP... variables. Values above 200 characters are left out.
+bool isImported(const vxS::_varValue& variable);
+
+/// Appends the environment's variables that are imported to `hVariables`.
 void importEnvironment();
 
 /// Called with true before a reader takes the lines of a section from the stream, with false afterwards.

@@ -1,15 +1,10 @@
 #include "plugin/vxSceneParserHoudini.h"
 
-#include "plugin/jobFinishing.h"
-#include "plugin/sceneFile.h"
-#include "plugin/sceneScan.h"
-#include "readers/scanBudget.h"
+#include "plugin/sceneLoad.h"
 
 namespace vxP {
 
 namespace {
-
-constexpr quint8 neededLayoutMinor = 1;
 
 constexpr QStringView applicationName{u"Houdini"};
 constexpr QStringView author{u"Scene Parser Developers"};
@@ -31,19 +26,6 @@ quint8 fillInfo(_dataPARS_PluginInfo& info) {
     return resultSuccess;
 }
 
-qint32 loadScene(_dataPARS_LoadSceneFile& load) {
-    if (!load.jobArray->isVersionSupported(neededLayoutMinor)) return resultVersionMismatch;
-    beginBudget();
-    _sceneFacts facts;
-    readSubmitterArguments(*load.settings, facts);
-    _sceneFile file(load.sceneFileName->toQString());
-    if (!file.isOpen()) return resultCannotOpen;
-    importSceneFolder(*load.sceneFileName);
-    importEnvironment();
-    const qint32 scanned = scanScene(load, file, facts);
-    return scanned == resultSuccess ? finishJobs(load, facts) : scanned;
-}
-
 }  // namespace
 
 }  // namespace vxP
@@ -52,6 +34,10 @@ quint8 pInfo(vxP::_dataPARS_PluginInfo* info) noexcept try { return vxP::fillInf
     return vxP::resultException;
 }
 
-qint32 pLoadSceneFile(vxP::_dataPARS_LoadSceneFile* load) noexcept try { return vxP::loadScene(*load); } catch (...) {
+/// Facts hold texts and containers, whose making may fail as well.
+qint32 pLoadSceneFile(vxP::_dataPARS_LoadSceneFile* load) noexcept try {
+    vxP::_sceneFacts facts;
+    return vxP::loadScene(*load, facts);
+} catch (...) {
     return vxP::resultException;
 }

@@ -5,6 +5,7 @@
 #include "readers/nameText.h"
 #include "readers/paramSection.h"
 #include "readers/scanBudget.h"
+#include "readers/scanObserver.h"
 
 namespace vxP {
 
@@ -57,8 +58,12 @@ void convertTake(QString& name, bool& activeTakeUsed) {
 }
 
 bool isUsable(const QString& name) {
-    for (const QLatin1String mark : unusableMarks)
-        if (name.contains(mark)) return false;
+    for (const QLatin1String mark : unusableMarks) {
+        if (!name.contains(mark)) continue;
+        tell(_remark::nameUnusable, mark);
+        return false;
+    }
+    tell(name.isEmpty() ? _remark::nameEmpty : _remark::nameTaken);
     return !name.isEmpty();
 }
 
@@ -83,7 +88,10 @@ bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& 
     name.remove(QLatin1Char('{')).remove(QLatin1Char('}'));
     convertTake(name, activeTakeUsed);
     if (name.contains(channelReference)) {
-        if (!out.isEmpty()) return false;  // a name read before goes before one driven by a channel
+        if (!out.isEmpty()) {  // a name read before goes before one driven by a channel
+            tell(_remark::nameComesSecond);
+            return false;
+        }
         name = name.remove(channelReference).remove(QLatin1Char(']')).trimmed();
     }
     if (!isUsable(name)) return false;

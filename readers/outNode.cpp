@@ -4,6 +4,7 @@
 #include "readers/outNodeJobs.h"
 #include "readers/outNodeRules.h"
 #include "readers/paramSection.h"
+#include "readers/scanObserver.h"
 
 namespace vxP {
 
@@ -20,17 +21,27 @@ void restartFrameRange() {
     seqStep = GLseqStep;
 }
 
+void passOver(const QString& header) {
+    if (scanObserver == nullptr) return;
+    scanObserver->readerTakes(_sectionReader::driver, nodePathOf(header, driverRoots, _unendedPath::isWhole));
+    scanObserver->remark(_remark::passedOver, QString::number(mostJobsBefore));
+}
+
 }  // namespace
 
 qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line, bool& activeTakeUsed,
                    const int& majorVersion, const QString& versionText) {
-    if (load->jobArray->count > mostJobsBefore) return resultSuccess;
+    if (load->jobArray->count > mostJobsBefore) {
+        passOver(line);
+        return resultSuccess;
+    }
     restartFrameRange();
     _driver driver{.load = *load,
                    .activeTakeUsed = activeTakeUsed,
                    .majorVersion = majorVersion,
                    .versionText = versionText,
                    .nodePath = nodePathOf(line, driverRoots, _unendedPath::isWhole)};
+    tellReader(_sectionReader::driver, driver.nodePath);
     return readSection(
         stream, line, [&](const QString& parameter) { return applyOutNodeRules(driver, parameter); },
         [&] { return addJobsOf(driver); });

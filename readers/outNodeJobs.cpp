@@ -5,6 +5,8 @@
 #include "readers/houdiniVariables.h"
 #include "readers/outNodeNames.h"
 #include "readers/scanBudget.h"
+#include "readers/scanObserver.h"
+#include "shared/vxPath.h"
 
 namespace vxP {
 
@@ -43,12 +45,15 @@ void registerKarma(_driver& driver) {
     driver.kinds.clear(_kind::openGL);
 }
 
-bool isUsable(const QString& name) {
+bool isUsable(const QString& name, _remark whenEmpty, _remark whenViewerOnly) {
+    if (name.isEmpty()) tell(whenEmpty);
+    if (name == viewerOnly) tell(whenViewerOnly, name);
     return !name.isEmpty() && name != viewerOnly;
 }
 
 bool hasUsableOutput(const _driver& driver) {
-    return isUsable(driver.imageName) && (!driver.isExport || isUsable(driver.exportName));
+    return isUsable(driver.imageName, _remark::noImageName, _remark::imageViewerOnly) &&
+           (!driver.isExport || isUsable(driver.exportName, _remark::noExportName, _remark::exportViewerOnly));
 }
 
 void removeBraces(QString& name) {
@@ -84,6 +89,8 @@ void addChannels(const _driver& driver, _JobBasics_largePath& job) {
 
 void splitImageName(const QString& name, const _driver& driver, _JobBasics_largePath& job) {
     job.imageFileName = translated(name, driver, job);
+    if (scanObserver != nullptr && !vxS::vxPathIsAbsolute(job.imageFileName.toQString()))
+        tell(_remark::relativeName, job.imageFileName.toQString());
     job.splitImageFileInto_DirFileExt(true);
 }
 
@@ -104,11 +111,16 @@ void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_la
     job.preID = numberOfLastJob(jobs);
 }
 
+qint32 noMoreJobs() {
+    tell(_remark::noMoreJobs);
+    return resultNoMoreJobs;
+}
+
 /// The job that renders what the job before it exports.
 qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
     mantraIFDJob = true;
     _JobBasics_largePath* job = nullptr;
-    if (!jobs.getNewJob(job)) return resultNoMoreJobs;
+    if (!jobs.getNewJob(job)) return noMoreJobs();
     const _JobBasics_largePath& exportJob = *jobs.at(jobs.count - 2);
     static_cast<vxJ::_JobBasics_noSettings_largePath&>(*job) = exportJob;
     job->sceneSettings = exportJob.sceneSettings;
@@ -134,7 +146,7 @@ qint32 addJobsOf(_driver& driver) {
     }
     vxJ::_JobBasicsArray& jobs = *driver.load.jobArray;
     _JobBasics_largePath* job = nullptr;
-    if (!jobs.getNewJob(job)) return resultNoMoreJobs;
+    if (!jobs.getNewJob(job)) return noMoreJobs();
     const qint32 first = jobs.count - 1;
     fillJob(driver, *job);
     for (QString* const name : {&driver.imageName, &driver.exportName}) removeBraces(*name);

@@ -121,6 +121,7 @@ _step readLopPath(_driver& driver, const QString& line) {
 _step readLopOutput(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     driver.isExport = true;
+    tell(_remark::exportName);
     if (replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable))
         driver.singleFile = noFrameVariable;
     return _step::next;
@@ -171,6 +172,7 @@ _step leaveSection(_driver&, const QString&) {
 
 _step readExportFile(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
+    tell(_remark::exportName);
     const bool stored = replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable);
     if (stored && noFrameVariable && driver.has(_kind::vray)) driver.singleFile = true;
     return _step::next;

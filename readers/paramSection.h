@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "jobs/VX_DataTypes_plugin.h"
+#include "readers/scanObserver.h"
 
 namespace vxP {
 
@@ -48,11 +49,14 @@ qint32 readSection(QTextStream& stream, QString& line, OnParameter onParameter, 
     for (;;) {
         switch (nextParameter(stream, line)) {
             case _sectionStep::parameter:
-                if (onParameter(line) == _step::leave) return resultSuccess;
-                break;
+                tellParameter(line);
+                if (onParameter(line) != _step::leave) break;
+                tell(_remark::left, line);
+                return resultSuccess;
             case _sectionStep::closed:
                 return onClosed();
             case _sectionStep::cutOff:
+                tell(_remark::notClosed);
                 return resultSuccess;
         }
     }

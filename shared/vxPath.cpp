@@ -26,10 +26,6 @@ bool beginsWithVariable(const QString& text) {
     return QLatin1String("<$`%").contains(text.at(0));
 }
 
-bool isAbsolute(const QString& text) {
-    return text.at(0) == slash || text.at(0) == backslash || hasDrive(text) || beginsWithVariable(text);
-}
-
 /// The part that ".." cannot remove: "/", "//", "C:/", "C:" or nothing.
 QString rootOf(const QString& text, QChar separator) {
     _size end = hasDrive(text) ? 2 : 0;
@@ -72,10 +68,15 @@ QString vxGetFileNameBase(const QString& text, QChar separator) {
     return point > 0 ? name.left(point) : name;
 }
 
+bool vxPathIsAbsolute(const QString& text) {
+    return text.isEmpty() || text.at(0) == slash || text.at(0) == backslash || hasDrive(text) ||
+           beginsWithVariable(text);
+}
+
 QString vxPathResolve(const QString& text) {
     if (text.isEmpty()) return {};
     const QChar separator = firstSeparator(text);
-    const QString whole = isAbsolute(text) ? text : currentFolder(separator) + text;
+    const QString whole = vxPathIsAbsolute(text) ? text : currentFolder(separator) + text;
     const QString root = rootOf(whole, separator);
     const bool firstIsVariable = beginsWithVariable(whole);
     QStringList resolved;

@@ -16,11 +16,14 @@ VX_EXPORT QString vxGetDirName(const QString& text, QChar separator);
 /// point stays whole: "/a/.exr" -> ".exr".
 VX_EXPORT QString vxGetFileNameBase(const QString& text, QChar separator);
 
+/// True for a text that begins with a separator, a drive ("C:"), or a variable or expression ("<", "$", "`", "%"), and
+/// for the empty one: it does not depend on the current directory.
+VX_EXPORT bool vxPathIsAbsolute(const QString& text);
+
 /// Resolves "." and ".." lexically and drops repeated separators, but keeps a leading pair (a network share) and a
 /// trailing one. The separator is "/" or "\", whichever occurs first; the other one is an ordinary character.
-/// A text that begins with a separator, a drive ("C:"), or a variable or expression ("<", "$", "`", "%") is absolute;
-/// any other text is put behind the current directory. ".." at the root is dropped; behind a leading variable, whose
-/// value is not known here, it stays. Empty stays empty.
+/// A text that is not absolute is put behind the current directory. ".." at the root is dropped; behind a leading
+/// variable, whose value is not known here, it stays. Empty stays empty.
 VX_EXPORT QString vxPathResolve(const QString& text);
 
 }  // namespace vxS
