@@ -18,6 +18,7 @@ struct _command {
 };
 
 // Each adds its command to the program.
+_command addExplain(CLI::App& program);
 _command addInfo(CLI::App& program);
 _command addJobs(CLI::App& program);
 _command addVars(CLI::App& program);

@@ -16,7 +16,7 @@ namespace {
 using namespace vxH;
 
 /// In the order in which the help shows them.
-constexpr std::array commands{addInfo, addJobs, addVars};
+constexpr std::array commands{addInfo, addJobs, addExplain, addVars};
 
 constexpr const char* examples =
     "Examples:\n"

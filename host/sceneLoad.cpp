@@ -26,14 +26,14 @@ QJsonArray jobsToJson(const vxJ::_JobBasicsArray& jobs) {
     return list;
 }
 
-QJsonObject loadScene(const _pluginLibrary& plugin, const QString& scene, const _submitterArguments& arguments,
+QJsonObject loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
                       const _jobsReader& readJobs) {
     const vxS::_vxString<500> sceneFileName{scene};
     vxJ::_JobBasicsArray jobs;
     const vxP::_submitterSettings settings{static_cast<qint32>(arguments.size()), arguments.data()};
     vxP::_dataPARS_LoadSceneFile load{&sceneFileName, &jobs, &settings};
 
-    const qint32 code = plugin.loadSceneFile(&load);
+    const qint32 code = loader(&load);
 
     auto result = sceneResult(scene, code, sentenceOfCode(code));
     result.insert(messageKey, jobs.message.toQString());
@@ -46,7 +46,7 @@ QJsonObject loadSceneApart(const QString& pluginPath, const char* scene, const _
     const auto [path, problem] = absoluteScenePath(scene);
     if (!problem.isEmpty()) return sceneResult(path, hostPathUnusable, problem);
     const auto answer = askPlugin(pluginPath, [&, &scenePath = path](const _pluginLibrary& plugin) {
-        return loadScene(plugin, scenePath, arguments, readJobs);
+        return loadScene(plugin.loadSceneFile, scenePath, arguments, readJobs);
     });
     return answer.code == 0 ? answer.answer : sceneResult(path, answer.code, answer.failure);
 }

@@ -27,9 +27,12 @@ using _jobsReader = std::function<QJsonArray(const vxJ::_JobBasicsArray&)>;
 /// Every field of every job, see jobJson.h.
 QJsonArray jobsToJson(const vxJ::_JobBasicsArray& jobs);
 
+/// The entry point that loads a scene, or what stands for it.
+using _sceneLoader = std::function<qint32(vxP::_dataPARS_LoadSceneFile*)>;
+
 /// Loads the scene in this process and returns its result. Jobs added before a failure are in the result.
 /// @param scene  absolute path of at most 500 characters
-QJsonObject loadScene(const _pluginLibrary& plugin, const QString& scene, const _submitterArguments& arguments,
+QJsonObject loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
                       const _jobsReader& readJobs);
 
 /// The same in a process of its own, for a scene as named on the command line. What keeps the plug-in from answering

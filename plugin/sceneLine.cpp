@@ -137,11 +137,14 @@ bool hasNodeTypeMark(_text<Char> line) {
 }
 
 template <typename Char>
-bool isOutput(_text<Char> line) {
-    if (has(line, outRoot)) return true;
+bool hasMarkedRoot(_text<Char> line) {
     return std::any_of(markedRoots.begin(), markedRoots.end(),
-                       [&](std::string_view root) { return hasInAnyCase(line, root); }) &&
-           hasNodeTypeMark(line);
+                       [&](std::string_view root) { return hasInAnyCase(line, root); });
+}
+
+template <typename Char>
+bool isOutput(_text<Char> line) {
+    return has(line, outRoot) || (hasMarkedRoot(line) && hasNodeTypeMark(line));
 }
 
 template <typename Char>
@@ -177,17 +180,33 @@ _sceneLine classify(_text<Char> line) {
     return {isFrameRange(line), kind != _lineKind::saveVersion && isVariable(line), kind};
 }
 
+std::u16string_view wide(const QString& line) {
+    return {reinterpret_cast<const char16_t*>(line.utf16()), static_cast<std::size_t>(line.size())};
+}
+
 }  // namespace
 
 _sceneLine classifyLine(const QString& line) {
     const QByteArray bytes = line.toUtf8();
     const auto size = static_cast<std::size_t>(line.size());
     if (bytes.size() == line.size()) return classifyAsciiLine({bytes.constData(), size});
-    return classify(std::u16string_view(reinterpret_cast<const char16_t*>(line.utf16()), size));
+    return classify(wide(line));
 }
 
 _sceneLine classifyAsciiLine(std::string_view line) {
     return classify(line);
+}
+
+_notTakenReason whyNotTaken(const QString& header) {
+    const std::u16string_view line = wide(header);
+    if (line.empty() || line.front() == '#') return {_notTaken::comment, {}};
+    if (hasInAnyCase(line, saveVersionName) || beginsExactly(line, takeCommand)) return {_notTaken::otherLine, {}};
+    if (line.back() != '{') return {_notTaken::noHeader, {}};
+    if (!hasMarkedRoot(line)) return {_notTaken::noRoot, {}};
+    for (const _nodeTypeMark& mark : nodeTypeMarks)
+        if (!mark.unless.empty() && hasInAnyCase(line, mark.part) && hasInAnyCase(line, mark.unless))
+            return {_notTaken::ruledOut, QString(latin(mark.unless))};
+    return {_notTaken::noMark, {}};
 }
 
 }  // namespace vxP

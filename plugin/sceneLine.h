@@ -26,4 +26,22 @@ _sceneLine classifyLine(const QString& line);
 /// @param line  trimmed ASCII text
 _sceneLine classifyAsciiLine(std::string_view line);
 
+/// Why no reader takes a section.
+enum class _notTaken : quint8 {
+    comment,    ///< its header's line is a comment
+    otherLine,  ///< its header's line is taken for a command
+    noHeader,   ///< the line does not end with "{"
+    noRoot,     ///< the node's path has no root that drivers stand under
+    noMark,     ///< no part of the path tells a driver
+    ruledOut,   ///< a part of the path does, another one says that it is none
+};
+
+struct _notTakenReason {
+    _notTaken why;
+    QString part;  ///< the part that says it is none
+};
+
+/// @param line  trimmed header of a section that `classifyLine` takes for none
+_notTakenReason whyNotTaken(const QString& line);
+
 }  // namespace vxP

@@ -74,6 +74,7 @@ void readPlainRange(const QString& value) {
 
 _step readFrameRange(_driver&, const QString& line) {
     const QString value = parenthesised(line);
+    tell(_remark::ownFrames);
     if (value.contains(QLatin1String("f1"), Qt::CaseInsensitive))
         readChannelRange(value);
     else
@@ -256,6 +257,15 @@ constexpr _rowsByLetter<outNodeRules.size()> outNodeRows{outNodeRules};
 
 std::span<const QLatin1String> outNodeParameters() {
     return outNodeNames;
+}
+
+_parameterRole roleOf(const QString& line) {
+    for (const _paramRule& rule : outNodeRules) {
+        if (!isNamed(line, rule.name)) continue;
+        if (rule.handle == readTrange || rule.handle == readFrameRange) return _parameterRole::frameRange;
+        if (rule.handle == readImage || rule.handle == readLopOutput) return _parameterRole::output;
+    }
+    return _parameterRole::other;
 }
 
 _step applyOutNodeRules(_driver& driver, const QString& line) {

@@ -13,6 +13,7 @@ enum class _sectionReader : quint8 { wedge, camera, usdRenderSettings, lop, driv
 /// What a reader has to say that its result does not tell.
 enum class _remark : quint8 {
     frameRangeStored,      ///< the scene has a frame range of its own; detail: its numbers
+    ownFrames,             ///< the parameter handed out last gives the driver frames of its own
     passedOver,            ///< the section is not read: the job array holds too many jobs
     left,                  ///< the section is none of the reader's kind; detail: the parameter that tells
     notClosed,             ///< the scene ended inside the section

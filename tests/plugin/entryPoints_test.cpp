@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <cstring>
 
 #include "plugin/vxSceneParserHoudini.h"
@@ -15,19 +13,9 @@ using vxTest::plainOf;
 
 class EntryPoints : public testing::Test {
  protected:
-    void SetUp() override {
-        vxTest::freshScanState();
-        ASSERT_TRUE(folder.isValid());
-    }
+    void SetUp() override { vxTest::freshScanState(); }
 
-    QString write(const QByteArray& scene) {
-        QFile file(folder.filePath(QStringLiteral("scene.hip")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(scene), scene.size());
-        return file.fileName();
-    }
-
-    QTemporaryDir folder;
+    vxTest::_sceneFolder folder;
 };
 
 qint32 loadFile(const QString& path) {
@@ -59,16 +47,16 @@ TEST_F(EntryPoints, RefuseWhatCannotBeReadButAnotherLayoutFirst) {
 }
 
 TEST_F(EntryPoints, ReadScenesThatHoldNothing) {
-    EXPECT_EQ(loadFile(write({})), vxP::resultSuccess);
-    EXPECT_EQ(loadFile(write(QByteArray(1 << 20, '\0'))), vxP::resultSuccess);
-    EXPECT_EQ(loadFile(write(QByteArray(20 << 20, 'x'))), vxP::resultSuccess);  // one line without an end
+    EXPECT_EQ(loadFile(folder.write({})), vxP::resultSuccess);
+    EXPECT_EQ(loadFile(folder.write(QByteArray(1 << 20, '\0'))), vxP::resultSuccess);
+    EXPECT_EQ(loadFile(folder.write(QByteArray(20 << 20, 'x'))), vxP::resultSuccess);  // one line without an end
 }
 
 TEST_F(EntryPoints, PrintNothing) {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     loadFile(folder.path());
-    loadFile(write(driver("vm_picture=ip") + QByteArray(1000, '\xFF')));
+    loadFile(folder.write(driver("vm_picture=ip") + QByteArray(1000, '\xFF')));
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }

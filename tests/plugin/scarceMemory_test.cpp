@@ -5,8 +5,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <cstdio>
 #include <functional>
 #include <string_view>
@@ -132,16 +130,7 @@ void forEachAllocation(const std::function<bool(const std::function<void()>& mak
 
 class ScarceMemory : public testing::Test {
  protected:
-    void SetUp() override { ASSERT_TRUE(folder.isValid()); }
-
-    QString write(const QByteArray& scene) {
-        QFile file(folder.filePath(QStringLiteral("scene.hip")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(scene), scene.size());
-        return file.fileName();
-    }
-
-    QTemporaryDir folder;
+    vxTest::_sceneFolder folder;
 };
 
 /// @return exit status, or -1 when a signal ended the process
@@ -160,7 +149,7 @@ int inAChild(const std::function<int()>& work) {
 
 /// Each in a process in which nothing was loaded before: what is made once is made with too little memory.
 TEST_F(ScarceMemory, EndsTheFirstLoadOfAProcess) {
-    const QString scene = write("take name Main\n" + driver("vm_picture=$HIP/a.$F4.exr"));
+    const QString scene = folder.write("take name Main\n" + driver("vm_picture=$HIP/a.$F4.exr"));
     void* const shared = mmap(nullptr, sizeof(_outcome), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     const auto* const expected = new (shared) _outcome;
     ASSERT_EQ(inAChild([&] { return new (shared) _outcome(outcomeOf(scene)), HasFailure(); }), 0);
@@ -176,7 +165,7 @@ TEST_F(ScarceMemory, EndsTheFirstLoadOfAProcess) {
 }
 
 TEST_F(ScarceMemory, EndsALoadAndHarmsNoLaterOne) {
-    const QString scene = write(sceneOfEverything());
+    const QString scene = folder.write(sceneOfEverything());
     const _outcome expected = outcomeOf(scene);
     loadTwice(scene, expected, [] { vxTest::failAllocation(1, false); });  // the first exception leaves blocks behind
     forEachAllocation([&](const auto& makeScarce) {
@@ -191,7 +180,7 @@ TEST_F(ScarceMemory, EndsALoadAndHarmsNoLaterOne) {
 
 /// The plug-in's own blocks and those of Qt's text stream, which does not survive to be short of them.
 TEST_F(ScarceMemory, IsNoticedBeforeTheTextStreamNeedsIt) {
-    const QString scene = write(driver("vm_picture=$HIP/a.$F4.exr"));
+    const QString scene = folder.write(driver("vm_picture=$HIP/a.$F4.exr"));
     const _outcome expected = outcomeOf(scene);
     for (long bytes = 300000;; bytes += 64 * step) {
         SCOPED_TRACE(bytes);

@@ -1,6 +1,8 @@
 #include "tests/support/sceneText.h"
 
 #include <QBuffer>
+#include <QFile>
+#include <stdexcept>
 
 #include "catalogues/camList.h"
 #include "catalogues/lopList.h"
@@ -34,6 +36,13 @@ QByteArray section(const QByteArray& path, std::initializer_list<std::pair<const
     text += QByteArray(1, '\0') + "{\nversion 0.8\n";
     for (const auto& [name, value] : params) text += param(name, value);
     return text + "}\n";
+}
+
+QString _sceneFolder::write(const QByteArray& scene) const {
+    QFile file(filePath(QStringLiteral("scene.hip")));
+    if (!isValid() || !file.open(QIODevice::WriteOnly) || file.write(scene) != scene.size())
+        throw std::runtime_error("the scene cannot be written");
+    return file.fileName();
 }
 
 _loader::_loader(const QString& sceneFileName, const QStringList& arguments)

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <initializer_list>
 #include <memory>
 #include <utility>
@@ -24,6 +25,13 @@ QByteArray driver(const QByteArray& lines, const QByteArray& path = "out/a");
 /// A node's parameter section as an archive entry holds it: a header line that ends in NUL and "{", the parameters,
 /// and the closing brace. `path` is for example "out/mantra1".
 QByteArray section(const QByteArray& path, std::initializer_list<std::pair<const char*, const char*>> params);
+
+/// A folder of its own for scene files, as long as this lives.
+class _sceneFolder : public QTemporaryDir {
+ public:
+    /// Writes a scene, in place of the one written before. @return its path
+    QString write(const QByteArray& scene) const;
+};
 
 /// A job array on the heap with everything that a load needs.
 class _loader {

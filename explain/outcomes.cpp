@@ -1,0 +1,211 @@
+// Tables from remarks to words.
+#include "explain/outcomes.h"
+
+#include <array>
+
+#include "plugin/sceneLine.h"
+#include "readers/paramSection.h"
+
+namespace vxE {
+
+namespace {
+
+using vxP::_remark;
+
+/// What a remark means for its section.
+struct _outcomeWords {
+    _remark remark;
+    QStringView code;
+    QStringView text;  ///< %1: the remark's detail
+};
+
+constexpr std::array outcomeWords{
+    // first that the section has wins
+    _outcomeWords{_remark::passedOver, u"tooManyJobs", u"job array already held more than %1 jobs"},
+    _outcomeWords{_remark::notClosed, u"notClosed", u"section is not closed"},
+    _outcomeWords{_remark::noMoreJobs, u"noMoreJobs", u"job array has no room for a further job"},
+    _outcomeWords{_remark::imageViewerOnly, u"viewerOnly", u"output name is '%1': renders to the viewer only"},
+    _outcomeWords{_remark::exportViewerOnly, u"noExportFile", u"export is on but the export file is '%1'"},
+    _outcomeWords{_remark::notACamera, u"notACamera", u"camera name is excluded: holds '%1'"},
+};
+
+/// What keeps a wedge from repeating its driver; all that hold are told.
+constexpr std::array wedgeWords{
+    _outcomeWords{_remark::wedgeOfOtherMethod, u"wedgeMethod", u"wedge method is '%1'"},
+    _outcomeWords{_remark::wedgeWithoutDriver, u"wedgeWithoutDriver",
+                  u"wedge names no driver: one that is wired to it is not known"},
+    _outcomeWords{_remark::channelsLeftOut, u"wedgeChannels", u"numbers of the wedge's channels have gaps"},
+    _outcomeWords{_remark::stepsUnknown, u"wedgeSteps", u"wedge's step counts are no numbers but channel references"},
+};
+constexpr _outcomeWords wedgeWithoutVariants{_remark::wedgeWithoutVariants, u"wedgeWithoutVariants",
+                                             u"wedge varies nothing: no channel has steps"};
+
+/// What a reader thought of an output name.
+struct _nameWords {
+    _remark remark;
+    QStringView detail;    ///< of the remark; empty: any
+    QStringView code;      ///< empty: the name is no reason
+    QStringView asImage;   ///< why there is no image name ...
+    QStringView asExport;  ///< ... why no export file
+    QStringView note;      ///< beside the name; empty: none
+};
+
+constexpr std::array nameWords{
+    // first match wins
+    _nameWords{_remark::nameTaken, {}, {}, {}, {}, {}},
+    _nameWords{_remark::nameEmpty,
+               {},
+               u"emptyOutput",
+               u"output is empty",
+               u"export is on but the export file is empty",
+               u"empty"},
+    _nameWords{_remark::nameUnusable, u"chs(", u"expression", u"output holds an expression chs(\u2026)",
+               u"export is on but the export file holds an expression chs(\u2026)", u"holds an expression"},
+    _nameWords{_remark::nameUnusable,
+               {},
+               u"defaultName",
+               u"default output %1",
+               u"export is on but the export file is the default %1",
+               u"default name"},
+    _nameWords{_remark::nameComesSecond, {}, {}, {}, {}, u"driven by a channel, and another name was read before"},
+};
+
+/// A driver that only exports has no image for the job that would render the export.
+constexpr _outcomeWords onlyExportName{_remark::noImageName, u"noImage",
+                                       u"no output image: only an export file is named"};
+
+constexpr _nameWords noName{
+    _remark::noImageName, {}, u"noOutput", u"no output parameter", u"export is on but there is no export file", {}};
+
+const _nameWords* wordsOf(const _observedRemark& remark) {
+    for (const _nameWords& row : nameWords)
+        if (row.remark == remark.what && (row.detail.isEmpty() || row.detail == remark.detail)) return &row;
+    return nullptr;
+}
+
+QString filled(QStringView text, const QString& detail) {
+    return text.toString().replace(QLatin1String("%1"), detail);
+}
+
+/// What a reader said about one name, and whether the name is that of an exported scene description.
+struct _name {
+    const _observedRemark& remark;
+    const _nameWords& words;
+    bool isExport;
+};
+
+QList<_name> namesIn(const _observedSection& section) {
+    QList<_name> names;
+    QString exportParameter;
+    for (const _observedRemark& remark : section.remarks) {
+        if (remark.what == _remark::exportName) exportParameter = remark.parameter;
+        if (const _nameWords* const words = wordsOf(remark))
+            names.append({remark, *words, remark.parameter == exportParameter});
+    }
+    return names;
+}
+
+/// The last name that was refused is the one that people look for.
+_outcome withoutName(const _observedSection& section, bool asExport) {
+    _outcome outcome{(asExport ? QStringLiteral("noExportFile") : noName.code.toString()),
+                     (asExport ? noName.asExport : noName.asImage).toString()};
+    for (const _name& name : namesIn(section)) {
+        if (!asExport && name.isExport && name.remark.what == _remark::nameTaken)
+            outcome = {onlyExportName.code.toString(), onlyExportName.text.toString()};
+        if (name.isExport != asExport || name.words.code.isEmpty()) continue;
+        outcome = {asExport ? outcome.code : name.words.code.toString(),
+                   filled(asExport ? name.words.asExport : name.words.asImage, name.remark.detail)};
+    }
+    return outcome;
+}
+
+/// A driver that reads Alembic files, and a wedge without numbered channels, are left.
+_outcome leftBecauseOf(const _observedSection& section, const QString& parameter) {
+    if (section.reader == vxP::_sectionReader::wedge)
+        return {QStringLiteral("notAWedge"), QStringLiteral("no wedge: '%1' has no channel number").arg(parameter)};
+    return {QStringLiteral("notAnAlembicWriter"), QStringLiteral("not an Alembic writer: has %1").arg(parameter)};
+}
+
+_outcome withoutWedge(const _observedSection& section) {
+    QString code;
+    QStringList texts;
+    for (const _outcomeWords& row : wedgeWords) {
+        const _observedRemark* const remark = section.find(row.remark);
+        if (remark == nullptr) continue;
+        if (code.isEmpty()) code = row.code.toString();
+        texts.append(filled(row.text, remark->detail));
+    }
+    if (texts.isEmpty()) return {wedgeWithoutVariants.code.toString(), wedgeWithoutVariants.text.toString()};
+    return {code, texts.join(QLatin1String("; "))};
+}
+
+bool isDroppedWedge(const _observedSection& section) {
+    return section.has(_remark::wedgeWithoutDriver) || section.has(_remark::wedgeWithoutVariants) ||
+           section.has(_remark::wedgeOfOtherMethod);
+}
+
+struct _notTakenWords {
+    vxP::_notTaken why;
+    QStringView code;
+    QStringView text;  ///< %1: the part of the path that rules it out
+};
+
+constexpr std::array notTakenWords{
+    _notTakenWords{vxP::_notTaken::comment, u"comment", u"its header stands on a comment line"},
+    _notTakenWords{vxP::_notTaken::otherLine, u"otherLine", u"its header stands on the line of a command"},
+    _notTakenWords{vxP::_notTaken::noHeader, u"noHeader", u"its header does not end its line"},
+    _notTakenWords{vxP::_notTaken::noRoot, u"noRoot", u"stands under none of out/, obj/, img/ and stage/"},
+    _notTakenWords{vxP::_notTaken::ruledOut, u"ruledOut", u"its path holds '%1'"},
+    _notTakenWords{vxP::_notTaken::noMark, u"noMark",
+                   u"outside out/ a driver is known by a part of its path, and no known one is there"},
+
+};
+
+}  // namespace
+
+_outcome outcomeOf(const _observedSection& section) {
+    if (const _observedRemark* const left = section.find(_remark::left))
+        return leftBecauseOf(section, vxP::parameterName(left->detail));
+    for (const _outcomeWords& row : outcomeWords)
+        if (const _observedRemark* const remark = section.find(row.remark))
+            return {row.code.toString(), filled(row.text, remark->detail)};
+    if (section.has(_remark::noImageName)) return withoutName(section, false);
+    if (section.has(_remark::noExportName)) return withoutName(section, true);
+    if (isDroppedWedge(section)) return withoutWedge(section);
+    if (!section.isEnded) return {QStringLiteral("loadEnded"), QStringLiteral("the load ended in this section")};
+    return {};
+}
+
+QStringList namesOf(const _observedSection& section) {
+    QStringList lines;
+    for (const _name& name : namesIn(section)) {
+        QString line = parameterText(name.remark.parameter);
+        if (!name.words.note.isEmpty()) line += QLatin1String(" (") + name.words.note.toString() + QLatin1Char(')');
+        lines.append(line);
+    }
+    for (const _observedRemark& remark : section.remarks)
+        if (remark.what == _remark::stepsUnknown) lines.append(parameterText(remark.parameter));
+    return lines;
+}
+
+_outcome whyNotTaken(const _surveyedSection& section) {
+    const vxP::_notTakenReason reason = vxP::whyNotTaken(section.header);
+    if (section.variesChannels && reason.why == vxP::_notTaken::noMark)
+        return {QStringLiteral("noMark"),
+                QStringLiteral("a wedge under obj/ is known by a name that begins with 'wedge'")};
+    for (const _notTakenWords& row : notTakenWords) {
+        if (row.why != reason.why) continue;
+        return {row.code.toString(), filled(row.text, reason.part)};
+    }
+    return {};
+}
+
+QString parameterValue(const QString& line) {
+    return vxP::withoutOuterQuotes(vxP::outerParenthesised(line));
+}
+
+QString parameterText(const QString& line) {
+    return vxP::parameterName(line) + QLatin1String(": ") + parameterValue(line);
+}
+
+}  // namespace vxE

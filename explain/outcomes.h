@@ -1,0 +1,31 @@
+// What became of a section, in plain words.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "explain/sceneObservation.h"
+#include "explain/sceneSurvey.h"
+
+namespace vxE {
+
+struct _outcome {
+    QString code;  ///< a word that stays the same between versions: "viewerOnly"; empty: something came of it
+    QString text;  ///< "output name is 'ip': renders to the viewer only"
+};
+
+/// Why nothing came of a section; without code when something did.
+_outcome outcomeOf(const _observedSection& section);
+
+/// The output names that a section's reader met: "vm_picture: $HIP/a.$F4.exr", with what it thought of each.
+QStringList namesOf(const _observedSection& section);
+
+/// Why no reader took a section that looks like a driver's.
+_outcome whyNotTaken(const _surveyedSection& section);
+
+/// A parameter line as people know it: "vm_picture: $HIP/a.$F4.exr".
+QString parameterText(const QString& line);
+/// Its value as the scene holds it, without quotes.
+QString parameterValue(const QString& line);
+
+}  // namespace vxE
