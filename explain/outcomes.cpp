@@ -201,7 +201,7 @@ _outcome whyNotTaken(const _surveyedSection& section) {
 }
 
 QString parameterValue(const QString& line) {
-    return vxP::withoutOuterQuotes(vxP::outerParenthesised(line));
+    return vxP::withoutOuterQuotes(vxP::outerParenthesised(line)).simplified();
 }
 
 QString parameterText(const QString& line) {

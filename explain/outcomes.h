@@ -25,7 +25,7 @@ _outcome whyNotTaken(const _surveyedSection& section);
 
 /// A parameter line as people know it: "vm_picture: $HIP/a.$F4.exr".
 QString parameterText(const QString& line);
-/// Its value as the scene holds it, without quotes.
+/// Its value as the scene holds it, without quotes and with single spaces.
 QString parameterValue(const QString& line);
 
 }  // namespace vxE

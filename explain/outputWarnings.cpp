@@ -52,9 +52,8 @@ void warnOfVariablesLeft(const _look& look) {
     for (auto match = variable.globalMatch(look.names); match.hasNext();) {
         const QString name = match.next().captured(1);
         if (frame.match(name).hasMatch())
-            look.warn(
-                u"secondFrameNumber",
-                QStringLiteral("output holds a second frame number ($%1): only the first is filled in").arg(name));
+            look.warn(u"secondFrameNumber",
+                      QStringLiteral("output holds a second frame number: only the first is filled in"));
         else
             look.warn(
                 u"undefinedVariable",
@@ -113,6 +112,13 @@ QString listed(const std::vector<_frames>& jobs) {
     return numbers.join(QLatin1String(", ")) + QLatin1String(" and ") + last;
 }
 
+/// All of one driver: a take each.
+bool areOfOneDriver(const vxJ::_JobBasicsArray& jobs, const QList<int>& numbers) {
+    const QString driver = jobs.at(numbers.first() - 1)->layer.toQString();
+    return std::all_of(numbers.begin(), numbers.end(),
+                       [&](int number) { return jobs.at(number - 1)->layer.toQString() == driver; });
+}
+
 void warnOfSameFiles(const _explainedScene& scene, _warnings& warnings) {
     std::map<QString, std::vector<_frames>> writers;
     for (int i = 0; i < scene.jobs.count; ++i)
@@ -122,8 +128,9 @@ void warnOfSameFiles(const _explainedScene& scene, _warnings& warnings) {
         QList<int> numbers;
         for (const _frames& job : jobs) numbers.append(job.job);
         const _JobBasics_largePath& first = *scene.jobs.at(numbers.first() - 1);
-        warnings.add(u"sameFiles", first.layer.toQString(), numbers,
-                     QStringLiteral("jobs %1 write the same files: %2").arg(listed(jobs), fileOf(first)));
+        QString text = QStringLiteral("jobs %1 write the same files: %2").arg(listed(jobs), fileOf(first));
+        if (areOfOneDriver(scene.jobs, numbers)) text += QLatin1String(", as the name holds no take");
+        warnings.add(u"sameFiles", first.layer.toQString(), numbers, text);
     }
 }
 

@@ -39,7 +39,7 @@ QString rangeText(double start, double end) {
 
 QString ownFramesOf(const _observedSection& section) {
     const _observedRemark* const frames = section.find(_remark::ownFrames);
-    return frames == nullptr ? QString() : parameterValue(frames->parameter).simplified();
+    return frames == nullptr ? QString() : parameterValue(frames->parameter);
 }
 
 void warnOfUnusableFrames(const _look& look) {

@@ -184,7 +184,7 @@ const _warningCase warningCases[] = {
      "output holds $SHOW, which neither the scene nor the environment defines"},
     {"defined_variable", "set -g SHOW = '/show'\n" + driver("vm_picture=$SHOW/a.$F4.exr"), "", ""},
     {"second_frame_number", driver("vm_picture=/a.$F4/b.$F4.exr"), "secondFrameNumber",
-     "output holds a second frame number ($F4): only the first is filled in"},
+     "output holds a second frame number: only the first is filled in"},
     {"expression_left", driver("vm_picture=/`padzero(4)`/a.$F4.exr"), "expressionLeft",
      "output holds an expression in back-quotes, which only Houdini evaluates"},
     {"windows", driver("vm_picture=E:/a.$F4.exr"), "otherSystemPath",
