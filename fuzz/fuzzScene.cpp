@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include "fuzz/fuzzRecords.h"
-#include "plugin/vxSceneParserHoudini.h"
 
 namespace vxFuzz {
 
@@ -50,13 +49,13 @@ void expectNoWedgePlaceholder(const _JobBasics_largePath& job) {
 
 }  // namespace
 
-void loadScene(std::string_view scene, vxJ::_JobBasicsArray& jobs) {
+qint32 loadScene(std::string_view scene, vxJ::_JobBasicsArray& jobs, const _loader& loader) {
     writeScene(scene);
     const _vxString<500> name(sceneName);
     const _submitterSettings settings{std::size(arguments), arguments};
     _dataPARS_LoadSceneFile load{&name, &jobs, &settings};
     const qint32 before = jobs.count;
-    const qint32 code = pLoadSceneFile(&load);
+    const qint32 code = loader(&load);
     expect(code == resultSuccess || code == resultException || code == resultNoMoreJobs || code == resultNoUsableOutput,
            "a readable scene gives one of four results");
     expect(jobs.count >= before && (code == resultNoMoreJobs || jobs.count <= jobs.allocated), "the jobs are there");
@@ -66,6 +65,7 @@ void loadScene(std::string_view scene, vxJ::_JobBasicsArray& jobs) {
         expectSoundJob(*jobs.at(i), i);
         if (code == resultSuccess) expectNoWedgePlaceholder(*jobs.at(i));
     }
+    return code;
 }
 
 }  // namespace vxFuzz

@@ -103,6 +103,7 @@ std::vector<_seed> sceneSeeds(const std::vector<QByteArray>& scenes) {
     const QByteArray* before = &scenes.back();
     for (const QByteArray& scene : scenes) {
         seeds.push_back({"load", scene});
+        seeds.push_back({"explained", scene});
         seeds.push_back({"loadTwice", twoScenes(*before, scene)});
         seeds.push_back({"sceneDevice", zeros(1) + '\5' + scene});
         before = &scene;
