@@ -14,7 +14,12 @@ struct _options {
     bool everyField = false;
 };
 
-/// Loads both scenes; both are told when both fail. @return exitSame while nothing has failed
+/// A scene without usable output names has failed, but its jobs are known: there are none.
+bool jobsAreKnown(int code) {
+    return code == vxP::resultSuccess || code == vxP::resultNoUsableOutput;
+}
+
+/// Loads both scenes; both are told when both fail. @return exitSame while the jobs of all are known
 int load(const _options& options, const _submitterArguments& submitter, QJsonObject& oldResult,
          QJsonObject& newResult) {
     const auto plugin = QString::fromStdString(options.plugin);
@@ -23,9 +28,8 @@ int load(const _options& options, const _submitterArguments& submitter, QJsonObj
         *result = loadSceneApart(plugin, scene->c_str(), submitter);
         const int code = (*result)[codeKey].toInt();
         if (code == hostNoPlugin) return noPlugin((*result)[errorKey].toString());
-        if (code == vxP::resultSuccess) continue;
-        sceneFailed(*result);
-        status = exitTrouble;
+        if (code != vxP::resultSuccess) sceneFailed(*result);
+        if (!jobsAreKnown(code)) status = exitTrouble;
     }
     return status;
 }
@@ -55,10 +59,12 @@ _command addDiff(CLI::App& program) {
     addTextOrJson(*line, options->asJson);
     line->add_flag("--all", options->everyField, "Every field that differs, whatever the reason");
     line->footer(
-        "A job is found again by its driver, and among those of the driver by renderer, take and output, wherever it\n"
-        "stands; a driver with another path or name is another driver. Without --all nothing is shown that follows\n"
-        "from the scenes themselves: in paths, the scene's own folder where a path begins with it and the scene's own\n"
-        "name where it is a whole word; the job's own number; other numbers of the same jobs to wait for.\n"
+        "A job is found again by its driver, and among the driver's jobs by renderer, take and output, wherever it\n"
+        "stands. A driver that was renamed counts as gone and another one as come.\n"
+        "Not shown without --all: in paths, the folder of the scene where a path begins with it, and the name of the\n"
+        "scene where it is a whole word; a job's own number, and other numbers for the same jobs to wait for.\n"
+        "A scene whose drivers have no usable output names is told on the error stream and compared as one without\n"
+        "jobs.\n"
         "\n"
         "Exit status: 0 no difference, 1 differences, 2 wrong usage or a scene failed, 3 the plug-in cannot be "
         "loaded.\n"

@@ -272,10 +272,14 @@ TEST(VxScene, DiffTellsByItsStatusWhetherThereAreDifferencesOrTrouble) {
          "went    2  out/mantra1  Houdini/renderer  channel  1,5,7  /db/img/name..exr\n"
          "0 came, 2 went, 0 changed, 0 unchanged\n",
          ""},
-        {{"/noUsableOutput.hip", "/jobThenNoMore.hip"},
+        {{"/noJobs.hip", "/noUsableOutput.hip"},
+         0,
+         "0 came, 0 went, 0 changed, 0 unchanged\n",
+         "vxscene: /noUsableOutput.hip: no jobs, only output drivers without usable output names (code 25)\n"},
+        {{"/cannotOpen.hip", "/jobThenNoMore.hip"},
          2,
          "",
-         "vxscene: /noUsableOutput.hip: no jobs, only output drivers without usable output names (code 25)\n"
+         "vxscene: /cannotOpen.hip: cannot be opened for reading (code 3)\n"
          "vxscene: /jobThenNoMore.hip: a further job could not be added (code 7)\n"},
     };
     for (const auto& [arguments, status, out, error] : rows) {
