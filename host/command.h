@@ -15,10 +15,12 @@ namespace vxH {
 struct _command {
     CLI::App* line;
     std::function<int(const _submitterArguments&)> run;  ///< returns an `_exitStatus`
+    int failure = exitFailed;                            ///< at least this where the output could not be written
 };
 
 // Each adds its command to the program.
 _command addExplain(CLI::App& program);
+_command addDiff(CLI::App& program);
 _command addInfo(CLI::App& program);
 _command addJobs(CLI::App& program);
 _command addVars(CLI::App& program);

@@ -7,6 +7,7 @@
 namespace vxH {
 namespace {
 
+constexpr QLatin1String plainColour{"\x1b[0m"};
 constexpr QLatin1String ellipsis{"..."};
 constexpr int ellipsisColumns = 3;
 
@@ -112,6 +113,10 @@ QString elidePath(QStringView path, int columns) {
     if (head >= 0) return headOf(path, head).toString() + ellipsis + name.toString();
     if (columns <= ellipsisColumns) return tailOf(path, columns).toString();
     return ellipsis + tailOf(path, columns - ellipsisColumns).toString();
+}
+
+QString coloured(const QString& text, QLatin1String colour) {
+    return colour.isEmpty() || text.isEmpty() ? text : colour + text + plainColour;
 }
 
 }  // namespace vxH

@@ -2,6 +2,7 @@
 // set; wide (CJK) characters take two columns.
 #pragma once
 
+#include <QLatin1String>
 #include <QString>
 #include <QStringView>
 
@@ -19,5 +20,11 @@ QString elideMiddle(QStringView text, int columns);
 
 /// The same for a path, whose last part stays whole as long as it fits; otherwise its end stays.
 QString elidePath(QStringView path, int columns);
+
+/// Escape sequence for the output drivers of jobs, in all commands.
+constexpr QLatin1String driverColour{"\x1b[1;36m"};
+
+/// The text in a colour, given as its escape sequence; as it is without one.
+QString coloured(const QString& text, QLatin1String colour);
 
 }  // namespace vxH

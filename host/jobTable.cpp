@@ -34,7 +34,7 @@ constexpr std::array columns{
     _column{QLatin1String{"#"}, [](const _row& row) { return QString::number(row.number); }, elideMiddle, 1, 2, true,
             QLatin1String{}},
     _column{QLatin1String{"driver"}, [](const _row& row) { return driverCell(row.job); }, elideMiddle, 0, 24, false,
-            QLatin1String{"\x1b[1;36m"}},
+            driverColour},
     _column{QLatin1String{"renderer"}, [](const _row& row) { return rendererCell(row.job); }, elidePath, 4, 10, false,
             QLatin1String{}},
     _column{QLatin1String{"frames"}, [](const _row& row) { return framesCell(row.job); }, elideMiddle, 3, 9, false,
@@ -53,7 +53,6 @@ constexpr std::array columns{
 
 constexpr int gap = 2;  // columns between two texts
 constexpr QLatin1String headingColour{"\x1b[1m"};
-constexpr QLatin1String plainColour{"\x1b[0m"};
 
 using _cells = std::array<QString, columns.size()>;
 using _widths = std::array<int, columns.size()>;  // 0: the column is left out
@@ -102,10 +101,6 @@ _widths chosenWidths(const std::vector<_cells>& lines, int room) {
     const auto widths = neededWidths(lines, false);
     if (room == 0 || lineWidth(widths) <= room) return widths;
     return fittedWidths(neededWidths(lines, true), room);
-}
-
-QString coloured(const QString& text, QLatin1String colour) {
-    return colour.isEmpty() || text.isEmpty() ? text : colour + text + plainColour;
 }
 
 QString tableLine(const _cells& cells, const _widths& widths, bool colour) {

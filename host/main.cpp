@@ -16,7 +16,7 @@ namespace {
 using namespace vxH;
 
 /// In the order in which the help shows them.
-constexpr std::array commands{addInfo, addJobs, addExplain, addVars};
+constexpr std::array commands{addJobs, addExplain, addVars, addDiff, addInfo};
 
 constexpr const char* examples =
     "Examples:\n"
@@ -24,8 +24,10 @@ constexpr const char* examples =
     "  vxscene jobs shot010.hip shot020.hip\n"
     "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000\n"
     "  vxscene vars --job 2 shot010.hip\n"
+    "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
     "\n"
-    "Exit status: 0 all went well, 1 a scene failed, 2 wrong usage, 3 the plug-in cannot be loaded.";
+    "Exit status: 0 all went well, 1 a scene failed, 2 wrong usage, 3 the plug-in cannot be loaded;\n"
+    "that of diff is told by vxscene diff --help.";
 
 /// Takes the submitter's arguments off the command line: all behind the first "--". @return arguments left
 int splitOffSubmitter(int argc, char** argv, _submitterArguments& submitter) {
@@ -41,11 +43,19 @@ int wrongUsage(const char* problem) {
     return exitUsage;
 }
 
-/// Buffered output may fail as late as here.
-int withOutputWritten(int status) {
+int statusOf(const _command& command, const _submitterArguments& submitter) try {
+    return command.run(submitter);
+} catch (const std::exception& failure) {
+    writeError(QString::fromLocal8Bit(failure.what()));
+    return command.failure;
+}
+
+/// Runs the command and ends its output, which is buffered and may fail as late as here.
+int runCommand(const _command& command, const _submitterArguments& submitter) {
+    const int status = statusOf(command, submitter);
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
     writeError(QStringLiteral("the output could not be written"));
-    return status == exitSuccess ? exitFailed : status;
+    return std::max(status, command.failure);
 }
 
 int run(int argc, char** argv) {
@@ -69,7 +79,7 @@ int run(int argc, char** argv) {
     }
     const auto chosen =
         std::find_if(added.begin(), added.end(), [](const _command& command) { return command.line->parsed(); });
-    return withOutputWritten(chosen->run(submitter));
+    return runCommand(*chosen, submitter);
 }
 
 }  // namespace

@@ -19,6 +19,11 @@ enum _exitStatus : int {
     exitFailed = 1,    ///< at least one scene failed, or the output could not be written
     exitUsage = 2,     ///< the command line is wrong
     exitNoPlugin = 3,  ///< the plug-in cannot be loaded
+
+    // Of a comparison, as other programs that compare have them; exitUsage and exitNoPlugin hold for it as well.
+    exitSame = 0,
+    exitDifferent = 1,
+    exitTrouble = 2,  ///< a scene failed, or the output could not be written
 };
 
 /// What a code of a scene means, without full stop: 3 -> "cannot be opened for reading".

@@ -9,7 +9,11 @@ namespace vxH {
 namespace {
 
 QJsonObject sceneResult(const QString& scene, qint32 code, const QString& error) {
-    QJsonObject result{{sceneKey, scene}, {codeKey, code}, {messageKey, QString{}}, {jobsKey, QJsonArray{}}};
+    QJsonObject result{{formatVersionKey, formatVersion},
+                       {sceneKey, scene},
+                       {codeKey, code},
+                       {messageKey, QString{}},
+                       {jobsKey, QJsonArray{}}};
     if (code != vxP::resultSuccess) result.insert(errorKey, error);
     return result;
 }

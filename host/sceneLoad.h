@@ -11,6 +11,10 @@
 
 namespace vxH {
 
+/// What the JSON of every command tells of itself: docs/schema/README.md says what raises the number.
+constexpr QLatin1String formatVersionKey{"formatVersion"};
+constexpr int formatVersion = 1;
+
 // Members of a scene's result.
 constexpr QLatin1String sceneKey{"scene"};      ///< absolute path
 constexpr QLatin1String codeKey{"code"};        ///< the plug-in's code, or a `_hostCode`

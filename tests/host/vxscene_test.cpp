@@ -124,6 +124,8 @@ const _usage usages[] = {
     {"no_such_plugin", {"jobs", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
     {"no_entry_points", {"info", "--plugin", VX_NO_PLUGIN}, 3, "no entry point"},
     {"empty_path", {"jobs", "--plugin", VX_FAKE_PLUGIN, ""}, 1, "absolute"},
+    {"diff_one_scene", {"diff", "a.hip"}, 2, "new"},
+    {"diff_no_such_plugin", {"diff", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
     {"no_such_job", {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "3"}, 2, "no job 3"},
     {"job_0", {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "0"}, 2, "--job"},
     {"no_variables", {"vars", "--plugin", VX_FAKE_PLUGIN, "/%3/cannotOpen.hip", "--job", "1"}, 1, "/%3/cannotOpen"},
@@ -246,9 +248,46 @@ TEST(VxScene, PluginBesideTheProgramIsFound) {
 }
 
 TEST(VxScene, FullDiskIsAFailure) {
-    EXPECT_EQ(run("/bin/sh", {"-c", "'" VX_SCENE_PROGRAM "' jobs --plugin '" VX_FAKE_PLUGIN "' /noJobs.hip >/dev/full"})
-                  .status,
-              1);
+    const std::pair<const char*, int> commands[] = {{"jobs", 1}, {"diff /exportPair.hip", 2}};
+    for (const auto& [command, status] : commands) {
+        const auto line =
+            std::string{"'" VX_SCENE_PROGRAM "' "} + command + " --plugin '" VX_FAKE_PLUGIN "' /noJobs.hip";
+        EXPECT_EQ(run("/bin/sh", {"-c", line + " >/dev/full"}).status, status) << command;
+    }
+}
+
+TEST(VxScene, DiffTellsByItsStatusWhetherThereAreDifferencesOrTrouble) {
+    struct _row {
+        std::vector<std::string> arguments;
+        int status;
+        const char* out;
+        const char* error;
+    };
+    const _row rows[] = {
+        {{"/exportPair.hip", "/a/exportPair.hip"}, 0, "0 came, 0 went, 0 changed, 2 unchanged\n", ""},
+        {{"/noJobs.hip", "/noJobs.hip", "--", "-x"}, 0, "0 came, 0 went, 0 changed, 0 unchanged\n", ""},
+        {{"/exportPair.hip", "/noJobs.hip"},
+         1,
+         "went    1  out/mantra1  Houdini/createIFD  1001-1100 x2  /../ifd/shot.####.ifd\n"
+         "went    2  out/mantra1  Houdini/renderer  channel  1,5,7  /db/img/name..exr\n"
+         "0 came, 2 went, 0 changed, 0 unchanged\n",
+         ""},
+        {{"/noJobs.hip", "/noUsableOutput.hip"},
+         0,
+         "0 came, 0 went, 0 changed, 0 unchanged\n",
+         "vxscene: /noUsableOutput.hip: no jobs, only output drivers without usable output names (code 25)\n"},
+        {{"/cannotOpen.hip", "/jobThenNoMore.hip"},
+         2,
+         "",
+         "vxscene: /cannotOpen.hip: cannot be opened for reading (code 3)\n"
+         "vxscene: /jobThenNoMore.hip: a further job could not be added (code 7)\n"},
+    };
+    for (const auto& [arguments, status, out, error] : rows) {
+        const auto host = runCommand("diff", arguments);
+        EXPECT_EQ(host.status, status) << host.error.constData();
+        EXPECT_EQ(host.out.toStdString(), out);
+        EXPECT_EQ(host.error.toStdString(), error);
+    }
 }
 
 }  // namespace

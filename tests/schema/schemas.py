@@ -1,0 +1,230 @@
+#!/usr/bin/env python3
+"""Holds what vxscene prints as JSON against docs/schema, and the schemas against their own rules.
+
+Usage: schemas.py ROOT VXSCENE FAKEPLUGIN, which is the one in tests/host.
+"""
+import copy
+import json
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+
+from jsonschema import Draft202012Validator, RefResolver
+
+ROOT, VXSCENE, FAKE_PLUGIN = pathlib.Path(sys.argv[1]), *sys.argv[2:4]
+FOLDER = ROOT / "docs/schema"
+EXAMPLE = ROOT / "examples/turntable.hip"
+SCHEMAS = {path.name: json.loads(path.read_text()) for path in FOLDER.glob("*.schema.json")}
+STORE = {f"{FOLDER.as_uri()}/{name}": schema for name, schema in SCHEMAS.items()}
+
+# How many scenes a command with JSON output takes at a time; each has the schema of its name.
+SCENES_AT_A_TIME = {"info": 0, "jobs": 1, "vars": 1, "explain": 1, "diff": 2}
+
+# Texts, codes and ends that no real scene has; the fake plug-in knows them by these names.
+FAKE_SCENES = ["exportPair", "hostileTexts", "noJobs", "cannotOpen", "noUsableOutput", "jobThenNoMore", "aborts", "exits"]
+
+# As long as vxscene has no command of that name, the schema of explanations is held against this one.
+EXPLAINED = {
+    "facts": {
+        "houdiniVersion": "19.5.640",
+        "frameRange": {"start": 1001, "end": 1100, "step": 1, "stored": True},
+        "takes": ["Main", "closeup"],
+        "variables": [{"name": "JOB", "value": "/projects/kettle", "from": "scene"}],
+        "cameras": [{"node": "/obj/cam1", "width": 1280, "height": 720, "stereo": False, "drivers": ["/out/a"]}],
+        "lops": [{"node": "/stage/karma1", "image": "$HIP/a.exr", "renderer": "karma", "drivers": []}],
+        "usdRenderSettings": [{"node": "/stage/r1", "camera": "", "image": "", "archive": False, "drivers": []}],
+        "wedges": [{"node": "/out/wedge1", "driver": "/out/a", "variants": 3,
+                    "channels": [{"name": "key", "start": 2, "end": 6.5, "steps": 3}]}],
+    },
+    "sections": [
+        {"reader": "driver", "node": "/out/a", "line": 123, "byte": 45678, "outcome": "jobs", "jobs": [1, 2],
+         "code": "", "text": "2 jobs", "details": ["vm_picture: $HIP/a.$F4.exr"]},
+        {"reader": "driver", "node": "/out/b", "line": 1, "byte": 0, "outcome": "none", "jobs": [],
+         "code": "viewerOnly", "text": "renders to the viewer only", "details": []},
+        {"reader": "camera", "node": "/obj/cam1", "line": 9, "byte": 99, "outcome": "kept", "jobs": [], "code": "",
+         "text": "camera", "details": []},
+    ],
+    "notRecognised": [{"node": "/tasks/m", "line": 5, "byte": 99, "code": "noRoot", "text": "stands elsewhere"}],
+    "warnings": [{"code": "sameFiles", "node": "", "jobs": [3, 14], "text": "two jobs write the same files"}],
+}
+
+
+def text_of(*arguments):
+    return subprocess.run([VXSCENE, *arguments], capture_output=True, timeout=120).stdout.decode()
+
+
+def formats_of(command):
+    """The JSON formats that the command's help offers."""
+    offered = re.search(r"^ *--format .*$", text_of(command, "--help"), re.MULTILINE)
+    return re.findall(r"\bjsonl?\b", offered.group() if offered else "")
+
+
+def json_commands():
+    listed = text_of("--help").partition("Subcommands:\n")[2].partition("\n\n")[0]
+    return {command: formats_of(command) for command in re.findall(r"^  (\w+)", listed, re.MULTILINE)}
+
+
+def printed(command, form, *arguments):
+    text = text_of(command, "--format", form, *arguments)
+    documents = text.splitlines() if form == "jsonl" else [text]
+    return [entry for document in documents if document for entry in as_list(json.loads(document))]
+
+
+def as_list(parsed):
+    return parsed if isinstance(parsed, list) else [parsed]
+
+
+def faults(command, document):
+    name = f"{command}.schema.json"
+    resolver = RefResolver(f"{FOLDER.as_uri()}/{name}", SCHEMAS[name], store=STORE)
+    validator = Draft202012Validator(SCHEMAS[name], resolver=resolver)
+    return [f"{fault.json_path}: {fault.message[:300]}" for fault in validator.iter_errors(document)]
+
+
+def scenes(folder):
+    """The example, spoilt variants of it, one without content, none at all, and the real ones where they are."""
+    subprocess.run([sys.executable, ROOT / "tests/plugin/oddScenes.py", EXAMPLE, folder, "6"], check=True)
+    (folder / "empty.hip").touch()
+    real = sorted((ROOT / "../shared/scenes").glob("*.hip*"))
+    return [EXAMPLE, *sorted(folder.glob("*.hip")), folder / "missing.hip", folder, *real]
+
+
+def argument_lists(command, made):
+    count = SCENES_AT_A_TIME[command]
+    takes_plugin = "--plugin" in text_of(command, "--help")
+    fake = [f"/{name}.hip" for name in FAKE_SCENES] if takes_plugin else []
+    if count == 0:
+        return [[], ["--plugin", FAKE_PLUGIN]]
+    if count == 2:  # each scene once as the old one, once as the new one
+        return [[made[0], scene] for scene in made] + [["--plugin", FAKE_PLUGIN, fake[0], scene] for scene in fake]
+    return [[scene] for scene in made] + [["--plugin", FAKE_PLUGIN, scene] for scene in fake]
+
+
+def objects_in(schema, path="#"):
+    """All parts of a schema that describe something, with their place."""
+    if isinstance(schema, dict):
+        yield path, schema
+        for key, value in schema.items():
+            yield from objects_in(value, f"{path}/{key}")
+    elif isinstance(schema, list):
+        for index, value in enumerate(schema):
+            yield from objects_in(value, f"{path}/{index}")
+
+
+class Schemas(unittest.TestCase):
+    def test_are_valid_strict_and_told_in_words(self):
+        for name, schema in SCHEMAS.items():
+            Draft202012Validator.check_schema(schema)
+            for path, part in objects_in(schema):
+                with self.subTest(schema=name, part=path):
+                    if part.get("type") == "object":
+                        self.assertIs(part.get("additionalProperties"), False)
+                    if re.search(r"/properties/\w+$", path) and "/allOf/" not in path and "/if/" not in path:
+                        self.assertTrue({"title", "description"} <= part.keys() or "$ref" in part)
+        job = SCHEMAS["job.schema.json"]
+        self.assertEqual(list(job["properties"]), job["required"])
+        self.assertEqual(list(job["properties"]), job["$defs"]["fieldName"]["enum"])
+
+    def test_hold_for_all_that_the_program_prints(self):
+        commands = json_commands()
+        self.assertIn("jobs", commands)
+        with tempfile.TemporaryDirectory() as name:
+            made = scenes(pathlib.Path(name))
+            for command, formats in commands.items():
+                if formats:
+                    self.assertIn(command, SCENES_AT_A_TIME, "a command prints JSON that no schema is held against")
+                for form in formats:
+                    self.hold_for(command, form, argument_lists(command, made))
+
+    def hold_for(self, command, form, arguments):
+        for line in arguments:
+            documents = printed(command, form, *line)
+            with self.subTest(command=command, form=form, line=line):
+                self.assertTrue(documents or command == "diff")  # which prints nothing of scenes that failed
+                for document in documents:
+                    self.assertEqual(faults(command, document), [])
+
+    def test_refuse_what_no_program_should_print(self):
+        example = {command: printed(command, "json", *[EXAMPLE] * SCENES_AT_A_TIME[command])[0]
+                   for command in ("info", "jobs", "vars", "diff")}
+        example["explain"] = example["jobs"] | copy.deepcopy(EXPLAINED)
+        self.assertEqual(faults("explain", example["explain"]), [])
+        example["diff"]["came"].append(example["jobs"]["jobs"][0])
+        field = {"name": "seqEnd", "old": 1, "new": None}
+        example["diff"]["changed"].append({"driver": "/out/a", "oldNumber": 1, "newNumber": 2, "fields": [field]})
+        self.assertEqual(faults("diff", example["diff"]), [])
+        for command, path, value in BROKEN:
+            with self.subTest(command=command, path=path, value=value):
+                self.assertNotEqual(faults(command, broken(example[command], path, value)), [])
+
+
+MISSING = object()
+
+# A member of the example, and what stands there instead.
+BROKEN = [
+    ("jobs", "more", 1),
+    ("jobs", "formatVersion", 2),
+    ("jobs", "formatVersion", MISSING),
+    ("jobs", "code", 42),
+    ("jobs", "code", 3),  # without an error
+    ("jobs", "error", "of a scene that went well"),
+    ("jobs", "scene", None),
+    ("jobs", "jobs/0/more", ""),
+    ("jobs", "jobs/0/layer", MISSING),
+    ("jobs", "jobs/0/layer", "x" * 151),
+    ("jobs", "jobs/0/preID", "1"),
+    ("jobs", "jobs/0/preID", 256),
+    ("jobs", "jobs/0/jobID", 0),
+    ("jobs", "jobs/0/seqStart", "1001"),
+    ("jobs", "jobs/0/waitForPreIDs", [1] * 33),
+    ("jobs", "jobs/0/structureIDs/0", 1034),
+    ("jobs", "jobs/2/channels/0/slot", 100),
+    ("jobs", "jobs/2/channels/0/more", 1),
+    ("jobs", "jobs/0/customData/0/value", 8),
+    ("vars", "message", ""),
+    ("vars", "code", 3),
+    ("vars", "jobs/0/job", 0),
+    ("vars", "jobs/0/variables/0/name", "Unknown"),
+    ("vars", "jobs/0/variables/0", MISSING),
+    ("info", "code", 3),
+    ("info", "flag", 1),
+    ("info", "fileFilter", MISSING),
+    ("diff", "unchanged", -1),
+    ("diff", "came/0/layer", MISSING),
+    ("diff", "changed/0/fields", []),
+    ("diff", "changed/0/fields/0/name", "frames"),
+    ("diff", "changed/0/fields/0/old", {}),
+    ("diff", "changed/0/newNumber", 0),
+    ("explain", "warnings", MISSING),
+    ("explain", "jobs/0/preID", MISSING),
+    ("explain", "facts/takes", MISSING),
+    ("explain", "facts/cameras/0/width", 0.5),
+    ("explain", "facts/variables/0/from", "host"),
+    ("explain", "sections/0/line", 0),
+    ("explain", "sections/0/jobs", []),
+    ("explain", "sections/1/code", ""),
+    ("explain", "sections/2/code", "some"),
+    ("explain", "sections/2/outcome", "dropped"),
+    ("explain", "notRecognised/0/code", "two words"),
+    ("explain", "warnings/0/jobs/0", 0),
+]
+
+
+def broken(document, path, value):
+    document = copy.deepcopy(document)
+    *steps, last = [int(step) if step.isdigit() else step for step in path.split("/")]
+    part = document
+    for step in steps:
+        part = part[step]
+    if value is MISSING:
+        del part[last]
+    else:
+        part[last] = value
+    return document
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
