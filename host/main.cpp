@@ -44,11 +44,12 @@ int wrongUsage(const char* problem) {
 /// Buffered output may fail as late as here.
 int withOutputWritten(int status) {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
-    writeError(QStringLiteral("the output could not be written"));
-    return status == exitSuccess ? exitFailed : status;
+    const int failed = outputLost();
+    return status == exitSuccess ? failed : status;
 }
 
 int run(int argc, char** argv) {
+    holdStandardStreams();
     useUtf8Characters();
     _submitterArguments submitter;
     const int argumentsLeft = splitOffSubmitter(argc, argv, submitter);
