@@ -56,8 +56,13 @@ bool _nameFilter::accepts(const std::string& name) const {
     });
 }
 
-_folderScenes::_folderScenes(std::string folder, bool inFoldersBelow, const _nameFilter& nameFilter)
-    : filter(nameFilter), recursive(inFoldersBelow), waiting{std::move(folder)} {
+_folderScenes::_folderScenes(const std::string& folder, bool inFoldersBelow, const _nameFilter& nameFilter)
+    : filter(nameFilter), recursive(inFoldersBelow), waiting{folder} {
+    std::error_code ignored;
+    for (auto outer = fs::canonical(folder, ignored); outer.has_relative_path();) {
+        outer = outer.parent_path();
+        isNew(outer);
+    }
 }
 
 bool _folderScenes::next(std::vector<std::string>& scenes, QString& problem) {

@@ -24,11 +24,12 @@ class _nameFilter {
 };
 
 /// Goes through a folder, one folder at a step. Each folder is read once, whichever links lead to it; links to folders
-/// wait until the folders themselves have been read. Hidden folders are left out.
+/// wait until the folders themselves have been read. Hidden folders are left out, and so are links to a folder that the
+/// first one lies in.
 class _folderScenes {
  public:
     /// @param recursive  the folders below it too
-    _folderScenes(std::string folder, bool recursive, const _nameFilter& filter);
+    _folderScenes(const std::string& folder, bool recursive, const _nameFilter& filter);
 
     /// The scenes of the next folder, sorted by the bytes of their names; none where it has none or cannot be read.
     /// @param[out] problem  why it cannot be read; else untouched

@@ -17,7 +17,8 @@ constexpr int barFrame = 3;  // brackets and the blank behind them
 constexpr const char* clearedLine = "\r\x1b[K";
 
 QString rateText(double perSecond) {
-    return QString::number(perSecond, 'f', perSecond < 10 ? 1 : 0) + QLatin1String{"/s"};
+    const bool isSlow = perSecond < 10;  // two digits tell enough
+    return QString::number(perSecond, isSlow ? 'g' : 'f', isSlow ? 2 : 0) + QLatin1String{"/s"};
 }
 
 /// "0:03", "1:02:03"
