@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <QtGlobal>
 #include <algorithm>
 
 #include "host/descriptorWrite.h"
@@ -23,7 +24,7 @@ QString rateText(double perSecond) {
 
 /// "0:03", "1:02:03"
 QString durationText(double seconds) {
-    const auto whole = static_cast<qint64>(seconds + 0.5);
+    const auto whole = qRound64(seconds);
     const auto twoDigits = [](qint64 number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
     const auto hours = whole / 3600;
     const auto minutes = whole / 60 % 60;

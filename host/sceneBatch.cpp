@@ -24,7 +24,7 @@ using std::chrono::milliseconds;
 constexpr std::size_t readSize = 65536;
 constexpr qint64 mostBytesHeld = 64 << 20;
 constexpr milliseconds mostWait{60000};
-constexpr std::size_t entriesForTotal = 65536;  // found ahead of the work so that the progress knows its total
+constexpr std::size_t entriesForTotal = 250000;  // found ahead of the work so that the progress knows its total
 
 struct _running {
     _child child;
