@@ -1,13 +1,18 @@
 // fork, a pipe, waitpid.
 #include "host/childProcess.h"
 
+#include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
+
+#include "host/descriptorWrite.h"
 
 namespace vxH {
 namespace {
@@ -16,16 +21,6 @@ constexpr std::size_t readSize = 65536;
 
 QString systemError() {
     return QString::fromUtf8(std::strerror(errno));
-}
-
-bool writeAll(int descriptor, const QByteArray& bytes) {
-    for (decltype(bytes.size()) done = 0; done < bytes.size();) {
-        const auto written = write(descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        done += static_cast<decltype(done)>(written);
-    }
-    return true;
 }
 
 QByteArray readAll(int descriptor) {
@@ -37,6 +32,12 @@ QByteArray readAll(int descriptor) {
         if (got <= 0) return bytes;
         bytes.append(part.data(), static_cast<decltype(bytes.size())>(got));
     }
+}
+
+/// The parent's end ends this process too, also when the parent has ended before it could be asked for.
+void endWithParent(pid_t parent) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) _exit(EXIT_FAILURE);
 }
 
 /// An exception of the work ends the child with a signal and goes no further.
@@ -58,9 +59,11 @@ int waitForEnd(pid_t process) {
 _child startChild(const std::function<QByteArray()>& work) {
     std::fflush(nullptr);  // the child must not write the parent's buffers once more
     std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) return {-1, -1, systemError()};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) return {-1, -1, systemError()};
+    const pid_t parent = getpid();
     const pid_t process = fork();
     if (process == 0) {
+        endWithParent(parent);
         close(ends[0]);
         childMain(work, ends[1]);
     }
@@ -71,10 +74,17 @@ _child startChild(const std::function<QByteArray()>& work) {
 }
 
 _childResult collectChild(const _child& child) {
-    if (child.process < 0) return {{}, hostNoResult, QStringLiteral("cannot start a process: ") + child.problem};
+    if (child.process < 0) return resultWithoutChild(child);
     const QByteArray output = readAll(child.pipe);
     close(child.pipe);
-    const int status = waitForEnd(child.process);
+    return resultOfChild(output, waitForEnd(child.process));
+}
+
+_childResult resultWithoutChild(const _child& child) {
+    return {{}, hostNoResult, QStringLiteral("cannot start a process: ") + child.problem};
+}
+
+_childResult resultOfChild(const QByteArray& output, int status) {
     if (WIFSIGNALED(status)) return {{}, hostCrashed, QStringLiteral("crashed (signal %1)").arg(WTERMSIG(status))};
     if (WEXITSTATUS(status) != EXIT_SUCCESS || output.isEmpty()) {
         return {{}, hostNoResult, QStringLiteral("ended without a result (exit status %1)").arg(WEXITSTATUS(status))};

@@ -24,11 +24,18 @@ struct _childResult {
     QString failure;    ///< "crashed (signal 11)"; empty when all went well
 };
 
-/// Runs the work in a child process, which ends afterwards without any clean-up. What it writes to the standard
-/// output comes out of the error stream. The work has to return at least one byte.
+/// Runs the work in a child process, which ends afterwards without any clean-up, and at once when this process ends.
+/// What it writes to the standard output comes out of the error stream. The work has to return at least one byte.
 _child startChild(const std::function<QByteArray()>& work);
 
 /// Waits for the child's result and for its end. Call it once for each child.
 _childResult collectChild(const _child& child);
+
+/// What a child that could not be started comes to.
+_childResult resultWithoutChild(const _child& child);
+
+/// What a child that has ended comes to.
+/// @param status  as from `waitpid`
+_childResult resultOfChild(const QByteArray& output, int status);
 
 }  // namespace vxH

@@ -30,4 +30,9 @@ int sceneFailed(const QJsonObject& result) {
     return exitFailed;
 }
 
+int outputLost() {
+    writeError(QStringLiteral("the output could not be written"));
+    return exitFailed;
+}
+
 }  // namespace vxH

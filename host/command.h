@@ -34,5 +34,7 @@ void addTextOrJson(CLI::App& command, bool& asJson);
 int noPlugin(const QString& problem);
 /// The error line of a scene that failed. @return the exit status
 int sceneFailed(const QJsonObject& result);
+/// The error line of output that cannot be written. @return the exit status
+int outputLost();
 
 }  // namespace vxH

@@ -2,6 +2,7 @@
 #include "host/explanationText.h"
 
 #include <QJsonArray>
+#include <QStringList>
 #include <algorithm>
 #include <array>
 
@@ -209,15 +210,15 @@ void addWarnings(const QJsonArray& warnings, _text& text) {
 
 }  // namespace
 
-QStringList explanationLines(const QJsonObject& result, const _terminal& terminal) {
+QString explanationText(const QJsonObject& result, const _terminal& terminal) {
+    if (!result.contains(factsKey)) return {};
     _text text(terminal);
     text.lines.append(sceneSummary(result));
-    if (!result.contains(factsKey)) return text.lines;
     addFacts(result[factsKey].toObject(), text);
     addSections(result[sectionsKey].toArray(), text);
     addNotRecognised(result[notRecognisedKey].toArray(), text);
     addWarnings(result[warningsKey].toArray(), text);
-    return text.lines;
+    return text.lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
 }  // namespace vxH

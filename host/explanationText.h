@@ -2,14 +2,14 @@
 #pragma once
 
 #include <QJsonObject>
-#include <QStringList>
+#include <QString>
 
 #include "host/terminal.h"
 
 namespace vxH {
 
 /// The scene's facts, what became of each section, what was not recognised, and warnings. Characters that could steer a
-/// terminal become "?".
-QStringList explanationLines(const QJsonObject& result, const _terminal& terminal);
+/// terminal become "?". Nothing for a scene that could not be read: its error says all.
+QString explanationText(const QJsonObject& result, const _terminal& terminal);
 
 }  // namespace vxH

@@ -22,14 +22,13 @@ void printInfoLines(const QJsonObject& info) {
 
 int run(const _options& options) {
     const auto plugin = QString::fromStdString(options.plugin);
-    auto [info, code, failure] = askPlugin(plugin, readPluginInfo);
+    const auto [info, code, failure] = askPlugin(plugin, readPluginInfo);
     if (code == hostNoPlugin) return noPlugin(failure);
     if (code != 0) {
         writeError(plugin + QLatin1String{": "} + failure);
         return exitFailed;
     }
     if (options.asJson) {
-        info.insert(formatVersionKey, formatVersion);
         writeLine(stdout, jsonText(info, true));
     } else {
         printInfoLines(info);

@@ -142,8 +142,7 @@ QJsonObject diffToJson(const _jobDiff& diff, const QJsonObject& oldResult, const
             changed.append(changedToJson(difference, newResult));
         }
     }
-    return {{formatVersionKey, formatVersion},
-            {QLatin1String{"old"}, oldResult[sceneKey]},
+    return {{QLatin1String{"old"}, oldResult[sceneKey]},
             {QLatin1String{"new"}, newResult[sceneKey]},
             {QLatin1String{"came"}, came},
             {QLatin1String{"went"}, went},

@@ -173,4 +173,11 @@ QStringList jobTable(const QJsonObject& result, const _terminal& terminal) {
     return table;
 }
 
+QString jobText(const QJsonObject& result, const _terminal& terminal) {
+    const bool failedWithoutJobs = result.contains(errorKey) && result[jobsKey].toArray().isEmpty();
+    if (failedWithoutJobs) return {};  // its line on the error stream says all
+    const auto lines = QStringList{sceneSummary(result)} + jobTable(result, terminal);
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
 }  // namespace vxH

@@ -1,34 +1,28 @@
 // vxscene jobs
 #include <map>
 
+#include "host/askPlugin.h"
 #include "host/command.h"
-#include "host/resultOutput.h"
+#include "host/jobTable.h"
+#include "host/sceneRun.h"
 
 namespace vxH {
 namespace {
 
 struct _options {
     std::string plugin;
-    std::vector<std::string> scenes;
+    _sceneOptions scenes;
     _format format = _format::table;
 };
 
 int run(const _options& options, const _submitterArguments& submitter) {
-    const auto plugin = QString::fromStdString(options.plugin);
-    _resultOutput output{options.format, standardOutputTerminal()};
-    int status = exitSuccess;
-    for (const auto& scene : options.scenes) {
-        const auto result = loadSceneApart(plugin, scene.c_str(), submitter);
-        const int code = result[codeKey].toInt();
-        if (code == hostNoPlugin) {
-            status = noPlugin(result[errorKey].toString());
-            break;
-        }
-        output.print(result);
-        if (code != vxP::resultSuccess) status = sceneFailed(result);
-    }
-    output.finish();
-    return status;
+    const auto path = QString::fromStdString(options.plugin);
+    const auto info = askPlugin(path, readPluginInfo);
+    if (info.code != 0) return noPlugin(info.failure);
+    _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
+    if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
+    const auto load = [&](const QString& scene) { return loadScene(plugin, scene, submitter, jobsToJson); };
+    return runScenes(options.scenes, {info.answer[fileFilterKey].toString(), options.format, load, jobText});
 }
 
 }  // namespace
@@ -43,10 +37,12 @@ _command addJobs(CLI::App& program) {
     line->add_option("--format", options->format, "table, json (a list) or jsonl (one object a line)")
         ->transform(CLI::CheckedTransformer(formats).description(""))
         ->type_name("FORMAT");
+    addSceneOptions(*line, options->scenes);
     line->footer(
         "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
+        "  vxscene jobs --recursive --timeout 60 /projects/kettle\n"
+        "  find /projects -name '*.hip' -newer yesterday -print0 | vxscene jobs --format jsonl -\n"
         "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000");
-    line->add_option("scenes", options->scenes, "Scene files")->required()->type_name("SCENE");
     return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
 }
 

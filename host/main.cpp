@@ -54,11 +54,12 @@ int statusOf(const _command& command, const _submitterArguments& submitter) try 
 int runCommand(const _command& command, const _submitterArguments& submitter) {
     const int status = statusOf(command, submitter);
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
-    writeError(QStringLiteral("the output could not be written"));
-    return std::max(status, command.failure);
+    const int failed = outputLost();
+    return std::max(status, std::max(failed, command.failure));
 }
 
 int run(int argc, char** argv) {
+    holdStandardStreams();
     useUtf8Characters();
     _submitterArguments submitter;
     const int argumentsLeft = splitOffSubmitter(argc, argv, submitter);

@@ -11,6 +11,7 @@ enum _hostCode : qint32 {
     hostCrashed = -2,       ///< a signal ended the child process
     hostNoResult = -3,      ///< the child process could not be started or ended without an answer
     hostNoPlugin = -4,      ///< the plug-in cannot be loaded
+    hostTimedOut = -5,      ///< the child process was ended because it took too long
 };
 
 /// Exit status of the program.

@@ -1,53 +1,64 @@
 // Table, JSON list, JSON lines.
 #include "host/resultOutput.h"
 
-#include <QJsonArray>
+#include <unistd.h>
+
 #include <QJsonDocument>
 
-#include "host/jobTable.h"
-#include "host/sceneLoad.h"
+#include "host/descriptorWrite.h"
 
 namespace vxH {
+namespace {
 
-QString jsonText(const QJsonObject& object, bool indented) {
+/// What stands around the results of a format.
+struct _frame {
+    _format format;
+    const char* begin;
+    const char* between;
+    const char* afterEach;
+    const char* end;
+    const char* withoutAny;
+};
+constexpr _frame frames[] = {
+    {_format::table, "", "\n", "", "", ""},
+    {_format::json, "[\n", ",\n", "", "\n]\n", "[]\n"},
+    {_format::jsonl, "", "", "\n", "", ""},
+};
+
+const _frame& frameOf(_format format) {
+    return frames[static_cast<int>(format)];
+}
+static_assert([] {
+    for (int i = 0; i < 3; ++i) {
+        if (static_cast<int>(frames[i].format) != i) return false;
+    }
+    return true;
+}());
+
+}  // namespace
+
+QString jsonText(QJsonObject object, bool indented) {
+    object.insert(formatVersionKey, formatVersion);
     const auto bytes = QJsonDocument(object).toJson(indented ? QJsonDocument::Indented : QJsonDocument::Compact);
     return QString::fromUtf8(bytes).trimmed();
 }
 
-void _resultOutput::print(const QJsonObject& result) {
-    switch (format) {
-        case _format::table:
-            printTable(result);
-            break;
-        case _format::json:
-            printListElement(result);
-            break;
-        case _format::jsonl:
-            writeLine(stdout, jsonText(result, false));
-            break;
-    }
-    isFirst = false;
-    std::fflush(stdout);
+QByteArray resultText(const QJsonObject& result, _format format, const _resultTable& table, const _terminal& terminal) {
+    const auto text = format == _format::table ? table(result, terminal) : jsonText(result, format == _format::json);
+    return text.toUtf8();
 }
 
-void _resultOutput::finish() {
-    if (format == _format::json && !isFirst) writeLine(stdout, QStringLiteral("\n]"));
-    std::fflush(stdout);
+bool _resultOutput::print(const QByteArray& text) {
+    if (text.isEmpty()) return true;
+    const auto& frame = frameOf(format);
+    const bool isWritten = writeAll(STDOUT_FILENO, (isFirst ? frame.begin : frame.between) + text + frame.afterEach);
+    isFirst = isFirst && !isWritten;
+    return isWritten;
 }
 
-void _resultOutput::printTable(const QJsonObject& result) const {
-    const bool failedWithoutJobs = result.contains(errorKey) && result[jobsKey].toArray().isEmpty();
-    if (failedWithoutJobs) return;  // its line on the error stream says all
-    if (!isFirst) writeLine(stdout, {});
-    writeLine(stdout, sceneSummary(result));
-    const auto lines = jobTable(result, terminal);
-    for (const auto& line : lines) writeLine(stdout, line);
-}
-
-void _resultOutput::printListElement(const QJsonObject& result) const {
-    const auto text = (isFirst ? QLatin1String{"[\n"} : QLatin1String{",\n"}) + jsonText(result, true);
-    const auto bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
+bool _resultOutput::finish() {
+    const auto& frame = frameOf(format);
+    return writeAll(STDOUT_FILENO, isFirst ? frame.withoutAny : frame.end);
 }
 
 }  // namespace vxH

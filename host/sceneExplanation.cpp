@@ -1,6 +1,7 @@
 #include "host/sceneExplanation.h"
 
 #include "explain/explainedLoad.h"
+#include "plugin/sceneLoad.h"
 
 namespace vxH {
 
@@ -11,6 +12,10 @@ QJsonObject explainScene(const QString& scene, const _submitterArguments& argume
     for (auto member = explanation.begin(); member != explanation.end(); ++member)
         result.insert(member.key(), member.value());
     return result;
+}
+
+QString sceneFileFilter() {
+    return vxP::sceneFileFilter.toString();
 }
 
 }  // namespace vxH

@@ -19,4 +19,7 @@ constexpr QLatin1String warningsKey{"warnings"};
 /// @param scene  absolute path of at most 500 characters
 QJsonObject explainScene(const QString& scene, const _submitterArguments& arguments);
 
+/// Which files of a folder are scenes: "*.hip;*.hipnc;".
+QString sceneFileFilter();
+
 }  // namespace vxH

@@ -6,19 +6,6 @@
 #include "host/scenePath.h"
 
 namespace vxH {
-namespace {
-
-QJsonObject sceneResult(const QString& scene, qint32 code, const QString& error) {
-    QJsonObject result{{formatVersionKey, formatVersion},
-                       {sceneKey, scene},
-                       {codeKey, code},
-                       {messageKey, QString{}},
-                       {jobsKey, QJsonArray{}}};
-    if (code != vxP::resultSuccess) result.insert(errorKey, error);
-    return result;
-}
-
-}  // namespace
 
 QJsonArray jobsToJson(const vxJ::_JobBasicsArray& jobs) {
     QJsonArray list;
@@ -68,7 +55,7 @@ QJsonObject readPluginInfo(const _pluginLibrary& plugin) {
             {QLatin1String{"hostLibraryVersion"}, info.hostLibraryVersion.toQString()},
             {QLatin1String{"qtVersion"}, info.qtVersion.toQString()},
             {QLatin1String{"flag"}, info.flag},
-            {QLatin1String{"fileFilter"}, info.fileFilter.toQString()}};
+            {fileFilterKey, info.fileFilter.toQString()}};
 }
 
 }  // namespace vxH

@@ -8,19 +8,9 @@
 #include <vector>
 
 #include "host/pluginLibrary.h"
+#include "host/sceneResult.h"
 
 namespace vxH {
-
-/// What the JSON of every command tells of itself: docs/schema/README.md says what raises the number.
-constexpr QLatin1String formatVersionKey{"formatVersion"};
-constexpr int formatVersion = 1;
-
-// Members of a scene's result.
-constexpr QLatin1String sceneKey{"scene"};      ///< absolute path
-constexpr QLatin1String codeKey{"code"};        ///< the plug-in's code, or a `_hostCode`
-constexpr QLatin1String messageKey{"message"};  ///< submitter options of the whole submission
-constexpr QLatin1String jobsKey{"jobs"};        ///< what the reader made of the jobs
-constexpr QLatin1String errorKey{"error"};      ///< what went wrong; only there when the code is not 1
 
 /// The submitter's command line: element 0 is the program. Zero-terminated UTF-8, owned by the caller.
 using _submitterArguments = std::vector<const char*>;
@@ -43,6 +33,9 @@ QJsonObject loadScene(const _sceneLoader& loader, const QString& scene, const _s
 /// is the result's code (a `_hostCode`) and error.
 QJsonObject loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments,
                            const _jobsReader& readJobs = jobsToJson);
+
+/// Member of the info record: which files are scenes, as wildcards "*.hip;*.hipnc;".
+constexpr QLatin1String fileFilterKey{"fileFilter"};
 
 /// The plug-in's info record with the record's field names, and its answer as `code`.
 QJsonObject readPluginInfo(const _pluginLibrary& plugin);

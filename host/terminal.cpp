@@ -1,6 +1,7 @@
 // Terminal width and colour, the character set, and lines.
 #include "host/terminal.h"
 
+#include <fcntl.h>
 #include <langinfo.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -15,6 +16,12 @@ namespace {
 
 constexpr int usualWidth = 80;  // where the terminal does not tell
 
+bool isDumb() {
+    return qgetenv("TERM") == QByteArray{"dumb"};
+}
+
+}  // namespace
+
 int terminalWidth(int descriptor) {
     winsize size{};
     if (ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
@@ -23,12 +30,20 @@ int terminalWidth(int descriptor) {
     return isNumber && columns > 0 ? columns : usualWidth;
 }
 
-}  // namespace
+bool canBeRedrawn(int descriptor) {
+    return isatty(descriptor) != 0 && !isDumb();
+}
 
 _terminal standardOutputTerminal() {
     if (isatty(STDOUT_FILENO) == 0) return {};
-    const bool colour = qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != QByteArray{"dumb"};
-    return {terminalWidth(STDOUT_FILENO), colour};
+    return {terminalWidth(STDOUT_FILENO), qEnvironmentVariableIsEmpty("NO_COLOR") && !isDumb()};
+}
+
+void holdStandardStreams() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) >= 0) continue;
+        open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);  // takes the lowest free number
+    }
 }
 
 void useUtf8Characters() {

@@ -15,6 +15,16 @@ struct _terminal {
 /// The terminal behind the standard output. No colour where NO_COLOR holds a text or TERM is "dumb".
 _terminal standardOutputTerminal();
 
+/// Columns of the terminal behind the descriptor, as wide as it is at the moment.
+int terminalWidth(int descriptor);
+
+/// Whether a terminal stands behind the descriptor that can go back to the beginning of a line.
+bool canBeRedrawn(int descriptor);
+
+/// Keeps files and pipes that are opened later from becoming a standard stream that is closed: reading from that or
+/// writing to it fails.
+void holdStandardStreams();
+
 /// Takes the character set of the environment, and UTF-8 where that is another one: paths are UTF-8 throughout.
 void useUtf8Characters();
 

@@ -6,6 +6,9 @@
 
 namespace vxP {
 
+/// Which files are scenes, as wildcards.
+constexpr QStringView sceneFileFilter{u"*.hip;*.hipnc;*.hiplc;"};
+
 /// Reads a scene file and appends its render jobs to the host's job array.
 /// @param[in,out] load  scene, job array and submitter settings, all owned by the host
 /// @param[out] facts  blank before

@@ -9,7 +9,6 @@ namespace {
 constexpr QStringView applicationName{u"Houdini"};
 constexpr QStringView author{u"Scene Parser Developers"};
 constexpr QStringView pluginVersion{u"1.0"};
-constexpr QStringView fileFilter{u"*.hip;*.hipnc;*.hiplc;"};
 
 quint8 fillInfo(_dataPARS_PluginInfo& info) {
     info.hostLibraryVersion = QString(vxJ::vxVersion);
@@ -22,7 +21,7 @@ quint8 fillInfo(_dataPARS_PluginInfo& info) {
     info.structureVersion = pluginStructureVersion;
     if (callersVersion != pluginStructureVersion) return resultVersionMismatch;
     info.flag = 0;
-    info.fileFilter = fileFilter;
+    info.fileFilter = sceneFileFilter;
     return resultSuccess;
 }
 

@@ -1,4 +1,6 @@
 // A plug-in whose behaviour is chosen by the scene's file name. It reads no file.
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -119,6 +121,16 @@ qint32 dieBySignal(const _load&) {
     return vxP::resultSuccess;
 }
 
+/// More than a pipe takes.
+qint32 manyJobs(const _load& load) {
+    for (int i = 0; i < 100; ++i) fillEveryField(addJob(load));
+    return vxP::resultSuccess;
+}
+
+qint32 hang(const _load&) {
+    for (;;) pause();
+}
+
 struct _behaviour {
     QLatin1String sceneName;
     qint32 (*load)(const _load&);
@@ -132,6 +144,8 @@ constexpr _behaviour behaviours[] = {
     {QLatin1String{"cannotOpen"}, [](const _load&) -> qint32 { return vxP::resultCannotOpen; }},
     {QLatin1String{"noUsableOutput"}, [](const _load&) -> qint32 { return vxP::resultNoUsableOutput; }},
     {QLatin1String{"jobThenNoMore"}, jobThenNoMore},
+    {QLatin1String{"manyJobs"}, manyJobs},
+    {QLatin1String{"hangs"}, hang},
     {QLatin1String{"strangeCode"}, [](const _load&) -> qint32 { return 42; }},
     {QLatin1String{"segmentationFault"}, dieBySignal},
     {QLatin1String{"aborts"}, [](const _load&) -> qint32 { std::abort(); }},

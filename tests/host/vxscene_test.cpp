@@ -5,14 +5,16 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <filesystem>
+#include <fstream>
 
+#include "tests/host/hostProgram.h"
 #include "tests/testText.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using namespace vxTest;
 
 constexpr const char* everyFieldOfAJob = R"({
     "structureIDs": [1033, 1, 0, 0, 0, 0, 0, 0, 0, 0], "jobKind": 2, "sceneOS": 3, "appVersionMajor": 19,
@@ -26,33 +28,6 @@ constexpr const char* everyFieldOfAJob = R"({
     "imageFileName": "name.", "imageExtension": ".exr",
     "channels": [{"slot": 3, "name": "/img/depth.", "extension": ".tif"}], "seqStart": -1.5, "seqEnd": 2,
     "seqFrameSet": "1,5,7", "seqStep": 3, "customData": [{"name": "HoudiniJob", "value": "/job"}]})";
-
-struct _hostRun {
-    int status;  // -1 when a signal ended it
-    QByteArray out;
-    QByteArray error;
-};
-
-_hostRun run(const std::string& program, const std::vector<std::string>& arguments,
-             const std::vector<const char*>& environment = {}) {
-    QProcess process;
-    auto variables = QProcess::systemEnvironment();
-    for (const auto* variable : environment) variables += QString::fromUtf8(variable);
-    process.setEnvironment(variables);
-    QStringList texts;
-    for (const auto& argument : arguments) texts += QString::fromStdString(argument);
-    process.start(QString::fromStdString(program), texts);
-    process.waitForFinished(-1);
-    const int status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    return {status, process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
-/// A command with the tests' plug-in.
-_hostRun runCommand(const char* command, std::vector<std::string> arguments,
-                    const std::vector<const char*>& environment = {}) {
-    arguments.insert(arguments.begin(), {command, "--plugin", VX_FAKE_PLUGIN});
-    return run(VX_SCENE_PROGRAM, arguments, environment);
-}
 
 _hostRun runJobs(const std::vector<std::string>& arguments) {
     return runCommand("jobs", arguments);
@@ -120,6 +95,13 @@ const _usage usages[] = {
     {"info", {"info", "--plugin", VX_FAKE_PLUGIN}, 0, "appName: Fake?[1m\n"},
     {"info_json", {"info", "--plugin", VX_FAKE_PLUGIN, "--format", "json"}, 0, R"("fileFilter": "*.fake;")"},
     {"no_scene", {"jobs"}, 2, "scenes"},
+    {"no_time", {"jobs", "--timeout", "nan", "a"}, 2, "--timeout"},
+    {"no_child", {"jobs", "--parallel", "0", "a"}, 2, "--parallel"},
+    {"late",
+     {"jobs", "--plugin", VX_FAKE_PLUGIN, "--timeout", "0.25", "/hangs.fake"},
+     1,
+     "time limit of 0.25 s (code -5)"},
+    {"no_list", {"jobs", "--plugin", VX_FAKE_PLUGIN, "/proc/self/task/"}, 1, "/proc/self/task/: no scenes (*.fake;)"},
     {"unknown_option", {"jobs", "--\x1b[1mfast\nx", "a.hip"}, 2, "fast"},
     {"no_such_plugin", {"jobs", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
     {"no_entry_points", {"info", "--plugin", VX_NO_PLUGIN}, 3, "no entry point"},
@@ -245,6 +227,59 @@ TEST(VxScene, PluginBesideTheProgramIsFound) {
         run((folder / "vxscene").native(), {"jobs", "/noJobs.hip"}, {"LD_LIBRARY_PATH=" VX_LIBRARY_FOLDER});
     fs::remove_all(folder);
     EXPECT_EQ(host.out, QByteArray{"/noJobs.hip: no jobs\n"}) << host.error.constData();
+}
+
+TEST(VxScene, FoldersAndListsStandForTheirScenes) {
+    const auto folder = fs::temp_directory_path() / ("vxscene_folder" + std::to_string(getpid()));
+    fs::create_directories(folder / "below");
+    for (const auto* scene : {"noJobs.fake", "exportPair.fake", "noJobs.hip", "below/noJobs.fake"})
+        std::ofstream{folder / scene};
+    const auto list = "/noJobs.2\r\n" + QByteArray::fromStdString(folder.native()) + "\n/noJobs.3";
+    const auto host = runCommand("jobs", {"--recursive", "/noJobs.1", "-", "/noJobs.4", "-"}, {}, list);
+    fs::remove_all(folder);
+    QStringList scenes;
+    const auto lines = host.out.split('\n');
+    for (const auto& line : lines) {
+        if (line.startsWith('/'))
+            scenes += QString::fromUtf8(line.left(line.indexOf(':'))).section(QLatin1Char('/'), -1);
+    }
+    EXPECT_EQ(host.status, 0) << host.error.constData();
+    EXPECT_EQ(vxTest::plain(scenes.join(QLatin1Char(' '))),
+              "noJobs.1 noJobs.2 exportPair.fake noJobs.fake noJobs.fake noJobs.3 noJobs.4");
+    EXPECT_EQ(runCommand("jobs", {"--format", "json", "-"}).out, QByteArray{"[]\n"});
+}
+
+/// Redrawn lines are gone before others come, and come only where they are welcome.
+TEST(VxScene, ProgressIsShownOnATerminalAlone) {
+    constexpr const char* command =
+        " '" VX_SCENE_PROGRAM "' jobs --plugin '" VX_FAKE_PLUGIN "' --parallel 1 --timeout 0.5 /noJobs.x ";
+    const std::pair<std::string, bool> cases[] = {
+        {"TERM=xterm" + std::string{command} + "/hangs.x", true},
+        {"TERM=xterm" + std::string{command} + "/hangs.x >/dev/null", true},
+        {"TERM=xterm" + std::string{command} + "/hangs.x 2>&1 | cat", false},
+        {"TERM=dumb" + std::string{command} + "/hangs.x", false},
+        {"TERM=xterm" + std::string{command} + "/hangs.x --no-progress", false},
+        {"TERM=xterm" + std::string{command}, false}};
+    for (const auto& [line, isShown] : cases) {
+        SCOPED_TRACE(line);
+        const auto out = run("/usr/bin/script", {"-qc", "stty cols 60; " + line, "/dev/null"}).out;
+        EXPECT_EQ(out.contains("1/2 scenes"), isShown) << out.constData();
+        if (isShown) {
+            EXPECT_TRUE(out.contains("\r\x1b[Kvxscene: /hangs.x")) << out.constData();
+            const auto last = out.mid(out.lastIndexOf('\n') + 1);
+            EXPECT_TRUE(last.isEmpty() || last == "\r\x1b[K") << out.constData();
+        }
+    }
+}
+
+TEST(VxScene, ScenesWaitForProcessesWhereTheSystemHasFew) {
+    std::string scenes;
+    for (int i = 0; i < 60; ++i) scenes += " /noJobs." + std::to_string(i);
+    const auto host = run("/bin/sh", {"-c", "ulimit -n 16; exec '" VX_SCENE_PROGRAM "' jobs --plugin '" VX_FAKE_PLUGIN
+                                            "' --parallel 64 --format jsonl" +
+                                                scenes});
+    EXPECT_EQ(host.status, 0) << host.error.constData();
+    EXPECT_EQ(host.out.count('\n'), 60);
 }
 
 TEST(VxScene, FullDiskIsAFailure) {

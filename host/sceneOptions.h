@@ -1,0 +1,22 @@
+// The options of a command that takes many scenes.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace vxH {
+
+struct _sceneOptions {
+    std::vector<std::string> scenes;  ///< files, folders, and "-" for a list on the standard input
+    bool recursive = false;           ///< look into the folders below a folder too
+    int parallel = 1;                 ///< scenes at a time
+    double timeout = 0;               ///< seconds for each scene; 0: none
+    bool noProgress = false;
+};
+
+/// Adds the scenes and their options to the command; `parallel` is all cores available where it is not given.
+void addSceneOptions(CLI::App& command, _sceneOptions& options);
+
+}  // namespace vxH
