@@ -20,6 +20,7 @@ struct _command {
 // Each adds its command to the program.
 _command addInfo(CLI::App& program);
 _command addJobs(CLI::App& program);
+_command addReport(CLI::App& program);
 _command addVars(CLI::App& program);
 
 /// Adds `--plugin`, with the plug-in beside this program where it is not given.

@@ -16,13 +16,14 @@ namespace {
 using namespace vxH;
 
 /// In the order in which the help shows them.
-constexpr std::array commands{addInfo, addJobs, addVars};
+constexpr std::array commands{addInfo, addJobs, addReport, addVars};
 
 constexpr const char* examples =
     "Examples:\n"
     "  vxscene info\n"
     "  vxscene jobs shot010.hip shot020.hip\n"
     "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000\n"
+    "  vxscene report -o shot010.html shot010.hip\n"
     "  vxscene vars --job 2 shot010.hip\n"
     "\n"
     "Exit status: 0 all went well, 1 a scene failed, 2 wrong usage, 3 the plug-in cannot be loaded.";

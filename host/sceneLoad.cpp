@@ -6,15 +6,12 @@
 #include "host/scenePath.h"
 
 namespace vxH {
-namespace {
 
 QJsonObject sceneResult(const QString& scene, qint32 code, const QString& error) {
     QJsonObject result{{sceneKey, scene}, {codeKey, code}, {messageKey, QString{}}, {jobsKey, QJsonArray{}}};
     if (code != vxP::resultSuccess) result.insert(errorKey, error);
     return result;
 }
-
-}  // namespace
 
 QJsonArray jobsToJson(const vxJ::_JobBasicsArray& jobs) {
     QJsonArray list;

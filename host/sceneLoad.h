@@ -27,6 +27,9 @@ using _jobsReader = std::function<QJsonArray(const vxJ::_JobBasicsArray&)>;
 /// Every field of every job, see jobJson.h.
 QJsonArray jobsToJson(const vxJ::_JobBasicsArray& jobs);
 
+/// The result of a scene without jobs; `error` counts only where the code tells a failure.
+QJsonObject sceneResult(const QString& scene, qint32 code, const QString& error);
+
 /// Loads the scene in this process and returns its result. Jobs added before a failure are in the result.
 /// @param scene  absolute path of at most 500 characters
 QJsonObject loadScene(const _pluginLibrary& plugin, const QString& scene, const _submitterArguments& arguments,
