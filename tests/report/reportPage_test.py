@@ -34,6 +34,9 @@ return [...document.body.querySelectorAll("*")].filter((node) => hasText(node) &
 """
 
 
+SHOWN = "return [...document.querySelectorAll(arguments[0])].filter((node) => node.getClientRects().length > 0)"
+
+
 class PageTest(unittest.TestCase):
     """Each test leaves a page that has loaded nothing but itself and has nothing to complain of."""
 
@@ -63,7 +66,7 @@ class PageTest(unittest.TestCase):
         return self.browser.find_elements(By.CSS_SELECTOR, selector)
 
     def shown(self, selector):
-        return [element for element in self.all(selector) if element.is_displayed()]
+        return self.browser.execute_script(SHOWN, selector)
 
     def one(self, selector):
         (element,) = self.shown(selector)
