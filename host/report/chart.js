@@ -41,7 +41,7 @@ function roundFrames(axis) {
     const power = 10 ** Math.floor(Math.log10(rough));
     const step = Math.max(1, [1, 2, 5, 10].map((factor) => factor * power).find((candidate) => candidate >= rough));
     const frames = [];
-    for (let frame = Math.ceil(axis.first / step) * step; frame <= axis.last; frame += step) frames.push(frame);
+    for (let frame = Math.ceil(axis.start / step) * step; frame <= axis.end; frame += step) frames.push(frame);
     return frames;
 }
 

@@ -139,6 +139,7 @@ function equalOnes(count, noun, table) {
 }
 
 function factPart(left, right) {
+    if (!left.facts && !right.facts) return null;
     const { different, equal } = factDifferences(left, right);
     const told = equal.filter((fact) => fact.before);
     return [el("h3", {}, `Facts that differ (${different.length})`),
@@ -160,12 +161,20 @@ function sceneChoice(label, names, chosen, act) {
     return el("label", {}, label, " ", el("select", { on: { change: act } }, options));
 }
 
-/** The section in which any two of the scenes are compared. */
-function comparison(scenes, names) {
+/** Scenes that failed before anything was read have nothing to compare. */
+function canBeCompared(scene) {
+    return Boolean(scene.facts) || scene.jobs.length > 0;
+}
+
+/** The section in which any two of the views' scenes are compared; null where there are no two. */
+function comparison(views) {
+    const chosen = views.filter(({ scene }) => canBeCompared(scene));
+    if (chosen.length < 2) return null;
+    const names = chosen.map(({ name }) => name);
     const result = el("div", { class: "comparison" });
     const choice = el("div", { class: "choice" });
     const show = () => {
-        const [left, right] = [...choice.querySelectorAll("select")].map((select) => scenes[Number(select.value)]);
+        const [left, right] = [...choice.querySelectorAll("select")].map((select) => chosen[Number(select.value)].scene);
         result.replaceChildren();
         append(result, [factPart(left, right), jobPart(left, right)]);
     };

@@ -1,11 +1,7 @@
 // Elements and texts. Every text that gets into the page passes through `visible`, and none is ever read as markup.
 
-const CONTROL_PICTURES = 0x2400;
-
 function visibleCharacter(character) {
-    const code = character.codePointAt(0);
-    if (code < 0x20) return String.fromCodePoint(CONTROL_PICTURES + code);
-    return `\u27e8U+${code.toString(16).toUpperCase().padStart(4, "0")}\u27e9`;
+    return `\u27e8U+${character.codePointAt(0).toString(16).toUpperCase().padStart(4, "0")}\u27e9`;
 }
 
 /** The text with a visible sign for each character that could hide, reorder or break it. */

@@ -52,15 +52,25 @@ class SceneView {
         this.input.addEventListener("keydown", (event) => this.leaveFilter(event));
         this.count = el("span", { class: "count", role: "status" });
         this.hint = el("div", { class: "found-without" });
+        this.found = el("div", {}, this.chart.element,
+            el("div", { class: "wide", role: "region", "aria-label": "Job table", tabindex: "0" }, this.jobs.table));
         this.filter();
-        return section(id, "Jobs", el("div", { class: "filter" }, el("label", { for: this.input.id }, "Filter"), this.input,
-            el("kbd", { "aria-hidden": "true" }, "/"), this.count), this.hint, this.chart.element, el("div", { class: "wide", role: "region", "aria-label": "Job table", tabindex: "0" }, this.jobs.table));
+        return section(id, "Jobs", this.filterBar(), this.found);
+    }
+
+    /** It stays in view, and the head of the table below it, however high it is. */
+    filterBar() {
+        const bar = el("div", { class: "filter" }, el("label", { for: this.input.id }, "Filter"), this.input,
+            el("kbd", { "aria-hidden": "true" }, "/"), this.count, this.hint);
+        new ResizeObserver(() => this.panel.style.setProperty("--bar", `${bar.offsetHeight}px`)).observe(bar);
+        return bar;
     }
 
     filter() {
         const words = wordsOf(this.input.value);
         const left = this.jobs.filter(words);
         this.chart.refresh();
+        this.found.hidden = left === 0;
         const found = words.length === 0 ? [] : this.skipped.entries.filter((entry) => holdsAll(entry.text, words));
         this.count.textContent = `${left} of ${plural(this.jobs.rows.length, "job")}${found.length > 0 ? `, ${found.length} without a job` : ""}`;
         this.hint.replaceChildren();
@@ -95,7 +105,7 @@ function overviewPanel() {
         ["Result", ({ scene }) => (scene.code === 1 ? "loaded" : el("span", { class: "fault" }, longText(scene.error ?? "failed")))],
     ];
     return el("section", { id: "overview", class: "panel", tabindex: "-1", "aria-label": "All scenes" },
-        el("h2", {}, "Scenes"), plainTable("Scenes", columns, views), comparison(scenes, names));
+        el("h2", {}, "Scenes"), plainTable("Scenes", columns, views), comparison(views));
 }
 
 const panels = scenes.length > 1 ? [{ name: "All scenes", panel: overviewPanel(), fill() {} }, ...views] : views;
