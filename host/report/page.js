@@ -62,7 +62,7 @@ class SceneView {
     filterBar() {
         const bar = el("div", { class: "filter" }, el("label", { for: this.input.id }, "Filter"), this.input,
             el("kbd", { "aria-hidden": "true" }, "/"), this.count, this.hint);
-        new ResizeObserver(() => this.panel.style.setProperty("--bar", `${bar.offsetHeight}px`)).observe(bar);
+        new ResizeObserver(() => this.panel.style.setProperty("--filter-height", `${bar.offsetHeight}px`)).observe(bar);
         return bar;
     }
 
