@@ -19,8 +19,8 @@ function keyOfJob(job) {
 }
 
 function changesOf(left, right) {
-    return COMPARED_FIELDS.map(([name, read]) => ({ name, before: read(left), after: read(right) }))
-        .filter(({ before, after }) => before !== after);
+    return COMPARED_FIELDS.map(([name, read]) => ({name, before: read(left), after: read(right)}))
+        .filter(({before, after}) => before !== after);
 }
 
 function textOfFields(job) {
@@ -34,12 +34,15 @@ function pairUp(before, after) {
     const unequal = [];
     for (const job of before) {
         const other = waiting.get(textOfFields(job))?.shift();
-        if (other) pairs.push({ job, other, changes: [] });
-        else unequal.push(job);
+        if (other)
+            pairs.push({job, other, changes: []});
+        else
+            unequal.push(job);
     }
     const rest = [...waiting.values()].flat();
-    const changed = unequal.map((job, at) => (at < rest.length ? { job, other: rest[at], changes: changesOf(job, rest[at]) } : { job }));
-    return [...pairs, ...changed, ...rest.slice(unequal.length).map((other) => ({ other }))];
+    const changed = unequal.map(
+        (job, at) => (at < rest.length ? {job, other: rest[at], changes: changesOf(job, rest[at])} : {job}));
+    return [...pairs, ...changed, ...rest.slice(unequal.length).map((other) => ({other}))];
 }
 
 /** @return pairs { job, other, changes }; `job` alone went, `other` alone came */
@@ -50,7 +53,17 @@ function comparedJobs(left, right) {
     return [...keys].flatMap((key) => pairUp(before.get(key) ?? [], after.get(key) ?? []));
 }
 
-/** Facts as named texts. */
+/** Where the entries of a list are compared one by one: the list, what an entry is, its name's member, its text. */
+const LISTED_FACTS = [
+    ["cameras", "Camera", "node", ({width, height, stereo}) => `${width} \u00d7 ${height}${stereo ? " stereo" : ""}`],
+    ["wedges", "Wedge", "node", ({variants, driver}) => `${plural(variants, "variant")} of ${driver}`],
+    ["lops", "LOP node", "node", ({renderer, image}) => `${renderer} ${image}`.trim()],
+    ["usdRenderSettings", "USD render settings", "node", ({camera, image}) => `${camera} ${image}`.trim()],
+    ["skipped", "Without a job", "node", ({text}) => text],
+    ["variables", "Variable", "name", ({value}) => value],
+];
+
+/** Facts, and what gave no job, as named texts. */
 function factTexts(scene) {
     const facts = scene.facts ?? {};
     const texts = new Map([
@@ -58,12 +71,9 @@ function factTexts(scene) {
         ["Frames of the scene", frameRangeText(facts.frameRange)],
         ["Takes", (facts.takes ?? []).join(", ")],
     ]);
-    for (const camera of facts.cameras ?? []) texts.set(`Camera ${camera.node}`, `${camera.width} \u00d7 ${camera.height}${camera.stereo ? " stereo" : ""}`);
-    for (const wedge of facts.wedges ?? []) texts.set(`Wedge ${wedge.node}`, `${plural(wedge.variants, "variant")} of ${wedge.driver}`);
-    for (const lop of facts.lops ?? []) texts.set(`LOP node ${lop.node}`, `${lop.renderer ?? ""} ${lop.image ?? ""}`.trim());
-    for (const settings of facts.usdRenderSettings ?? []) texts.set(`USD render settings ${settings.node}`, `${settings.camera ?? ""} ${settings.image ?? ""}`.trim());
-    for (const item of scene.skipped ?? []) texts.set(`Without a job ${item.node}`, item.text);
-    for (const variable of facts.variables ?? []) texts.set(`Variable ${variable.name}`, variable.value);
+    for (const [list, title, name, text] of LISTED_FACTS) {
+        for (const entry of facts[list] ?? scene[list] ?? []) texts.set(`${title} ${entry[name]}`, text(entry));
+    }
     return texts;
 }
 
@@ -75,62 +85,70 @@ function commonEnds(left, right) {
     let tail = 0;
     while (tail < shortest - head && left[left.length - 1 - tail] === right[right.length - 1 - tail]) tail += 1;
     const isWord = (text, at) => /[\p{L}\p{N}]/u.test(text[at] ?? "");
-    while (head > 0 && isWord(left, head - 1)) head -= 1; // whole words and numbers
+    while (head > 0 && isWord(left, head - 1)) head -= 1;  // whole words and numbers
     while (tail > 0 && isWord(left, left.length - tail)) tail -= 1;
-    return { head, tail };
+    return {head, tail};
 }
 
-function withDifference(tag, text, { head, tail }) {
+function withDifference(tag, text, {head, tail}) {
     const end = text.length - tail;
-    return el(tag, { class: "code" }, text.slice(0, head), el("mark", {}, text.slice(head, end)), text.slice(end));
+    return el(tag, {class: "code"}, text.slice(0, head), el("mark", {}, text.slice(head, end)), text.slice(end));
 }
 
 function textChange(before, after) {
     const ends = commonEnds(before, after);
-    return [before === "" ? el("del", { class: "quiet" }, "(none)") : withDifference("del", before, ends),
-        after === "" ? el("ins", { class: "quiet" }, "(none)") : withDifference("ins", after, ends)];
+    return [["del", before], ["ins", after]].map(
+        ([tag, text]) => (text === "" ? el(tag, {class: "quiet"}, "(none)") : withDifference(tag, text, ends)));
 }
 
-function changeItem({ name, before, after }) {
-    return el("div", { class: "change" }, el("span", { class: "quiet" }, name), el("div", {}, textChange(before, after)));
+function changeItem({name, before, after}) {
+    return el("div", {class: "change"}, el("span", {class: "quiet"}, name), el("div", {}, textChange(before, after)));
 }
 
 const KINDS = {
-    came: { sign: "+", title: "only right" },
-    went: { sign: "\u2212", title: "only left" },
-    changed: { sign: "\u2260", title: "changed" },
-    equal: { sign: "=", title: "equal" },
+    came: {sign: "+", title: "only right"},
+    went: {sign: "\u2212", title: "only left"},
+    changed: {sign: "\u2260", title: "changed"},
+    equal: {sign: "=", title: "equal"},
 };
 
-function kindOf({ job, other, changes }) {
+function kindOf({job, other, changes}) {
     if (!job) return "came";
     if (!other) return "went";
     return changes.length > 0 ? "changed" : "equal";
 }
 
 function kindSign(kind) {
-    return el("span", { class: `kind ${kind}` }, el("span", { "aria-hidden": "true" }, KINDS[kind].sign), " ", KINDS[kind].title);
+    return el(
+        "span", {class: `kind ${kind}`}, el("span", {"aria-hidden": "true"}, KINDS[kind].sign), " ", KINDS[kind].title);
+}
+
+function wholeJob(job) {
+    return [job.frames, " ", filePath(outputOf(job))];
 }
 
 const PAIR_COLUMNS = [
     ["Change", (pair) => kindSign(kindOf(pair))],
-    ["Driver", ({ job, other }) => code((job ?? other).driver)],
-    ["Renderer", ({ job, other }) => parts((job ?? other).renderer)],
-    ["Take", ({ job, other }) => longText((job ?? other).take)],
-    ["What differs", ({ job, other, changes }) => changes?.map(changeItem) ?? [(job ?? other).frames, " ", filePath(outputOf(job ?? other))]],
+    ["Driver", ({job, other}) => code((job ?? other).driver)],
+    ["Renderer", ({job, other}) => parts((job ?? other).renderer)],
+    ["Take", ({job, other}) => longText((job ?? other).take)],
+    ["What differs", ({job, other, changes}) => changes?.map(changeItem) ?? wholeJob(job ?? other)],
 ];
 
 const FACT_COLUMNS = [
-    ["Fact", ({ name }) => longText(name)],
-    ["Left and right", ({ before, after }) => textChange(before ?? "", after ?? "")],
+    ["Fact", ({name}) => longText(name)],
+    ["Left and right", ({before, after}) => textChange(before ?? "", after ?? "")],
 ];
 
 function factDifferences(left, right) {
     const before = factTexts(left);
     const after = factTexts(right);
     const names = [...new Set([...before.keys(), ...after.keys()])];
-    const facts = names.map((name) => ({ name, before: before.get(name), after: after.get(name) }));
-    return { different: facts.filter((fact) => fact.before !== fact.after), equal: facts.filter((fact) => fact.before === fact.after) };
+    const facts = names.map((name) => ({name, before: before.get(name), after: after.get(name)}));
+    return {
+        different: facts.filter((fact) => fact.before !== fact.after),
+        equal: facts.filter((fact) => fact.before === fact.after)
+    };
 }
 
 function equalOnes(count, noun, table) {
@@ -140,25 +158,35 @@ function equalOnes(count, noun, table) {
 
 function factPart(left, right) {
     if (!left.facts && !right.facts) return null;
-    const { different, equal } = factDifferences(left, right);
+    const {different, equal} = factDifferences(left, right);
     const told = equal.filter((fact) => fact.before);
-    return [el("h3", {}, `Facts that differ (${different.length})`),
-        different.length > 0 ? plainTable("Facts that differ", FACT_COLUMNS, different) : el("p", {}, "All facts are equal."),
-        equalOnes(told.length, "fact", () => plainTable("Equal facts", [FACT_COLUMNS[0], ["Both", ({ before }) => code(before)]], told))];
+    return [
+        el("h3", {}, `Facts that differ (${different.length})`),
+        different.length > 0 ? plainTable("Facts that differ", FACT_COLUMNS, different)
+                             : el("p", {}, "All facts are equal."),
+        equalOnes(
+            told.length, "fact",
+            () => plainTable("Equal facts", [FACT_COLUMNS[0], ["Both", ({before}) => code(before)]], told))
+    ];
 }
 
 function jobPart(left, right) {
     const pairs = comparedJobs(left, right);
     const equal = pairs.filter((pair) => kindOf(pair) === "equal");
     const different = pairs.filter((pair) => kindOf(pair) !== "equal");
-    return [el("h3", {}, `Jobs that differ (${different.length})`),
-        different.length > 0 ? plainTable("Jobs that differ", PAIR_COLUMNS, different) : el("p", {}, "All jobs are equal."),
-        equalOnes(equal.length, "job", () => plainTable("Equal jobs", PAIR_COLUMNS.slice(1, 4), equal))];
+    return [
+        el("h3", {}, `Jobs that differ (${different.length})`),
+        different.length > 0 ? plainTable("Jobs that differ", PAIR_COLUMNS, different)
+                             : el("p", {}, "All jobs are equal."),
+        equalOnes(equal.length, "job", () => plainTable("Equal jobs", PAIR_COLUMNS.slice(1, 4), equal))
+    ];
 }
 
 function sceneChoice(label, names, chosen, act) {
-    const options = names.map((name, index) => el("option", { value: index, selected: index === chosen }, name));
-    return el("label", {}, label, " ", el("select", { on: { change: act } }, options));
+    const options = names.map((name, index) => el("option", {value: index, selected: index === chosen}, name));
+    const select = el("select", {}, options);
+    select.addEventListener("change", act);
+    return el("label", {}, label, " ", select);
 }
 
 /** Scenes that failed before anything was read have nothing to compare. */
@@ -168,18 +196,20 @@ function canBeCompared(scene) {
 
 /** The section in which any two of the views' scenes are compared; null where there are no two. */
 function comparison(views) {
-    const chosen = views.filter(({ scene }) => canBeCompared(scene));
+    const chosen = views.filter(({scene}) => canBeCompared(scene));
     if (chosen.length < 2) return null;
-    const names = chosen.map(({ name }) => name);
-    const result = el("div", { class: "comparison" });
-    const choice = el("div", { class: "choice" });
+    const names = chosen.map(({name}) => name);
+    const result = el("div", {class: "comparison"});
+    const choice = el("div", {class: "choice"});
     const show = () => {
-        const [left, right] = [...choice.querySelectorAll("select")].map((select) => chosen[Number(select.value)].scene);
+        const [left, right] =
+            [...choice.querySelectorAll("select")].map((select) => chosen[Number(select.value)].scene);
         result.replaceChildren();
         append(result, [factPart(left, right), jobPart(left, right)]);
     };
     choice.append(sceneChoice("Left", names, 0, show), sceneChoice("Right", names, 1, show));
     show();
-    return el("section", { id: "compare", "aria-labelledby": "compare-title", tabindex: "-1" },
-        el("h2", { id: "compare-title" }, "What differs"), choice, result);
+    return el(
+        "section", {id: "compare", "aria-labelledby": "compare-title", tabindex: "-1"},
+        el("h2", {id: "compare-title"}, "What differs"), choice, result);
 }

@@ -61,8 +61,10 @@ function runsOf(numbers) {
     const runs = [];
     for (const number of numbers) {
         const last = runs[runs.length - 1];
-        if (last && last[1] + 1 === number) last[1] = number;
-        else runs.push([number, number]);
+        if (last && last[1] + 1 === number)
+            last[1] = number;
+        else
+            runs.push([number, number]);
     }
     return runs;
 }
@@ -71,7 +73,7 @@ function runsText(numbers) {
     return runsOf(numbers).map(([first, last]) => (first === last ? first : `${first}\u2013${last}`)).join(", ");
 }
 
-const collator = new Intl.Collator("en", { numeric: true, sensitivity: "base" });
+const collator = new Intl.Collator("en", {numeric: true, sensitivity: "base"});
 
 /** Groups entries under the texts that `keyOf` gives, in the order of their first ones. */
 function groupedBy(entries, keyOf) {

@@ -12,11 +12,7 @@ function visible(text) {
 function fill(node, attributes, children) {
     for (const [name, value] of Object.entries(attributes)) {
         if (value === null || value === undefined || value === false) continue;
-        if (name === "on") {
-            for (const [event, act] of Object.entries(value)) node.addEventListener(event, act);
-        } else {
-            node.setAttribute(name, value === true ? "" : visible(String(value)));
-        }
+        node.setAttribute(name, value === true ? "" : visible(String(value)));
     }
     append(node, children);
     return node;
@@ -30,7 +26,7 @@ function append(node, children) {
     }
 }
 
-/** An element; `on` in its attributes holds event listeners. */
+/** An element; an attribute that is null, undefined or false is left out. */
 function el(tag, attributes = {}, ...children) {
     return fill(document.createElement(tag), attributes, children);
 }
@@ -45,8 +41,8 @@ const KEPT_AT_AN_END = 100;
 /** A text of any length: the middle of a very long one waits behind a button. */
 function longText(text) {
     if (text.length <= LONGEST_TEXT) return [text];
-    const middle = el("span", { class: "middle", hidden: true }, text.slice(KEPT_AT_AN_END, -KEPT_AT_AN_END));
-    const button = el("button", { type: "button", class: "more", "aria-expanded": "false" }, "\u2026");
+    const middle = el("span", {class: "middle", hidden: true}, text.slice(KEPT_AT_AN_END, -KEPT_AT_AN_END));
+    const button = el("button", {type: "button", class: "more", "aria-expanded": "false"}, "\u2026");
     button.setAttribute("aria-label", `Show all ${text.length} characters`);
     button.addEventListener("click", () => {
         middle.hidden = !middle.hidden;
@@ -67,30 +63,36 @@ function parts(text = "") {
 
 /** A node, path or expression. */
 function code(text) {
-    return el("span", { class: "code" }, parts(text));
+    return el("span", {class: "code"}, parts(text));
 }
 
 /** The path of a file, whose name stands out. */
 function filePath(text) {
     if (text.length > LONGEST_TEXT) return code(text);
     const folder = folderOf(text);
-    return el("span", { class: "code" }, el("span", { class: "quiet" }, breakable(folder)), el("wbr"), text.slice(folder.length));
+    return el(
+        "span", {class: "code"}, el("span", {class: "quiet"}, breakable(folder)), el("wbr"), text.slice(folder.length));
 }
 
 function section(id, title, ...children) {
-    const heading = el("h3", { id: `${id}-title` }, title);
-    return el("section", { id, "aria-labelledby": `${id}-title`, tabindex: "-1" }, heading, children);
+    const heading = el("h3", {id: `${id}-title`}, title);
+    return el("section", {id, "aria-labelledby": `${id}-title`, tabindex: "-1"}, heading, children);
 }
 
 /** A table without controls. Columns are pairs of a title and a function from an entry to a cell's children. */
 function plainTable(caption, columns, entries) {
-    const heads = columns.map(([title]) => el("th", { scope: "col" }, title));
+    const heads = columns.map(([title]) => el("th", {scope: "col"}, title));
     const rows = entries.map((entry) => el("tr", {}, columns.map(([, cell]) => el("td", {}, cell(entry)))));
-    return el("div", { class: "scroll", role: "region", "aria-label": caption, tabindex: "0" },
-        el("table", {}, el("caption", { class: "unseen" }, caption),
-            el("thead", {}, el("tr", {}, heads)), el("tbody", {}, rows)));
+    return el(
+        "div", {class: "scroll", role: "region", "aria-label": caption, tabindex: "0"},
+        el("table", {}, el("caption", {class: "unseen"}, caption), el("thead", {}, el("tr", {}, heads)),
+           el("tbody", {}, rows)));
 }
 
-function plural(count, one, many = `${one}s`) {
-    return `${count} ${count === 1 ? one : many}`;
+function nounFor(count, one) {
+    return count === 1 ? one : `${one}s`;
+}
+
+function plural(count, one) {
+    return `${count} ${nounFor(count, one)}`;
 }

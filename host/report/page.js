@@ -1,14 +1,17 @@
 // The page: header, one panel a scene, and what keys, links, pointer and printer do.
 
-const { scenes, program } = data;
+const {scenes, program} = data;
 const names = sceneNames(scenes);
 
 const MOST_HINTS = 3;
 
 /** Whoever looks for a driver finds it beside the filter, too, when it has no job. */
 function skippedHint(entries) {
-    const shown = entries.slice(0, MOST_HINTS).map(({ item, id }) =>
-        el("div", {}, "Without a job: ", el("a", { href: `#${id}` }, longText(item.node)), ", ", longText(item.text)));
+    const shown = entries.slice(0, MOST_HINTS)
+                      .map(
+                          ({item, id}) =>
+                              el("div", {}, "Without a job: ", el("a", {href: `#${id}`}, longText(item.node)), ", ",
+                                 longText(item.text)));
     const more = entries.length - MOST_HINTS;
     return [shown, more > 0 ? el("div", {}, `and ${more} more`) : null];
 }
@@ -19,26 +22,32 @@ class SceneView {
         this.scene = scene;
         this.index = index;
         this.name = names[index];
-        this.panel = el("section", { id: `s${index}`, class: "panel", tabindex: "-1", "aria-label": `Scene ${this.name}` });
+        this.panel =
+            el("section", {id: `s${index}`, class: "panel", tabindex: "-1", "aria-label": `Scene ${this.name}`});
     }
 
     fill() {
         if (this.isFilled) return;
         this.isFilled = true;
-        const { scene, index } = this;
+        const {scene, index} = this;
         this.skipped = skippedSection(scene, index);
-        append(this.panel, [this.title(), this.failure(), figures(scene, index), warningsSection(scene, index),
-            this.skipped.element, this.jobsSection(), factSections(scene, index)]);
+        append(this.panel, [
+            this.title(), this.failure(), figures(scene, index), warningsSection(scene, index), this.skipped.element,
+            this.jobsSection(), factSections(scene, index)
+        ]);
     }
 
     title() {
         const path = this.scene.scene;
-        return el("div", { class: "scene" }, el("h2", {}, longText(fileNameOf(path))), el("p", { class: "code quiet" }, longText(folderOf(path))));
+        return el(
+            "div", {class: "scene"}, el("h2", {}, longText(fileNameOf(path))),
+            el("p", {class: "code quiet"}, longText(folderOf(path))));
     }
 
     failure() {
         if (this.scene.code === 1) return null;
-        return el("p", { class: "failure", role: "alert" }, el("b", {}, "Failed: "), longText(this.scene.error ?? "no reason given"), ` (code ${this.scene.code})`);
+        const reason = longText(this.scene.error ?? "no reason given");
+        return el("p", {class: "failure"}, el("b", {}, "Failed: "), reason, ` (code ${this.scene.code})`);
     }
 
     jobsSection() {
@@ -48,20 +57,23 @@ class SceneView {
         if (hasNone) return section(id, "Jobs", el("p", {}, "This scene has no jobs."));
         this.jobs = new JobTable(this.scene, this.index);
         this.chart = new FrameChart(this.jobs.rows, this.scene.jobs);
-        this.input = el("input", { type: "search", id: `s${this.index}-filter`, autocomplete: "off", spellcheck: "false", on: { input: () => this.filter() } });
+        this.input =
+            el("input", {type: "search", id: `s${this.index}-filter`, autocomplete: "off", spellcheck: "false"});
+        this.input.addEventListener("input", () => this.filter());
         this.input.addEventListener("keydown", (event) => this.leaveFilter(event));
-        this.count = el("span", { class: "count", role: "status" });
-        this.hint = el("div", { class: "found-without" });
-        this.found = el("div", {}, this.chart.element,
-            el("div", { class: "wide", role: "region", "aria-label": "Job table", tabindex: "0" }, this.jobs.table));
+        this.count = el("span", {class: "count", role: "status"});
+        this.hint = el("div", {class: "found-without"});
+        this.found =
+            el("div", {}, this.chart.element,
+               el("div", {class: "wide", role: "region", "aria-label": "Job table", tabindex: "0"}, this.jobs.table));
         this.filter();
         return section(id, "Jobs", this.filterBar(), this.found);
     }
 
     /** It stays in view, and the head of the table below it, however high it is. */
     filterBar() {
-        const bar = el("div", { class: "filter" }, el("label", { for: this.input.id }, "Filter"), this.input,
-            el("kbd", { "aria-hidden": "true" }, "/"), this.count, this.hint);
+        const bar = el("div", {class: "filter"}, el("label", { for: this.input.id
+                       }, "Filter"), this.input, el("kbd", {"aria-hidden": "true"}, "/"), this.count, this.hint);
         new ResizeObserver(() => this.panel.style.setProperty("--filter-height", `${bar.offsetHeight}px`)).observe(bar);
         return bar;
     }
@@ -72,7 +84,8 @@ class SceneView {
         this.chart.refresh();
         this.found.hidden = left === 0;
         const found = words.length === 0 ? [] : this.skipped.entries.filter((entry) => holdsAll(entry.text, words));
-        this.count.textContent = `${left} of ${plural(this.jobs.rows.length, "job")}${found.length > 0 ? `, ${found.length} without a job` : ""}`;
+        this.count.textContent = `${left} of ${plural(this.jobs.rows.length, "job")}${
+            found.length > 0 ? `, ${found.length} without a job` : ""}`;
         this.hint.replaceChildren();
         append(this.hint, skippedHint(found));
     }
@@ -84,8 +97,10 @@ class SceneView {
 
     leaveFilter(event) {
         if (event.key !== "Escape") return;
-        if (this.input.value === "") this.input.blur();
-        else this.clearFilter();
+        if (this.input.value === "")
+            this.input.blur();
+        else
+            this.clearFilter();
         event.preventDefault();
     }
 }
@@ -95,33 +110,44 @@ const views = scenes.map((scene, index) => new SceneView(scene, index));
 /** The panel of all scenes, only there for several: figures of each, and what differs between two. */
 function overviewPanel() {
     const columns = [
-        ["Scene", ({ name, index }) => el("a", { href: `#s${index}` }, longText(name))],
-        ["Folder", ({ scene }) => code(folderOf(scene.scene))],
-        ["Houdini", ({ scene }) => scene.facts?.houdiniVersion || null],
-        ["Frames", ({ scene }) => frameRangeText(scene.facts?.frameRange)],
-        ["Jobs", ({ scene }) => scene.jobs.length],
-        ["Skipped", ({ scene }) => scene.skipped && skippedDrivers(scene).length],
-        ["Warnings", ({ scene }) => scene.warnings?.length],
-        ["Result", ({ scene }) => (scene.code === 1 ? "loaded" : el("span", { class: "fault" }, longText(scene.error ?? "failed")))],
+        ["Scene", ({name, index}) => el("a", {href: `#s${index}`}, longText(name))],
+        ["Folder", ({scene}) => code(folderOf(scene.scene))],
+        ["Houdini", ({scene}) => scene.facts?.houdiniVersion || null],
+        ["Frames", ({scene}) => frameRangeText(scene.facts?.frameRange)],
+        ["Jobs", ({scene}) => scene.jobs.length],
+        ["Skipped", ({scene}) => scene.skipped && skippedDrivers(scene).length],
+        ["Warnings", ({scene}) => scene.warnings?.length],
+        [
+            "Result",
+            ({scene}) => (scene.code === 1 ? "loaded" : el("span", {class: "fault"}, longText(scene.error ?? "failed")))
+        ],
     ];
-    return el("section", { id: "overview", class: "panel", tabindex: "-1", "aria-label": "All scenes" },
-        el("h2", {}, "Scenes"), plainTable("Scenes", columns, views), comparison(views));
+    return el(
+        "section", {id: "overview", class: "panel", tabindex: "-1", "aria-label": "All scenes"}, el("h2", {}, "Scenes"),
+        plainTable("Scenes", columns, views), comparison(views));
 }
 
-const panels = scenes.length > 1 ? [{ name: "All scenes", panel: overviewPanel(), fill() {} }, ...views] : views;
+const panels = scenes.length > 1 ? [{name: "All scenes", panel: overviewPanel(), fill() {}}, ...views] : views;
 
 /** Tabs that name the panels; only one panel is shown. */
 class Tabs {
     constructor() {
-        this.buttons = panels.map((view, index) => {
-            const attributes = { role: "tab", type: "button", id: `tab-${view.panel.id}`, "aria-controls": view.panel.id, on: { click: () => this.select(index) } };
-            return el("button", attributes, view.name, view.scene && view.scene.code !== 1 ? el("span", { class: "mark", role: "img", "aria-label": "failed" }, "!") : null);
-        });
-        this.element = el("div", { class: "tabs", role: "tablist", "aria-label": "Scenes" }, this.buttons);
+        this.buttons = panels.map((view, index) => this.button(view, index));
+        this.element = el("div", {class: "tabs", role: "tablist", "aria-label": "Scenes"}, this.buttons);
         this.element.addEventListener("keydown", (event) => this.move(event));
         if (panels.length > 1) {
-            for (const [index, view] of panels.entries()) fill(view.panel, { role: "tabpanel", "aria-labelledby": this.buttons[index].id }, []);
+            for (const [index, view] of panels.entries())
+                fill(view.panel, {role: "tabpanel", "aria-labelledby": this.buttons[index].id}, []);
         }
+    }
+
+    button({panel, name, scene}, index) {
+        const hasFailed = scene && scene.code !== 1;
+        const mark = hasFailed ? el("span", {class: "mark", role: "img", "aria-label": "failed"}, "!") : null;
+        const button =
+            el("button", {role: "tab", type: "button", id: `tab-${panel.id}`, "aria-controls": panel.id}, name, mark);
+        button.addEventListener("click", () => this.select(index));
+        return button;
     }
 
     select(index) {
@@ -136,7 +162,7 @@ class Tabs {
 
     move(event) {
         const last = panels.length - 1;
-        const targets = { ArrowRight: this.selected + 1, ArrowLeft: this.selected - 1, Home: 0, End: last };
+        const targets = {ArrowRight: this.selected + 1, ArrowLeft: this.selected - 1, Home: 0, End: last};
         const target = targets[event.key];
         if (target === undefined) return;
         event.preventDefault();
@@ -150,14 +176,14 @@ const tabs = new Tabs();
 // Links lead to places of the page, which may be in another panel, filtered away or folded up.
 
 function makeShown(target) {
-    const view = views.find(({ panel }) => panel.contains(target));
+    const view = views.find(({panel}) => panel.contains(target));
     if (target.hidden && view?.input) view.clearFilter();
     target.closest("details")?.setAttribute("open", "");
 }
 
 function goTo(hash) {
     const id = decodeURIComponent(hash.slice(1));
-    const at = panels.findIndex(({ panel }) => id === panel.id || id.startsWith(`${panel.id}-`));
+    const at = panels.findIndex(({panel}) => id === panel.id || id.startsWith(`${panel.id}-`));
     if (at < 0) return;
     tabs.select(at);
     const target = document.getElementById(id);
@@ -166,14 +192,14 @@ function goTo(hash) {
     for (const found of document.querySelectorAll(".found")) found.classList.remove("found");
     const isPart = target !== panels[at].panel;
     if (isPart) target.classList.add("found");
-    target.scrollIntoView({ block: target.matches("tr, li") ? "center" : "start" });
-    target.focus({ preventScroll: true });
+    target.scrollIntoView({block: target.matches("tr, li") ? "center" : "start"});
+    target.focus({preventScroll: true});
 }
 
 function followLinks() {
     document.addEventListener("click", (event) => {
         const link = event.target.closest?.("a[href^='#s']");
-        if (!link || link.getAttribute("href") !== location.hash) return; // another place is told by hashchange
+        if (!link || link.getAttribute("href") !== location.hash) return;  // another place is told by hashchange
         event.preventDefault();
         goTo(location.hash);
     });
@@ -185,7 +211,7 @@ function followLinks() {
 const darkSystem = matchMedia("(prefers-color-scheme: dark)");
 
 function themeButton() {
-    const button = el("button", { type: "button", class: "theme" });
+    const button = el("button", {type: "button", class: "theme"});
     const apply = (isDark) => {
         document.documentElement.dataset.theme = isDark ? "dark" : "light";
         button.textContent = isDark ? "Light colours" : "Dark colours";
@@ -205,7 +231,7 @@ function themeButton() {
 function handleKeys() {
     document.addEventListener("keydown", (event) => {
         const isTyping = event.target.matches?.("input, select");
-        const { input } = panels[tabs.selected];
+        const {input} = panels[tabs.selected];
         if (event.key !== "/" || isTyping || event.ctrlKey || event.metaKey || event.altKey || !input) return;
         event.preventDefault();
         input.focus();
@@ -229,7 +255,9 @@ function showTips() {
         tip.style.top = `${below + tip.offsetHeight > innerHeight ? box.top - tip.offsetHeight - 6 : below}px`;
     };
     for (const event of ["pointerover", "focusin"]) document.addEventListener(event, show);
-    document.addEventListener("focusout", () => { tip.hidden = true; });
+    document.addEventListener("focusout", () => {
+        tip.hidden = true;
+    });
 }
 
 /** On paper all panels are there and everything is unfolded. */
@@ -249,18 +277,23 @@ function totals() {
     const sum = (count) => scenes.reduce((total, scene) => total + count(scene), 0);
     const failed = sum((scene) => (scene.code === 1 ? 0 : 1));
     const parts = [plural(scenes.length, "scene"), plural(sum((scene) => scene.jobs.length), "job")];
-    if (scenes.some((scene) => scene.skipped)) parts.push(`${plural(sum((scene) => skippedDrivers(scene).length), "driver")} skipped`);
-    if (scenes.some((scene) => scene.warnings)) parts.push(plural(sum((scene) => scene.warnings?.length ?? 0), "warning"));
+    if (scenes.some((scene) => scene.skipped))
+        parts.push(`${plural(sum((scene) => skippedDrivers(scene).length), "driver")} skipped`);
+    if (scenes.some((scene) => scene.warnings))
+        parts.push(plural(sum((scene) => scene.warnings?.length ?? 0), "warning"));
     if (failed > 0) parts.push(`${failed} failed`);
     return parts.join(" \u00b7 ");
 }
 
 function start() {
-    document.title = visible(scenes.length === 1 ? `Render jobs: ${names[0]}` : `Render jobs of ${scenes.length} scenes`);
-    append(document.getElementById("top"), [el("h1", {}, "Render jobs"), el("p", { class: "totals" }, totals()), themeButton(),
-        panels.length > 1 ? tabs.element : null]);
+    document.title =
+        visible(scenes.length === 1 ? `Render jobs: ${names[0]}` : `Render jobs of ${scenes.length} scenes`);
+    append(document.getElementById("top"), [
+        el("h1", {}, "Render jobs"), el("p", {class: "totals"}, totals()), themeButton(),
+        panels.length > 1 ? tabs.element : null
+    ]);
     const content = document.getElementById("content");
-    content.replaceChildren(...panels.map(({ panel }) => panel));
+    content.replaceChildren(...panels.map(({panel}) => panel));
     append(document.getElementById("bottom"), [`Generated by ${program}`]);
     tabs.select(0);
     followLinks();
