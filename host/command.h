@@ -23,6 +23,7 @@ _command addExplain(CLI::App& program);
 _command addDiff(CLI::App& program);
 _command addInfo(CLI::App& program);
 _command addJobs(CLI::App& program);
+_command addReport(CLI::App& program);
 _command addVars(CLI::App& program);
 
 /// Adds `--plugin`, with the plug-in beside this program where it is not given.

@@ -16,7 +16,7 @@ struct _options {
 
 int run(const _options& options, const _submitterArguments& submitter) {
     const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
-    return runScenes(options.scenes, {sceneFileFilter(), options.format, explain, explanationText});
+    return printScenes(options.scenes, sceneFileFilter(), explain, options.format, explanationText);
 }
 
 }  // namespace

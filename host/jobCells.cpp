@@ -42,6 +42,15 @@ QString writtenOutFolder(const QJsonObject& job, const _cellScene& scene) {
     return text(job, "sceneDatabaseDir") + folder.mid(databaseMark.size());
 }
 
+QString outputIn(const QString& folder, const QJsonObject& job) {
+    const bool oneFile = job[QLatin1String{"imageSingleOutputFile"}].toBool();
+    const QString fileName = text(job, "imageFileName");
+    const QString digits{fileName.isEmpty() || oneFile ? 0 : number(job, "imagePadding"), QLatin1Char('#')};
+    QString output = folder + fileName + digits + text(job, "imageExtension");
+    const QString take = text(job, "channel");
+    return take.isEmpty() ? output : output.replace(channelMark, take);
+}
+
 }  // namespace
 
 _cellScene::_cellScene(const QJsonObject& result)
@@ -79,12 +88,11 @@ QString framesCell(const QJsonObject& job) {
 }
 
 QString outputCell(const QJsonObject& job, const _cellScene& scene) {
-    const bool oneFile = job[QLatin1String{"imageSingleOutputFile"}].toBool();
-    const QString fileName = text(job, "imageFileName");
-    const QString digits{fileName.isEmpty() || oneFile ? 0 : number(job, "imagePadding"), QLatin1Char('#')};
-    QString output = writtenOutFolder(job, scene) + fileName + digits + text(job, "imageExtension");
-    const QString take = text(job, "channel");
-    return take.isEmpty() ? output : output.replace(channelMark, take);
+    return outputIn(writtenOutFolder(job, scene), job);
+}
+
+QString recordedOutputCell(const QJsonObject& job) {
+    return outputIn(text(job, "imageDir"), job);
 }
 
 QString sizeCell(const QJsonObject& job) {

@@ -25,6 +25,8 @@ QString framesCell(const QJsonObject& job);
 /// Folder, file name, "#" for each frame digit, and extension as one path. The folder's "<Database>" and
 /// "<SceneFolder>" are written out, and so is "<Channel>" in a job of one take.
 QString outputCell(const QJsonObject& job, const _cellScene& scene);
+/// The same with the folder as it is recorded: alike for scenes that only lie in different folders.
+QString recordedOutputCell(const QJsonObject& job);
 /// "1920x1080"; empty where the camera decides
 QString sizeCell(const QJsonObject& job);
 /// Numbers of the jobs it waits for: "1, 2"; "id 44" where own numbers are missing or no longer unique

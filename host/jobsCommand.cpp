@@ -21,8 +21,10 @@ int run(const _options& options, const _submitterArguments& submitter) {
     if (info.code != 0) return noPlugin(info.failure);
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
-    const auto load = [&](const QString& scene) { return loadScene(plugin, scene, submitter, jobsToJson); };
-    return runScenes(options.scenes, {info.answer[fileFilterKey].toString(), options.format, load, jobText});
+    const auto load = [&](const QString& scene) {
+        return loadScene(plugin.loadSceneFile, scene, submitter, jobsToJson);
+    };
+    return printScenes(options.scenes, info.answer[fileFilterKey].toString(), load, options.format, jobText);
 }
 
 }  // namespace

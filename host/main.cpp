@@ -16,13 +16,14 @@ namespace {
 using namespace vxH;
 
 /// In the order in which the help shows them.
-constexpr std::array commands{addJobs, addExplain, addVars, addDiff, addInfo};
+constexpr std::array commands{addJobs, addExplain, addReport, addVars, addDiff, addInfo};
 
 constexpr const char* examples =
     "Examples:\n"
     "  vxscene info\n"
     "  vxscene jobs shot010.hip shot020.hip\n"
     "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000\n"
+    "  vxscene report -o shot010.html shot010.hip\n"
     "  vxscene vars --job 2 shot010.hip\n"
     "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
     "\n"

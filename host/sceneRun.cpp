@@ -1,8 +1,9 @@
-// A child sends the bytes to print, so that this process has nothing to take apart.
+// A child sends what is handed on, so that this process has nothing to take apart.
 #include "host/sceneRun.h"
 
 #include <QDataStream>
 #include <QIODevice>
+#include <QJsonDocument>
 #include <cerrno>
 #include <csignal>
 
@@ -16,51 +17,49 @@ namespace vxH {
 namespace {
 
 /// A result as a child sends it.
-struct _printedResult {
+struct _sentResult {
     qint32 code = 0;
     QString error;
-    QByteArray text;
+    QByteArray packed;
 };
 
-QByteArray packed(const _printedResult& result) {
+QByteArray bytesOf(const _sentResult& result) {
     QByteArray bytes;
-    QDataStream{&bytes, QIODevice::WriteOnly} << result.code << result.error << result.text;
+    QDataStream{&bytes, QIODevice::WriteOnly} << result.code << result.error << result.packed;
     return bytes;
 }
 
-_printedResult unpacked(const QByteArray& bytes) {
-    _printedResult result;
+_sentResult fromBytes(const QByteArray& bytes) {
+    _sentResult result;
     QDataStream stream{bytes};
-    stream >> result.code >> result.error >> result.text;
+    stream >> result.code >> result.error >> result.packed;
     return result;
 }
 
-class _scenePrinting {
+class _sceneReceiver {
  public:
-    _scenePrinting(const _sceneRun& sceneRun, _progress& sceneProgress)
-        : run(sceneRun), progress(sceneProgress), terminal(standardOutputTerminal()), output(sceneRun.format) {}
+    _sceneReceiver(const _sceneRun& sceneRun, _progress& sceneProgress) : run(sceneRun), progress(sceneProgress) {}
 
-    _printedResult printed(const QJsonObject& result) const {
-        return {result[codeKey].toInt(), result[errorKey].toString(),
-                resultText(result, run.format, run.table, terminal)};
+    _sentResult sent(const QJsonObject& result) const {
+        return {result[codeKey].toInt(), result[errorKey].toString(), run.pack(result)};
     }
 
     bool receive(const _batchResult& result) {
         if (!result.isScene) return tellOfList(result.failure);
-        const auto shown = result.code == 0 ? unpacked(result.output)
-                                            : printed(sceneResult(result.scene, result.code, result.failure));
-        if (terminal.width > 0) progress.clear();
-        if (!keepsOutput(output.print(shown.text))) return false;
-        if (shown.code == vxP::resultSuccess) return true;
+        const auto got =
+            result.code == 0 ? fromBytes(result.output) : sent(sceneResult(result.scene, result.code, result.failure));
+        if (run.printsToTerminal) progress.clear();
+        if (!keepsOn(run.take(got.packed))) return false;
+        if (got.code == vxP::resultSuccess) return true;
         progress.clear();
-        status = sceneFailed(sceneResult(result.scene, shown.code, shown.error));
+        status = sceneFailed(sceneResult(result.scene, got.code, got.error));
         return true;
     }
 
     /// @return the exit status, unless a signal ends the program
     int finish() {
         progress.clear();
-        if (hasOutput) keepsOutput(output.finish());
+        if (hasOutput) keepsOn(run.finish());
         if (const int signal = _interrupts::noted(); signal != 0) endBySignal(signal);
         return status;
     }
@@ -73,7 +72,7 @@ class _scenePrinting {
         return true;
     }
 
-    bool keepsOutput(bool isWritten) {
+    bool keepsOn(bool isWritten) {
         if (isWritten) return true;
         hasOutput = false;
         if (errno == EPIPE) _interrupts::note(SIGPIPE);
@@ -86,8 +85,6 @@ class _scenePrinting {
 
     const _sceneRun& run;
     _progress& progress;
-    _terminal terminal;
-    _resultOutput output;
     bool hasOutput = true;
     int status = exitSuccess;
 };
@@ -103,10 +100,29 @@ _batchLimits limitsOf(const _sceneOptions& options) {
 int runScenes(const _sceneOptions& options, const _sceneRun& run) {
     _sceneList scenes{options.scenes, options.recursive, run.fileFilter};
     _progress progress{!options.noProgress};
-    _scenePrinting printing{run, progress};
-    const auto work = [&](const QString& scene) { return packed(printing.printed(run.work(scene))); };
-    runBatch(scenes, work, limitsOf(options), progress, [&](const auto& result) { return printing.receive(result); });
-    return printing.finish();
+    _sceneReceiver receiver{run, progress};
+    const auto work = [&](const QString& scene) { return bytesOf(receiver.sent(run.work(scene))); };
+    runBatch(scenes, work, limitsOf(options), progress, [&](const auto& result) { return receiver.receive(result); });
+    return receiver.finish();
+}
+
+int printScenes(const _sceneOptions& options, const QString& fileFilter, const _sceneWork& work, _format format,
+                const _resultTable& table) {
+    const _terminal terminal = standardOutputTerminal();
+    _resultOutput output{format};
+    const auto pack = [&](const QJsonObject& result) { return resultText(result, format, table, terminal); };
+    const auto print = [&](const QByteArray& text) { return output.print(text); };
+    return runScenes(options, {fileFilter, work, pack, print, [&] { return output.finish(); }, terminal.width > 0});
+}
+
+int collectScenes(const _sceneOptions& options, const QString& fileFilter, const _sceneWork& work,
+                  QJsonArray& results) {
+    const auto pack = [](const QJsonObject& result) { return QJsonDocument(result).toJson(QJsonDocument::Compact); };
+    const auto keep = [&](const QByteArray& packed) {
+        results.append(QJsonDocument::fromJson(packed).object());
+        return true;
+    };
+    return runScenes(options, {fileFilter, work, pack, keep, [] { return true; }});
 }
 
 }  // namespace vxH
