@@ -1,21 +1,16 @@
 #include "host/command.h"
 
-#include <map>
-
 #include "host/terminal.h"
 
 namespace vxH {
 
 void addPluginOption(CLI::App& command, std::string& plugin) {
-    plugin = pluginBesideProgram().toStdString();
-    command.add_option("--plugin", plugin, "Plug-in file instead of the one beside this program")->type_name("FILE");
+    plugin = defaultPlugin().toStdString();
+    command.add_option("--plugin", plugin, "Plug-in file instead of the program's own")->type_name("FILE");
 }
 
 void addTextOrJson(CLI::App& command, bool& asJson) {
-    static const std::map<std::string, bool> formats{{"text", false}, {"json", true}};
-    command.add_option("--format", asJson, "text or json")
-        ->transform(CLI::CheckedTransformer(formats).description(""))
-        ->type_name("FORMAT");
+    addChoice<bool>(command, "--format", asJson, {{"text", false}, {"json", true}}, "How to print it");
 }
 
 int noPlugin(const QString& problem) {

@@ -3,8 +3,11 @@
 
 #include <CLI/CLI.hpp>
 #include <QJsonObject>
+#include <algorithm>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/resultCodes.h"
 #include "host/sceneLoad.h"
@@ -22,8 +25,26 @@ _command addInfo(CLI::App& program);
 _command addJobs(CLI::App& program);
 _command addVars(CLI::App& program);
 
-/// Adds `--plugin`, with the plug-in beside this program where it is not given.
+/// Stands between the words in the type name of an option that takes one of them.
+inline constexpr const char* choiceMark = "|";
+
+/// Adds `--plugin`, with the program's own plug-in where it is not given.
 void addPluginOption(CLI::App& command, std::string& plugin);
+/// Adds an option that takes one of a few words. The help shows them: `--format table|json|jsonl`.
+template <class _value>
+void addChoice(CLI::App& command, const std::string& name, _value& chosen,
+               const std::vector<std::pair<std::string, _value>>& choices, const std::string& description) {
+    std::string words;
+    for (const auto& choice : choices) words += (words.empty() ? "" : choiceMark) + choice.first;
+    const auto choose = [=, &chosen](const std::string& word) {
+        const auto found =
+            std::find_if(choices.begin(), choices.end(), [&](const auto& choice) { return choice.first == word; });
+        if (found == choices.end()) throw CLI::ValidationError(name, word + " is not one of " + words);
+        chosen = found->second;
+    };
+    command.add_option_function<std::string>(name, choose, description)->type_name(words);
+}
+
 /// Adds `--format text|json`.
 void addTextOrJson(CLI::App& command, bool& asJson);
 

@@ -47,9 +47,9 @@ _command addVars(CLI::App& program) {
         ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""))
         ->type_name("N");
     line->footer("Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip");
-    line->add_option("scene", options->scene, "Scene file; submitter arguments follow \"--\"")
+    line->add_option("SCENE", options->scene, "Scene file; submitter arguments follow \"--\"")
         ->required()
-        ->type_name("SCENE");
+        ->type_name("");
     return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
 }
 

@@ -117,10 +117,12 @@ struct _usage {
 };
 const _usage usages[] = {
     {"help", {"--help"}, 0, "Usage: vxscene"},
+    {"version", {"--version"}, 0, "\nrecord layout "},
     {"info", {"info", "--plugin", VX_FAKE_PLUGIN}, 0, "appName: Fake?[1m\n"},
     {"info_json", {"info", "--plugin", VX_FAKE_PLUGIN, "--format", "json"}, 0, R"("fileFilter": "*.fake;")"},
-    {"no_scene", {"jobs"}, 2, "scenes"},
+    {"no_scene", {"jobs"}, 2, "SCENE"},
     {"unknown_option", {"jobs", "--\x1b[1mfast\nx", "a.hip"}, 2, "fast"},
+    {"choice_by_number", {"jobs", "--format", "1", "a.hip"}, 2, "--format: 1 is not one of table|json|jsonl"},
     {"no_such_plugin", {"jobs", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
     {"no_entry_points", {"info", "--plugin", VX_NO_PLUGIN}, 3, "no entry point"},
     {"empty_path", {"jobs", "--plugin", VX_FAKE_PLUGIN, ""}, 1, "absolute"},
@@ -189,7 +191,8 @@ TEST(VxScene, HostileTextsCannotSteerATerminal) {
 }
 
 TEST(VxScene, TableNamesSceneJobsAndWaiting) {
-    EXPECT_EQ(runJobs({"/projects/exportPair.hip", "/noJobs.hip"}).out.toStdString(),
+    const auto piped = runCommand("jobs", {"/projects/exportPair.hip", "/noJobs.hip"}, {"TERM=xterm", "COLUMNS=20"});
+    EXPECT_EQ(piped.out.toStdString(),
               R"(/projects/exportPair.hip: Houdini 19.5.640, 2 jobs
 #  driver       renderer           frames        output              camera  take     size     waits for
 1  out/mantra1  Houdini/createIFD  1001-1100 x2  /ifd/shot.####.ifd
@@ -245,10 +248,24 @@ TEST(VxScene, PluginBesideTheProgramIsFound) {
     EXPECT_EQ(host.out, QByteArray{"/noJobs.hip: no jobs\n"}) << host.error.constData();
 }
 
+TEST(VxScene, SceneOfAnyNameIsLoadedInAnyLocale) {
+    const auto folder = fs::temp_directory_path() / ("mit Leerzeichen " + std::to_string(getpid()));
+    const auto scene = folder / "szene ä 日本.hip";
+    fs::create_directory(folder);
+    fs::copy_file(VX_EXAMPLE_SCENE, scene);
+    for (const auto* locale : {"LC_ALL=C", "LC_ALL=C.UTF-8", "LC_ALL=no_SUCH.ISO-8859-1"}) {
+        const auto host = run(VX_SCENE_PROGRAM, {"jobs", "--format", "json", scene.native()}, {locale});
+        const auto result = parsedList(host)[0].toObject();
+        EXPECT_EQ(textOf(result, "scene").toStdString(), scene.native());
+        EXPECT_FALSE(result[QLatin1String{"jobs"}].toArray().isEmpty()) << host.error.constData();
+    }
+    fs::remove_all(folder);
+}
+
 TEST(VxScene, FullDiskIsAFailure) {
-    EXPECT_EQ(run("/bin/sh", {"-c", "'" VX_SCENE_PROGRAM "' jobs --plugin '" VX_FAKE_PLUGIN "' /noJobs.hip >/dev/full"})
-                  .status,
-              1);
+    for (const auto* arguments :
+         {"jobs --plugin '" VX_FAKE_PLUGIN "' /noJobs.hip", "--help", "jobs --help", "--version"})
+        EXPECT_EQ(run("/bin/sh", {"-c", std::string{"'" VX_SCENE_PROGRAM "' "} + arguments + " >/dev/full"}).status, 1);
 }
 
 }  // namespace
