@@ -1,5 +1,4 @@
 # What every target shares: language level, warnings, visibility, the Qt in use, output folders.
-include(GNUInstallDirs)
 
 set(VX_QT_MAJOR 6 CACHE STRING "Qt to build with: 6, or 5 for Qt 5.15")
 option(VX_BUILD_BENCHMARKS "Build the benchmarks in bench/" OFF)

@@ -53,29 +53,25 @@ int run(const _options& options, const _submitterArguments& submitter) {
 
 _command addDiff(CLI::App& program) {
     const auto options = std::make_shared<_options>();
-    auto* const line =
-        program.add_subcommand("diff", "Print which jobs came, went or changed from one scene to another");
-    addPluginOption(*line, options->plugin);
-    addTextOrJson(*line, options->asJson);
-    line->add_flag("--all", options->everyField, "Every field that differs, whatever the reason");
-    line->footer(
+    auto* const line = addCommand(
+        program, "diff", "Print which jobs came, went or changed from one scene to another",
         "A job is found again by its driver, and among the driver's jobs by renderer, take and output, wherever it\n"
         "stands. A driver that was renamed counts as gone and another one as come.\n"
         "Not shown without --all: in paths, the folder of the scene where a path begins with it, and the name of the\n"
         "scene where it is a whole word; a job's own number, and other numbers for the same jobs to wait for.\n"
         "A scene whose drivers have no usable output names is told on the error stream and compared as one without\n"
         "jobs.\n"
-        "\n"
-        "Exit status: 0 no difference, 1 differences, 2 wrong usage or a scene failed, 3 the plug-in cannot be "
-        "loaded.\n"
-        "\n"
-        "Examples:\n"
-        "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
-        "  vxscene diff --format json shot010_v001.hip shot010_v002.hip -- -houdiniBuildVersion 50000");
-    line->add_option("old", options->oldScene, "Scene file to compare with")->required()->type_name("OLD");
-    line->add_option("new", options->newScene, "Scene file; submitter arguments follow \"--\"")
-        ->required()
-        ->type_name("NEW");
+        "\n" +
+            exitStatusHelp(comparisonStatuses) +
+            "\n"
+            "Examples:\n"
+            "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
+            "  vxscene diff --format json shot010_v001.hip shot010_v002.hip -- -houdiniBuildVersion 50000");
+    addPluginOption(*line, options->plugin);
+    addTextOrJson(*line, options->asJson);
+    addFlag(*line, "--all", options->everyField, "Every field that differs, whatever the reason");
+    addArgument(*line, "OLD", options->oldScene, "Scene file to compare with");
+    addArgument(*line, "NEW", options->newScene, "Scene file; submitter arguments follow \"--\"");
     return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }, exitTrouble};
 }
 

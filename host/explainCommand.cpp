@@ -1,6 +1,4 @@
 // vxscene explain
-#include <map>
-
 #include "host/command.h"
 #include "host/explanationText.h"
 #include "host/sceneExplanation.h"
@@ -22,22 +20,20 @@ int run(const _options& options, const _submitterArguments& submitter) {
 }  // namespace
 
 _command addExplain(CLI::App& program) {
-    static const std::map<std::string, _format> formats{
-        {"text", _format::table}, {"json", _format::json}, {"jsonl", _format::jsonl}};
     const auto options = std::make_shared<_options>();
-    auto* const line = program.add_subcommand(
-        "explain", "Tell what became of every node that may render, and why; submitter arguments follow \"--\"");
-    line->add_option("--format", options->format, "text, json (a list) or jsonl (one object a line)")
-        ->transform(CLI::CheckedTransformer(formats).description(""))
-        ->type_name("FORMAT");
+    auto* const line =
+        addCommand(program, "explain",
+                   "Tell what became of every node that may render, and why; submitter arguments follow \"--\"",
+                   "The readers are those of the plug-in that comes with this program.\n"
+                   "\n"
+                   "Examples:\n"
+                   "  vxscene explain shot010.hip\n"
+                   "  vxscene explain --format json shot010.hip | jq '.[].warnings'\n"
+                   "  vxscene explain --recursive --format jsonl /projects/kettle");
+    addChoice<_format>(*line, "--format", options->format,
+                       {{"text", _format::table}, {"json", _format::json}, {"jsonl", _format::jsonl}},
+                       "Text, a JSON list, or one JSON object a line");
     addSceneOptions(*line, options->scenes);
-    line->footer(
-        "The readers are those of the plug-in that comes with this program.\n"
-        "\n"
-        "Examples:\n"
-        "  vxscene explain shot010.hip\n"
-        "  vxscene explain --format json shot010.hip | jq '.[].warnings'\n"
-        "  vxscene explain --recursive --format jsonl /projects/kettle");
     return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
 }
 

@@ -43,10 +43,11 @@ int run(const _options& options) {
 
 _command addInfo(CLI::App& program) {
     const auto options = std::make_shared<_options>();
-    auto* const line = program.add_subcommand("info", "Print the plug-in's info record");
+    auto* const line = addCommand(program, "info", "Print the plug-in's info record",
+                                  "Examples:\n  vxscene info\n"
+                                  "  vxscene info --plugin ./lx_vxSceneParserHoudini64.so --format json");
     addPluginOption(*line, options->plugin);
     addTextOrJson(*line, options->asJson);
-    line->footer("Examples:\n  vxscene info\n  vxscene info --plugin ./lx_vxSceneParserHoudini64.so --format json");
     return {line, [options](const _submitterArguments&) { return run(*options); }};
 }
 

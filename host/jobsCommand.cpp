@@ -1,6 +1,4 @@
 // vxscene jobs
-#include <map>
-
 #include "host/askPlugin.h"
 #include "host/command.h"
 #include "host/jobTable.h"
@@ -30,21 +28,18 @@ int run(const _options& options, const _submitterArguments& submitter) {
 }  // namespace
 
 _command addJobs(CLI::App& program) {
-    static const std::map<std::string, _format> formats{
-        {"table", _format::table}, {"json", _format::json}, {"jsonl", _format::jsonl}};
     const auto options = std::make_shared<_options>();
     auto* const line =
-        program.add_subcommand("jobs", "Print the render jobs of scenes; submitter arguments follow \"--\"");
+        addCommand(program, "jobs", "Print the render jobs of scenes; submitter arguments follow \"--\"",
+                   "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
+                   "  vxscene jobs --recursive --timeout 60 /projects/kettle\n"
+                   "  find /projects -name '*.hip' -newer yesterday -print0 | vxscene jobs --format jsonl -\n"
+                   "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000");
     addPluginOption(*line, options->plugin);
-    line->add_option("--format", options->format, "table, json (a list) or jsonl (one object a line)")
-        ->transform(CLI::CheckedTransformer(formats).description(""))
-        ->type_name("FORMAT");
+    addChoice<_format>(*line, "--format", options->format,
+                       {{"table", _format::table}, {"json", _format::json}, {"jsonl", _format::jsonl}},
+                       "A table, a JSON list, or one JSON object a line");
     addSceneOptions(*line, options->scenes);
-    line->footer(
-        "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
-        "  vxscene jobs --recursive --timeout 60 /projects/kettle\n"
-        "  find /projects -name '*.hip' -newer yesterday -print0 | vxscene jobs --format jsonl -\n"
-        "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000");
     return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
 }
 

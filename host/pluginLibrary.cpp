@@ -30,10 +30,13 @@ QString _pluginLibrary::load(const QString& path) {
     return missing == nullptr ? QString{} : QStringLiteral("%1: no entry point %2").arg(path, QLatin1String{missing});
 }
 
-QString pluginBesideProgram() {
+QString defaultPlugin() {
     std::error_code ignored;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-    return QString::fromStdString((program.parent_path() / pluginFile).native());
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
+    const auto beside = folder / pluginFile;
+    const auto installed = (folder / VX_PLUGIN_FOLDER_FROM_PROGRAM / pluginFile).lexically_normal();
+    const bool isInstalled = !std::filesystem::exists(beside, ignored) && std::filesystem::exists(installed, ignored);
+    return QString::fromStdString((isInstalled ? installed : beside).native());
 }
 
 }  // namespace vxH

@@ -17,7 +17,7 @@ struct _pluginLibrary {
     QString load(const QString& path);
 };
 
-/// The plug-in's file beside this program.
-QString pluginBesideProgram();
+/// The program's own plug-in: the file beside the program, or where an installed program has it.
+QString defaultPlugin();
 
 }  // namespace vxH

@@ -53,14 +53,14 @@ int run(const _options& options, const _submitterArguments& submitter) {
 
 _command addReport(CLI::App& program) {
     const auto options = std::make_shared<_options>();
-    auto* const line = program.add_subcommand("report", "Write a page that shows the jobs of scenes, for a browser");
-    line->add_option("-o,--output", options->output, "File of the page; otherwise the standard output")
-        ->type_name("FILE");
+    auto* const line =
+        addCommand(program, "report",
+                   "Write a page that shows the jobs of scenes, for a browser; submitter arguments follow \"--\"",
+                   "Examples:\n  vxscene report -o shot010.html shot010.hip\n"
+                   "  vxscene report -o versions.html shot010_v1.hip shot010_v2.hip\n"
+                   "  vxscene report --recursive -o kettle.html /projects/kettle");
+    addText(*line, "-o,--output", options->output, "File of the page; otherwise the standard output", "FILE");
     addSceneOptions(*line, options->scenes);
-    line->footer(
-        "Examples:\n  vxscene report -o shot010.html shot010.hip\n"
-        "  vxscene report -o versions.html shot010_v1.hip shot010_v2.hip\n"
-        "  vxscene report --recursive -o kettle.html /projects/kettle");
     return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
 }
 

@@ -14,17 +14,35 @@ enum _hostCode : qint32 {
     hostTimedOut = -5,      ///< the child process was ended because it took too long
 };
 
-/// Exit status of the program.
+/// Exit status of the program; `exitStatuses` says what each means.
 enum _exitStatus : int {
     exitSuccess = 0,
-    exitFailed = 1,    ///< at least one scene failed, or the output could not be written
-    exitUsage = 2,     ///< the command line is wrong
-    exitNoPlugin = 3,  ///< the plug-in cannot be loaded
+    exitFailed = 1,
+    exitUsage = 2,
+    exitNoPlugin = 3,
 
     // Of a comparison, as other programs that compare have them; exitUsage and exitNoPlugin hold for it as well.
     exitSame = 0,
     exitDifferent = 1,
-    exitTrouble = 2,  ///< a scene failed, or the output could not be written
+    exitTrouble = 2,
+};
+
+/// An exit status and what it means to the user.
+struct _statusMeaning {
+    _exitStatus status;
+    const char* meaning;
+};
+inline constexpr _statusMeaning exitStatuses[] = {
+    {exitSuccess, "all went well"},
+    {exitFailed, "a scene failed, or the output could not be written"},
+    {exitUsage, "the command line is wrong"},
+    {exitNoPlugin, "the plug-in cannot be loaded"},
+};
+inline constexpr _statusMeaning comparisonStatuses[] = {
+    {exitSame, "no difference"},
+    {exitDifferent, "differences"},
+    {exitTrouble, "a scene failed, the output could not be written, or the command line is wrong"},
+    {exitNoPlugin, "the plug-in cannot be loaded"},
 };
 
 /// What a code of a scene means, without full stop: 3 -> "cannot be opened for reading".

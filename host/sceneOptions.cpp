@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "host/command.h"
+
 namespace vxH {
 namespace {
 
@@ -19,29 +21,16 @@ int availableCores() {
     return std::clamp(count, 1, mostParallel);
 }
 
-/// CLI::Range lets "nan" pass.
-std::string timeoutProblem(const std::string& text) {
-    double seconds = 0;
-    const bool isGood = CLI::detail::lexical_cast(text, seconds) && seconds > 0 && seconds <= longestTimeout;
-    return isGood ? std::string{} : text + " is no number of seconds above 0";
-}
-
 }  // namespace
 
 void addSceneOptions(CLI::App& command, _sceneOptions& options) {
     options.parallel = availableCores();
-    command.add_flag("--recursive", options.recursive, "Look into the folders below a folder too");
-    command
-        .add_option("--parallel", options.parallel, "Scenes to load at a time; as many as there are cores otherwise")
-        ->check(CLI::Range(1, mostParallel).description(""))
-        ->type_name("N");
-    command.add_option("--timeout", options.timeout, "End a scene that takes longer, 2.5 for example")
-        ->check(CLI::Validator(timeoutProblem, ""))
-        ->type_name("SECONDS");
-    command.add_flag("--no-progress", options.noProgress, "No progress line on the terminal");
-    command.add_option("scenes", options.scenes, "Scene files, folders with scenes, - for a list on standard input")
-        ->required()
-        ->type_name("SCENE");
+    addFlag(command, "--recursive", options.recursive, "Look into the folders below a folder too");
+    addNumber(command, "--parallel", options.parallel, {1, mostParallel},
+              "Scenes to load at a time; as many as there are cores otherwise", "N");
+    addSeconds(command, "--timeout", options.timeout, longestTimeout, "End a scene that takes longer, 2.5 for example");
+    addFlag(command, "--no-progress", options.noProgress, "No progress line on the terminal");
+    addArguments(command, "SCENE", options.scenes, "Scene files, folders with scenes, - for a list on standard input");
 }
 
 }  // namespace vxH

@@ -1,10 +1,13 @@
 // The options of a command that takes many scenes.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <chrono>
 #include <string>
 #include <vector>
+
+namespace CLI {
+class App;
+}
 
 namespace vxH {
 

@@ -40,16 +40,14 @@ int run(const _options& options, const _submitterArguments& submitter) {
 
 _command addVars(CLI::App& program) {
     const auto options = std::make_shared<_options>();
-    auto* const line = program.add_subcommand("vars", "Print the named variables of a scene's jobs");
+    auto* const line =
+        addCommand(program, "vars", "Print the named variables of a scene's jobs",
+                   "Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip");
     addPluginOption(*line, options->plugin);
     addTextOrJson(*line, options->asJson);
-    line->add_option("--job", options->jobNumber, "Only this job, numbered as \"jobs\" does")
-        ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""))
-        ->type_name("N");
-    line->footer("Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip");
-    line->add_option("scene", options->scene, "Scene file; submitter arguments follow \"--\"")
-        ->required()
-        ->type_name("SCENE");
+    addNumber(*line, "--job", options->jobNumber, {1, std::numeric_limits<int>::max()},
+              "Only this job, numbered as \"jobs\" does", "N");
+    addArgument(*line, "SCENE", options->scene, "Scene file; submitter arguments follow \"--\"");
     return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
 }
 

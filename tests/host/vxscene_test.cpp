@@ -92,9 +92,10 @@ struct _usage {
 };
 const _usage usages[] = {
     {"help", {"--help"}, 0, "Usage: vxscene"},
+    {"version", {"--version"}, 0, "\nrecord layout "},
     {"info", {"info", "--plugin", VX_FAKE_PLUGIN}, 0, "appName: Fake?[1m\n"},
     {"info_json", {"info", "--plugin", VX_FAKE_PLUGIN, "--format", "json"}, 0, R"("fileFilter": "*.fake;")"},
-    {"no_scene", {"jobs"}, 2, "scenes"},
+    {"no_scene", {"jobs"}, 2, "SCENE"},
     {"no_time", {"jobs", "--timeout", "nan", "a"}, 2, "--timeout"},
     {"no_child", {"jobs", "--parallel", "0", "a"}, 2, "--parallel"},
     {"late",
@@ -103,6 +104,7 @@ const _usage usages[] = {
      "time limit of 0.25 s (code -5)"},
     {"no_list", {"jobs", "--plugin", VX_FAKE_PLUGIN, "/proc/self/task/"}, 1, "/proc/self/task/: no scenes (*.fake;)"},
     {"unknown_option", {"jobs", "--\x1b[1mfast\nx", "a.hip"}, 2, "fast"},
+    {"choice_by_number", {"jobs", "--format", "1", "a.hip"}, 2, "--format: 1 is not one of table|json|jsonl"},
     {"no_such_plugin", {"jobs", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
     {"no_entry_points", {"info", "--plugin", VX_NO_PLUGIN}, 3, "no entry point"},
     {"empty_path", {"jobs", "--plugin", VX_FAKE_PLUGIN, ""}, 1, "absolute"},
@@ -173,7 +175,8 @@ TEST(VxScene, HostileTextsCannotSteerATerminal) {
 }
 
 TEST(VxScene, TableNamesSceneJobsAndWaiting) {
-    EXPECT_EQ(runJobs({"/projects/exportPair.hip", "/noJobs.hip"}).out.toStdString(),
+    const auto piped = runCommand("jobs", {"/projects/exportPair.hip", "/noJobs.hip"}, {"TERM=xterm", "COLUMNS=20"});
+    EXPECT_EQ(piped.out.toStdString(),
               R"(/projects/exportPair.hip: Houdini 19.5.640, 2 jobs
 #  driver       renderer           frames        output              camera  take     size     waits for
 1  out/mantra1  Houdini/createIFD  1001-1100 x2  /ifd/shot.####.ifd
@@ -227,6 +230,20 @@ TEST(VxScene, PluginBesideTheProgramIsFound) {
         run((folder / "vxscene").native(), {"jobs", "/noJobs.hip"}, {"LD_LIBRARY_PATH=" VX_LIBRARY_FOLDER});
     fs::remove_all(folder);
     EXPECT_EQ(host.out, QByteArray{"/noJobs.hip: no jobs\n"}) << host.error.constData();
+}
+
+TEST(VxScene, SceneOfAnyNameIsLoadedInAnyLocale) {
+    const auto folder = fs::temp_directory_path() / ("mit Leerzeichen " + std::to_string(getpid()));
+    const auto scene = folder / "szene ä 日本.hip";
+    fs::create_directory(folder);
+    fs::copy_file(VX_EXAMPLE_SCENE, scene);
+    for (const auto* locale : {"LC_ALL=C", "LC_ALL=C.UTF-8", "LC_ALL=no_SUCH.ISO-8859-1"}) {
+        const auto host = run(VX_SCENE_PROGRAM, {"jobs", "--format", "json", scene.native()}, {locale});
+        const auto result = parsedList(host)[0].toObject();
+        EXPECT_EQ(textOf(result, "scene").toStdString(), scene.native());
+        EXPECT_FALSE(result[QLatin1String{"jobs"}].toArray().isEmpty()) << host.error.constData();
+    }
+    fs::remove_all(folder);
 }
 
 TEST(VxScene, FoldersAndListsStandForTheirScenes) {
@@ -283,12 +300,14 @@ TEST(VxScene, ScenesWaitForProcessesWhereTheSystemHasFew) {
 }
 
 TEST(VxScene, FullDiskIsAFailure) {
-    const std::pair<const char*, int> commands[] = {{"jobs", 1}, {"diff /exportPair.hip", 2}};
-    for (const auto& [command, status] : commands) {
-        const auto line =
-            std::string{"'" VX_SCENE_PROGRAM "' "} + command + " --plugin '" VX_FAKE_PLUGIN "' /noJobs.hip";
-        EXPECT_EQ(run("/bin/sh", {"-c", line + " >/dev/full"}).status, status) << command;
-    }
+    const std::pair<const char*, int> lines[] = {{"jobs --plugin '" VX_FAKE_PLUGIN "' /noJobs.hip", 1},
+                                                 {"diff --plugin '" VX_FAKE_PLUGIN "' /exportPair.hip /noJobs.hip", 2},
+                                                 {"--help", 1},
+                                                 {"jobs --help", 1},
+                                                 {"--version", 1}};
+    for (const auto& [line, status] : lines)
+        EXPECT_EQ(run("/bin/sh", {"-c", std::string{"'" VX_SCENE_PROGRAM "' "} + line + " >/dev/full"}).status, status)
+            << line;
 }
 
 TEST(VxScene, DiffTellsByItsStatusWhetherThereAreDifferencesOrTrouble) {

@@ -1,0 +1,41 @@
+# Where things stand once they are installed. Every path from one to another is relative: the whole may be moved.
+
+# Debian's folder of libraries under every prefix, so that what is built for one can be packaged as well.
+if(CMAKE_LIBRARY_ARCHITECTURE)
+  set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Folder of libraries")
+endif()
+include(GNUInstallDirs)
+
+set(VX_PLUGIN_DIR ${CMAKE_INSTALL_LIBDIR}/vxscene)
+set(VX_HEADER_DIR ${CMAKE_INSTALL_INCLUDEDIR}/vxSceneParser)
+set(VX_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/vxSceneParser)
+set(VX_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc)
+
+# The folders again, in full, seen from one another.
+set(binFolder ${CMAKE_INSTALL_FULL_BINDIR})
+set(libFolder ${CMAKE_INSTALL_FULL_LIBDIR})
+set(pluginFolder ${libFolder}/vxscene)
+cmake_path(RELATIVE_PATH pluginFolder BASE_DIRECTORY ${binFolder} OUTPUT_VARIABLE VX_PLUGIN_FROM_PROGRAM)
+
+# vx_find_libraries_from(target folder): the target, installed in the folder, finds libvxShared.so beside itself, as in
+# the build and where a host keeps all in one folder, or in the folder of libraries; and Qt, where the system does not.
+function(vx_find_libraries_from target folder)
+  cmake_path(RELATIVE_PATH libFolder BASE_DIRECTORY ${folder} OUTPUT_VARIABLE way)
+  # The same in the build: a list that is changed later is filled up with empty names, which mean the current folder.
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${way}" INSTALL_RPATH_USE_LINK_PATH ON
+                        BUILD_WITH_INSTALL_RPATH ON)
+endfunction()
+
+# Two components, each a package: what it takes to run vxscene and hosts, and what it takes to build hosts. A third one,
+# "local", is in no package.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME runtime)
+
+# vx_install_library(target headers...): a library for hosts, found by find_package(vxSceneParser), with its headers.
+function(vx_install_library target)
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_SOURCE_DIR} FILES ${ARGN})
+  install(TARGETS ${target} EXPORT vxSceneParser
+          LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev
+          ARCHIVE COMPONENT dev
+          INCLUDES DESTINATION ${VX_HEADER_DIR}
+          FILE_SET HEADERS DESTINATION ${VX_HEADER_DIR} COMPONENT dev)
+endfunction()
