@@ -182,7 +182,7 @@ function makeShown(target) {
 }
 
 function goTo(hash) {
-    const id = decodeURIComponent(hash.slice(1));
+    const id = hash.slice(1);
     const at = panels.findIndex(({panel}) => id === panel.id || id.startsWith(`${panel.id}-`));
     if (at < 0) return;
     tabs.select(at);
