@@ -1,9 +1,11 @@
 #include "host/commandLine.h"
 
-#include <QByteArray>
+#include <algorithm>
 #include <array>
 
+#include "host/command.h"
 #include "host/displayText.h"
+#include "host/terminal.h"
 
 namespace vxH {
 namespace {
@@ -40,6 +42,11 @@ std::string versionText() {
            std::to_string(vxJ::structureMinor) + "\nplug-in " + plugin;
 }
 
+int wrongUsage(const char* problem) {
+    writeError(QString::fromUtf8(problem).simplified() + QLatin1String{" (see vxscene --help)"});
+    return exitUsage;
+}
+
 }  // namespace
 
 std::vector<_command> setUpCommandLine(CLI::App& program) {
@@ -62,6 +69,21 @@ std::vector<_command> setUpCommandLine(CLI::App& program) {
         added.back().line->group("Commands");
     }
     return added;
+}
+
+int runCommandLine(int argc, const char* const* argv, const _submitterArguments& submitter) {
+    CLI::App program;
+    const auto added = setUpCommandLine(program);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::Success& request) {
+        return program.exit(request);  // prints the help or the version
+    } catch (const CLI::ParseError& problem) {
+        return wrongUsage(problem.what());
+    }
+    const auto chosen =
+        std::find_if(added.begin(), added.end(), [](const _command& command) { return command.line->parsed(); });
+    return chosen->run(submitter);
 }
 
 }  // namespace vxH

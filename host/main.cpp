@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <iostream>
 #include <string_view>
 
 #include "host/commandLine.h"
@@ -22,14 +21,8 @@ int splitOffSubmitter(int argc, char** argv, _submitterArguments& submitter) {
     return static_cast<int>(mark - argv);
 }
 
-int wrongUsage(const char* problem) {
-    writeError(QString::fromUtf8(problem).simplified() + QLatin1String{" (see vxscene --help)"});
-    return exitUsage;
-}
-
 /// Buffered output may fail as late as here.
 int withOutputWritten(int status) {
-    std::cout.flush();
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
     writeError(QStringLiteral("the output could not be written"));
     return status == exitSuccess ? exitFailed : status;
@@ -39,19 +32,7 @@ int run(int argc, char** argv) {
     useUtf8Characters();
     _submitterArguments submitter;
     const int argumentsLeft = splitOffSubmitter(argc, argv, submitter);
-
-    CLI::App program;
-    const auto commands = setUpCommandLine(program);
-    try {
-        program.parse(argumentsLeft, argv);
-    } catch (const CLI::Success& request) {
-        return withOutputWritten(program.exit(request, std::cout));  // prints the help or the version
-    } catch (const CLI::ParseError& problem) {
-        return wrongUsage(problem.what());
-    }
-    const auto chosen =
-        std::find_if(commands.begin(), commands.end(), [](const _command& command) { return command.line->parsed(); });
-    return withOutputWritten(chosen->run(submitter));
+    return withOutputWritten(runCommandLine(argumentsLeft, argv, submitter));
 }
 
 }  // namespace
