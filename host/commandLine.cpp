@@ -2,9 +2,15 @@
 
 #include <CLI/CLI.hpp>
 #include <QByteArray>
+#include <algorithm>
 #include <array>
+#include <cstdio>
+#include <exception>
+#include <iostream>
 
+#include "host/command.h"
 #include "host/displayText.h"
+#include "host/terminal.h"
 
 namespace vxH {
 namespace {
@@ -39,6 +45,25 @@ std::string versionText() {
            std::to_string(vxJ::structureMinor) + "\nplug-in " + plugin;
 }
 
+int wrongUsage(const char* problem) {
+    writeError(QString::fromUtf8(problem).simplified() + QLatin1String{" (see vxscene --help)"});
+    return exitUsage;
+}
+
+/// Output is buffered and may fail as late as here.
+int withOutputWritten(int status, int failure) {
+    std::cout.flush();
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+    return std::max({status, outputLost(), failure});
+}
+
+int statusOf(const _command& command, const _submitterArguments& submitter) try {
+    return command.run(submitter);
+} catch (const std::exception& failure) {
+    writeError(QString::fromLocal8Bit(failure.what()));
+    return command.failure;
+}
+
 }  // namespace
 
 std::vector<_command> setUpCommandLine(CLI::App& program) {
@@ -61,6 +86,21 @@ std::vector<_command> setUpCommandLine(CLI::App& program) {
         added.back().line->group("Commands");
     }
     return added;
+}
+
+int runCommandLine(int argc, const char* const* argv, const _submitterArguments& submitter) {
+    CLI::App program;
+    const auto added = setUpCommandLine(program);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::Success& request) {
+        return withOutputWritten(program.exit(request, std::cout), exitFailed);  // prints the help or the version
+    } catch (const CLI::ParseError& problem) {
+        return wrongUsage(problem.what());
+    }
+    const auto chosen =
+        std::find_if(added.begin(), added.end(), [](const _command& command) { return command.line->parsed(); });
+    return withOutputWritten(statusOf(*chosen, submitter), chosen->failure);
 }
 
 }  // namespace vxH

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "host/command.h"
 #include "host/commandLine.h"
 
 namespace vxC {

@@ -108,7 +108,7 @@ const _usage usages[] = {
     {"no_such_plugin", {"jobs", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
     {"no_entry_points", {"info", "--plugin", VX_NO_PLUGIN}, 3, "no entry point"},
     {"empty_path", {"jobs", "--plugin", VX_FAKE_PLUGIN, ""}, 1, "absolute"},
-    {"diff_one_scene", {"diff", "a.hip"}, 2, "new"},
+    {"diff_one_scene", {"diff", "a.hip"}, 2, "NEW"},
     {"diff_no_such_plugin", {"diff", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
     {"no_such_job", {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "3"}, 2, "no job 3"},
     {"job_0", {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "0"}, 2, "--job"},

@@ -5,7 +5,7 @@ import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "examples"))
-from makeTurntable import START, driver, entry, network
+from sceneWriter import START, driver, entry, network
 
 PROGRAM, PAGE_OF = sys.argv[1:3]
 
