@@ -34,7 +34,7 @@ constexpr const char* environment =
 
 std::string overallHelp() {
     return std::string{examples} + '\n' + exitStatusHelp(exitStatuses) +
-           "  diff has its own, as diff(1) does: vxscene diff --help\n\n" + environment;
+           "\nThe statuses of diff are those of diff(1): vxscene diff --help\n\n" + environment;
 }
 
 /// What a report of a fault has to tell, one fact a line.

@@ -169,12 +169,6 @@ QString sectionLine(const QJsonValue& section, const _widths& widths) {
              outcome);
 }
 
-/// A node that the scan took for a driver, and that has what makes one.
-bool isSkippedDriver(const QJsonValue& section) {
-    return textOf(section, "outcome") == QLatin1String("none") &&
-           (section.toObject()[QLatin1String{"hasFrames"}].toBool() || !listOf(section, "details").isEmpty());
-}
-
 void addSections(const QJsonArray& sections, _text& text) {
     if (sections.isEmpty()) return;
     _widths widths{"reader"};

@@ -1,16 +1,12 @@
 #include "host/reportData.h"
 
 #include "host/jobCells.h"
-#include "host/sceneLoad.h"
+#include "host/sceneExplanation.h"
 
 namespace vxH {
 namespace {
 
-constexpr QLatin1String sectionsKey{"sections"};
-constexpr QLatin1String notRecognisedKey{"notRecognised"};
-
-constexpr QLatin1String membersAsTheyAre[] = {sceneKey, codeKey, errorKey, QLatin1String{"facts"},
-                                              QLatin1String{"warnings"}};
+constexpr QLatin1String membersAsTheyAre[] = {sceneKey, codeKey, errorKey, factsKey, warningsKey};
 
 /// Where the scene's jobs are found by driver and own number. Own numbers have 8 bits and repeat in a long list: a
 /// render job means the nearest job before it, preferably of its own driver.
@@ -90,7 +86,7 @@ QJsonArray skippedSections(const QJsonObject& scene) {
     QJsonArray skipped;
     const auto sections = scene[sectionsKey].toArray();
     for (const auto& section : sections) {
-        if (section.toObject()[QLatin1String{"outcome"}] == QLatin1String{"none"}) skipped.append(section);
+        if (isSkippedDriver(section)) skipped.append(section);
     }
     const auto notRecognised = scene[notRecognisedKey].toArray();
     for (const auto& section : notRecognised) skipped.append(section);

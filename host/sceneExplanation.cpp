@@ -14,6 +14,14 @@ QJsonObject explainScene(const QString& scene, const _submitterArguments& argume
     return result;
 }
 
+bool isSkippedDriver(const QJsonValue& section) {
+    const auto entry = section.toObject();
+    const auto reader = entry[QLatin1String{"reader"}].toString();
+    if (entry[QLatin1String{"outcome"}] != QLatin1String{"none"}) return false;
+    if (reader != QLatin1String{"driver"}) return reader == QLatin1String{"wedge"};
+    return entry[QLatin1String{"hasFrames"}].toBool() || !entry[QLatin1String{"details"}].toArray().isEmpty();
+}
+
 QString sceneFileFilter() {
     return vxP::sceneFileFilter.toString();
 }

@@ -19,6 +19,10 @@ constexpr QLatin1String warningsKey{"warnings"};
 /// @param scene  absolute path of at most 500 characters
 QJsonObject explainScene(const QString& scene, const _submitterArguments& arguments);
 
+/// True for an entry of `sections` that people miss in the job list: a driver or wedge that nothing came of. Nodes that
+/// are only called like a driver, and have nothing else of one, are none.
+bool isSkippedDriver(const QJsonValue& section);
+
 /// Which files of a folder are scenes: "*.hip;*.hipnc;".
 QString sceneFileFilter();
 

@@ -133,7 +133,7 @@ TEST(JobDiff, AsJsonHoldsWholeJobsAndFieldsThatChanged) {
     const auto now =
         sceneWith(newScene, {{"/out/c", "x", "", "c."}, {"/out/d", "x", "", ""}, {"/out/b", "x", "", "n."}});
     const auto json = diffToJson(diffJobs(before, now, _compared::jobs), before, now);
-    const auto expected = QJsonDocument::fromJson(R"({"formatVersion": 1, "old": "/p/v1/shot_v1.hip",
+    const auto expected = QJsonDocument::fromJson(R"({"old": "/p/v1/shot_v1.hip",
         "new": "/p/v2/shot_v2.hip", "unchanged": 0, "changed": [{"driver": "/out/b", "oldNumber": 2, "newNumber": 3,
         "fields": [{"name": "imageFileName", "old": "b.", "new": "n."}]}]})");
     auto rest = json;

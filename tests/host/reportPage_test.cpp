@@ -83,10 +83,13 @@ TEST(ReportData, JobWaitsForTheNearestBeforeItOfItsOwnDriver) {
 
 TEST(ReportData, SkippedAreSectionsWithoutAnOutcomeAndThoseNotRecognised) {
     const auto scene = pageScene(fromText(
-        R"({"sections":[{"node":"a","outcome":"jobs"},{"node":"b","outcome":"none"},{"node":"c","outcome":"kept"}],)"
-        R"("notRecognised":[{"node":"d"}]})"));
+        R"({"sections":[{"node":"a","outcome":"jobs"},{"node":"b","outcome":"none","reader":"wedge"},)"
+        R"({"node":"c","outcome":"kept","reader":"wedge"},{"node":"d","outcome":"none","reader":"camera"},)"
+        R"({"node":"e","outcome":"none","reader":"driver"},)"
+        R"({"hasFrames":true,"node":"f","outcome":"none","reader":"driver"}],"notRecognised":[{"node":"g"}]})"));
     EXPECT_EQ(compact(scene[QLatin1String{"skipped"}].toArray()).toStdString(),
-              R"([{"node":"b","outcome":"none"},{"node":"d"}])");
+              R"([{"node":"b","outcome":"none","reader":"wedge"},)"
+              R"({"hasFrames":true,"node":"f","outcome":"none","reader":"driver"},{"node":"g"}])");
     const auto untold = pageScene({{codeKey, 3}, {errorKey, QStringLiteral("e")}});
     EXPECT_EQ(untold.keys(), QStringList({QStringLiteral("code"), QStringLiteral("error"), QStringLiteral("jobs")}));
 }

@@ -94,7 +94,7 @@ class PageTest(unittest.TestCase):
 
     def rows(self):
         """Numbers of the jobs whose rows are shown, from top to bottom."""
-        return [int(cell.text.split()[-1]) for cell in self.shown("table.jobs td.c-number")]
+        return [int(cell.text.split()[-1].lstrip("!")) for cell in self.shown("table.jobs td.c-number")]
 
     def printed(self):
         return base64.b64decode(self.browser.execute_cdp_cmd("Page.printToPDF", {})["data"])

@@ -17,6 +17,7 @@ from jsonschema import Draft202012Validator, RefResolver
 ROOT, VXSCENE, FAKE_PLUGIN = pathlib.Path(sys.argv[1]), *sys.argv[2:4]
 FOLDER = ROOT / "docs/schema"
 EXAMPLE = ROOT / "examples/turntable.hip"
+UNFINISHED = ROOT / "examples/turntable_unfinished.hip"  # explained, it has an entry in every list
 SCHEMAS = {path.name: json.loads(path.read_text()) for path in FOLDER.glob("*.schema.json")}
 STORE = {f"{FOLDER.as_uri()}/{name}": schema for name, schema in SCHEMAS.items()}
 
@@ -25,31 +26,6 @@ SCENES_AT_A_TIME = {"info": 0, "jobs": 1, "vars": 1, "explain": 1, "diff": 2}
 
 # Texts, codes and ends that no real scene has; the fake plug-in knows them by these names.
 FAKE_SCENES = ["exportPair", "hostileTexts", "noJobs", "cannotOpen", "noUsableOutput", "jobThenNoMore", "aborts", "exits"]
-
-# As long as vxscene has no command of that name, the schema of explanations is held against this one.
-EXPLAINED = {
-    "facts": {
-        "houdiniVersion": "19.5.640",
-        "frameRange": {"start": 1001, "end": 1100, "step": 1, "stored": True},
-        "takes": ["Main", "closeup"],
-        "variables": [{"name": "JOB", "value": "/projects/kettle", "from": "scene"}],
-        "cameras": [{"node": "/obj/cam1", "width": 1280, "height": 720, "stereo": False, "drivers": ["/out/a"]}],
-        "lops": [{"node": "/stage/karma1", "image": "$HIP/a.exr", "renderer": "karma", "drivers": []}],
-        "usdRenderSettings": [{"node": "/stage/r1", "camera": "", "image": "", "archive": False, "drivers": []}],
-        "wedges": [{"node": "/out/wedge1", "driver": "/out/a", "variants": 3,
-                    "channels": [{"name": "key", "start": 2, "end": 6.5, "steps": 3}]}],
-    },
-    "sections": [
-        {"reader": "driver", "node": "/out/a", "line": 123, "byte": 45678, "outcome": "jobs", "jobs": [1, 2],
-         "code": "", "text": "2 jobs", "details": ["vm_picture: $HIP/a.$F4.exr"]},
-        {"reader": "driver", "node": "/out/b", "line": 1, "byte": 0, "outcome": "none", "jobs": [],
-         "code": "viewerOnly", "text": "renders to the viewer only", "details": []},
-        {"reader": "camera", "node": "/obj/cam1", "line": 9, "byte": 99, "outcome": "kept", "jobs": [], "code": "",
-         "text": "camera", "details": []},
-    ],
-    "notRecognised": [{"node": "/tasks/m", "line": 5, "byte": 99, "code": "noRoot", "text": "stands elsewhere"}],
-    "warnings": [{"code": "sameFiles", "node": "", "jobs": [3, 14], "text": "two jobs write the same files"}],
-}
 
 
 def text_of(*arguments):
@@ -63,7 +39,7 @@ def formats_of(command):
 
 
 def json_commands():
-    listed = text_of("--help").partition("Subcommands:\n")[2].partition("\n\n")[0]
+    listed = text_of("--help").partition("Commands:\n")[2].partition("\n\n")[0]
     return {command: formats_of(command) for command in re.findall(r"^  (\w+)", listed, re.MULTILINE)}
 
 
@@ -89,7 +65,7 @@ def scenes(folder):
     subprocess.run([sys.executable, ROOT / "tests/plugin/oddScenes.py", EXAMPLE, folder, "6"], check=True)
     (folder / "empty.hip").touch()
     real = sorted((ROOT / "../shared/scenes").glob("*.hip*"))
-    return [EXAMPLE, *sorted(folder.glob("*.hip")), folder / "missing.hip", folder, *real]
+    return [EXAMPLE, UNFINISHED, *sorted(folder.glob("*.hip")), folder / "missing.hip", folder, *real]
 
 
 def argument_lists(command, made):
@@ -150,8 +126,7 @@ class Schemas(unittest.TestCase):
     def test_refuse_what_no_program_should_print(self):
         example = {command: printed(command, "json", *[EXAMPLE] * SCENES_AT_A_TIME[command])[0]
                    for command in ("info", "jobs", "vars", "diff")}
-        example["explain"] = example["jobs"] | copy.deepcopy(EXPLAINED)
-        self.assertEqual(faults("explain", example["explain"]), [])
+        example["explain"] = printed("explain", "json", UNFINISHED)[0]
         example["diff"]["came"].append(example["jobs"]["jobs"][0])
         field = {"name": "seqEnd", "old": 1, "new": None}
         example["diff"]["changed"].append({"driver": "/out/a", "oldNumber": 1, "newNumber": 2, "fields": [field]})
@@ -204,9 +179,9 @@ BROKEN = [
     ("explain", "facts/cameras/0/width", 0.5),
     ("explain", "facts/variables/0/from", "host"),
     ("explain", "sections/0/line", 0),
-    ("explain", "sections/0/jobs", []),
-    ("explain", "sections/1/code", ""),
-    ("explain", "sections/2/code", "some"),
+    ("explain", "sections/5/jobs", []),
+    ("explain", "sections/9/code", ""),
+    ("explain", "sections/0/code", "viewerOnly"),
     ("explain", "sections/2/outcome", "dropped"),
     ("explain", "notRecognised/0/code", "two words"),
     ("explain", "warnings/0/jobs/0", 0),
