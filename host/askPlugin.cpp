@@ -3,6 +3,8 @@
 
 #include <QJsonDocument>
 
+#include "host/childProcess.h"
+
 namespace vxH {
 namespace {
 
@@ -18,21 +20,14 @@ QJsonObject answerFrom(const QString& pluginPath, const std::function<QJsonObjec
 
 }  // namespace
 
-_child startQuestion(const QString& pluginPath, const std::function<QJsonObject(const _pluginLibrary&)>& question) {
-    return startChild([&] { return QJsonDocument(answerFrom(pluginPath, question)).toJson(QJsonDocument::Compact); });
-}
-
-_pluginAnswer collectAnswer(const _child& child) {
-    const auto result = collectChild(child);
+_pluginAnswer askPlugin(const QString& pluginPath, const std::function<QJsonObject(const _pluginLibrary&)>& question) {
+    const auto result = collectChild(
+        startChild([&] { return QJsonDocument(answerFrom(pluginPath, question)).toJson(QJsonDocument::Compact); }));
     if (result.code != 0) return {{}, result.code, result.failure};
     const auto message = QJsonDocument::fromJson(result.output).object();
     if (message.contains(problemKey)) return {{}, hostNoPlugin, message[problemKey].toString()};
     if (!message.contains(answerKey)) return {{}, hostNoResult, sentenceOfCode(hostNoResult)};
     return {message[answerKey].toObject(), 0, {}};
-}
-
-_pluginAnswer askPlugin(const QString& pluginPath, const std::function<QJsonObject(const _pluginLibrary&)>& question) {
-    return collectAnswer(startQuestion(pluginPath, question));
 }
 
 }  // namespace vxH

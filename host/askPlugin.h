@@ -4,8 +4,8 @@
 #include <QJsonObject>
 #include <functional>
 
-#include "host/childProcess.h"
 #include "host/pluginLibrary.h"
+#include "host/resultCodes.h"
 
 namespace vxH {
 
@@ -15,11 +15,7 @@ struct _pluginAnswer {
     QString failure;     ///< one line that says why there is none
 };
 
-/// A question that a child process works on.
-_child startQuestion(const QString& pluginPath, const std::function<QJsonObject(const _pluginLibrary&)>& question);
-_pluginAnswer collectAnswer(const _child& child);
-
-/// Both in one, for one question at a time.
+/// Has a child process load the plug-in and work on the question, and waits for its answer.
 _pluginAnswer askPlugin(const QString& pluginPath, const std::function<QJsonObject(const _pluginLibrary&)>& question);
 
 }  // namespace vxH

@@ -102,7 +102,10 @@ const _usage usages[] = {
      {"jobs", "--plugin", VX_FAKE_PLUGIN, "--timeout", "0.25", "/hangs.fake"},
      1,
      "time limit of 0.25 s (code -5)"},
-    {"no_list", {"jobs", "--plugin", VX_FAKE_PLUGIN, "/proc/self/task/"}, 1, "/proc/self/task/: no scenes (*.fake;)"},
+    {"folder_without_scenes",
+     {"jobs", "--plugin", VX_FAKE_PLUGIN, "/proc/self/task/"},
+     1,
+     "/proc/self/task/: no scenes (*.fake;)"},
     {"unknown_option", {"jobs", "--\x1b[1mfast\nx", "a.hip"}, 2, "fast"},
     {"choice_by_number", {"jobs", "--format", "1", "a.hip"}, 2, "--format: 1 is not one of table|json|jsonl"},
     {"no_such_plugin", {"jobs", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
@@ -149,6 +152,17 @@ TEST(VxScene, EverySceneMeetsFreshStateItsAbsolutePathAndTheArguments) {
         EXPECT_EQ(told[1], textOf(result.toObject(), "scene"));
         EXPECT_TRUE(told[1].startsWith(here));
         EXPECT_EQ(told.mid(2), QStringList({QStringLiteral("-x"), QStringLiteral("--format"), QStringLiteral("--")}));
+    }
+}
+
+TEST(VxScene, EveryJsonObjectTellsItsFormat) {
+    const std::pair<const char*, std::vector<std::string>> commands[] = {
+        {"info", {}}, {"vars", {"/exportPair.hip"}}, {"jobs", {"/exportPair.hip"}}, {"jobs", {"/aborts.hip"}}};
+    for (auto [command, arguments] : commands) {
+        arguments.insert(arguments.end(), {"--format", "json"});
+        const auto printed = QJsonDocument::fromJson(runCommand(command, arguments).out);
+        const auto object = printed.isArray() ? printed.array()[0].toObject() : printed.object();
+        EXPECT_EQ(object[QLatin1String{"formatVersion"}].toInt(), 1) << command;
     }
 }
 
