@@ -246,6 +246,29 @@ TEST(VxScene, PluginBesideTheProgramIsFound) {
     EXPECT_EQ(host.out, QByteArray{"/noJobs.hip: no jobs\n"}) << host.error.constData();
 }
 
+/// The readers that explain are built into the program; what they find is what the plug-in finds.
+TEST(VxScene, ExplainedSceneHasTheResultOfThePlugin) {
+    const std::string examples = fs::path(VX_EXAMPLE_SCENE).parent_path().native();
+    std::vector<std::string> arguments{"--format", "json", "/no/such.hip", examples};
+    if (fs::exists(VX_REAL_SCENES)) arguments.emplace_back(VX_REAL_SCENES);
+    const auto resultsOf = [&](const char* command) {
+        auto line = arguments;
+        line.insert(line.begin(), command);
+        return parsedList(run(VX_SCENE_PROGRAM, line));
+    };
+    const auto loaded = resultsOf("jobs");
+    const auto explained = resultsOf("explain");
+    ASSERT_GT(loaded.size(), 2);
+    ASSERT_EQ(loaded.size(), explained.size());
+    for (int i = 0; i < loaded.size(); ++i) {
+        auto result = explained[i].toObject();
+        EXPECT_EQ(i > 0, result.contains(QLatin1String{"sections"}));
+        for (const char* member : {"facts", "sections", "notRecognised", "warnings"})
+            result.remove(QLatin1String{member});
+        EXPECT_EQ(loaded[i].toObject(), result) << textOf(result, "scene").toStdString();
+    }
+}
+
 TEST(VxScene, SceneOfAnyNameIsLoadedInAnyLocale) {
     const auto folder = fs::temp_directory_path() / ("mit Leerzeichen " + std::to_string(getpid()));
     const auto scene = folder / "szene ä 日本.hip";
