@@ -4,6 +4,8 @@ set(VX_QT_MAJOR 6 CACHE STRING "Qt to build with: 6, or 5 for Qt 5.15")
 option(VX_BUILD_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(VX_BUILD_FUZZERS "Build the fuzz targets in fuzz/, with clang" OFF)
 
+option(VX_PRECOMPILE "Parse Qt's headers once for all sources; a build without it tells whether all include what they use" OFF)
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -40,3 +42,27 @@ if(VX_BUILD_FUZZERS)
   # Clang links the sanitizers into the programs alone.
   target_link_options(vxLoaded INTERFACE -Wl,-z,undefs)
 endif()
+
+# Lets all targets below a folder that are compiled alike use the same parsed headers.
+function(vx_precompile folder)
+  if(NOT TARGET vxPrecompiled)
+    add_library(vxPrecompiled OBJECT ${CMAKE_SOURCE_DIR}/cmake/precompiled.cpp)
+    target_link_libraries(vxPrecompiled PRIVATE vxBuild)
+    target_precompile_headers(vxPrecompiled PRIVATE <QJsonArray> <QJsonObject> <QList> <QMap> <QString> <QTextStream>
+                              <algorithm> <array> <functional> <map> <string> <vector>)
+  endif()
+  get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
+  foreach(target ${targets})
+    get_target_property(type ${target} TYPE)
+    get_target_property(sources ${target} SOURCES)
+    get_target_property(options ${target} COMPILE_OPTIONS)
+    if(type MATCHES "LIBRARY|EXECUTABLE" AND sources MATCHES "\\.cpp" AND NOT options MATCHES "-O" AND
+       NOT target STREQUAL vxPrecompiled)
+      target_precompile_headers(${target} REUSE_FROM vxPrecompiled)
+    endif()
+  endforeach()
+  get_property(below DIRECTORY ${folder} PROPERTY SUBDIRECTORIES)
+  foreach(next ${below})
+    vx_precompile(${next})
+  endforeach()
+endfunction()

@@ -91,7 +91,6 @@ QRegularExpression headerForm(const char* before) {
 _header headerOf(const QByteArray& line) {
     static const QRegularExpression inArchive = headerForm(archiveHeader);
     static const QRegularExpression byItself = headerForm("");
-    if (!line.endsWith('{') && !line.contains(".init")) return {};
     const QString text = QString::fromUtf8(line);
     auto match = inArchive.match(text);
     if (!match.hasMatch()) match = byItself.match(text);
@@ -117,6 +116,7 @@ class _surveyor {
     void readChannel(const QByteArray& line);
 
     _header now;
+    int depth = 0;  ///< of braces in the entry of channels
     QString channel;
 };
 
@@ -128,8 +128,15 @@ void _surveyor::readParameter(const QByteArray& line) {
     survey.sections.last().variesChannels |= line.startsWith(wedgeParameter);
 }
 
+/// Most lines of a scene are not looked at any further.
+bool mayBeHeader(const QByteArray& line) {
+    return line.endsWith('{') || line.contains(".init");
+}
+
 /// `channel f1 {`, and further down `segment { length = 0 value = 1 1 expr = $FSTART }`
 void _surveyor::readChannel(const QByteArray& line) {
+    if (line.endsWith('{')) ++depth;
+    if (line == "}" && --depth == 0) now.entry = _entry::none;
     if (line.startsWith("channel ")) {
         channel = QString::fromUtf8(line.mid(8, line.indexOf('{') - 8).trimmed());
         return;
@@ -142,8 +149,11 @@ void _surveyor::readChannel(const QByteArray& line) {
 
 void _surveyor::read(const _surveyedLines& lines) {
     const QByteArray line = lines.line.trimmed();
-    const _header header = headerOf(line);
-    if (header.entry != _entry::none) now = header;
+    const _header header = mayBeHeader(line) ? headerOf(line) : _header();
+    if (header.entry != _entry::none) {
+        now = header;
+        depth = 0;
+    }
     if (header.entry == _entry::parameters) {
         survey.sections.append({now.node, QString::fromUtf8(line), lines.byte, lines.number});
         return;

@@ -1,0 +1,1 @@
+// Nothing but the headers that are parsed in front of it.
