@@ -66,7 +66,8 @@ TEST_F(SceneBatch, ResultsKeepTheirOrderWhenTheFirstIsLast) {
     };
     const auto received = results(count, work, {3, {}, count});
     ASSERT_EQ(received.size(), count);
-    for (int i = 0; i < count; ++i) EXPECT_EQ(received[i].output, "/no/" + QByteArray::number(i));
+    int number = 0;
+    for (const auto& result : received) EXPECT_EQ(result.output, "/no/" + QByteArray::number(number++));
 }
 
 TEST_F(SceneBatch, NoMoreScenesThanTheWindowAreBegunBehindASlowOne) {
@@ -100,14 +101,14 @@ TEST_F(SceneBatch, LateAndCrashingScenesAreResultsToo) {
     };
     const auto crashed = results(5, dieInTheMiddle, {2, milliseconds{600000}, 9});
     ASSERT_EQ(crashed.size(), 5);
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(crashed[i].code, i == 2 ? vxH::hostCrashed : 0);
+    for (const auto& result : crashed) EXPECT_EQ(result.code, numberOf(result.scene) == 2 ? vxH::hostCrashed : 0);
 }
 
 TEST_F(SceneBatch, OutputsAreWholeHoweverLong) {
     const auto work = [](const QString& scene) { return QByteArray(100000 * numberOf(scene) + 1, 'x'); };
     const auto received = results(8, work, {3, {}, 9});
     ASSERT_EQ(received.size(), 8);
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(received[i].output.size(), 100000 * i + 1);
+    for (const auto& result : received) EXPECT_EQ(result.output.size(), 100000 * numberOf(result.scene) + 1);
 }
 
 TEST_F(SceneBatch, ReceiverEndsIt) {
