@@ -4,7 +4,7 @@ set(VX_QT_MAJOR 6 CACHE STRING "Qt to build with: 6, or 5 for Qt 5.15")
 option(VX_BUILD_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(VX_BUILD_FUZZERS "Build the fuzz targets in fuzz/, with clang" OFF)
 
-option(VX_PRECOMPILE "Parse Qt's headers once for all sources; a build without it tells whether all include what they use" OFF)
+option(VX_PRECOMPILE "Parse Qt's headers once for all sources; scripts/tidy tells whether all include what they use" ON)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
