@@ -2,6 +2,7 @@
 #include "explain/outcomes.h"
 
 #include <array>
+#include <vector>
 
 #include "plugin/sceneLine.h"
 #include "readers/paramSection.h"
@@ -94,13 +95,13 @@ struct _name {
     bool isExport;
 };
 
-QList<_name> namesIn(const _observedSection& section) {
-    QList<_name> names;
+std::vector<_name> namesIn(const _observedSection& section) {
+    std::vector<_name> names;
     QString exportParameter;
     for (const _observedRemark& remark : section.remarks) {
         if (remark.what == _remark::exportName) exportParameter = remark.parameter;
         if (const _nameWords* const words = wordsOf(remark))
-            names.append({remark, *words, remark.parameter == exportParameter});
+            names.push_back({remark, *words, remark.parameter == exportParameter});
     }
     return names;
 }
