@@ -70,6 +70,11 @@ bool _surveyedLines::next() {
     }
 }
 
+/// With NULs and all: Qt 5 alone would end the text at the first.
+QString textOf(const QByteArray& bytes) {
+    return QString::fromUtf8(bytes.constData(), bytes.size());
+}
+
 enum class _entry { none, parameters, channels, type };
 
 /// What an entry's header tells.
@@ -91,7 +96,7 @@ QRegularExpression headerForm(const char* before) {
 _header headerOf(const QByteArray& line) {
     static const QRegularExpression inArchive = headerForm(archiveHeader);
     static const QRegularExpression byItself = headerForm("");
-    const QString text = QString::fromUtf8(line);
+    const QString text = textOf(line);
     auto match = inArchive.match(text);
     if (!match.hasMatch()) match = byItself.match(text);
     if (!match.hasMatch()) return {};
@@ -122,7 +127,7 @@ class _surveyor {
 
 void _surveyor::readParameter(const QByteArray& line) {
     if (line.startsWith('}')) now.entry = _entry::none;
-    const auto role = vxP::roleOf(QString::fromUtf8(line));
+    const auto role = vxP::roleOf(textOf(line));
     survey.sections.last().hasFrames |= role == vxP::_parameterRole::frameRange;
     survey.sections.last().namesOutput |= role == vxP::_parameterRole::output;
     survey.sections.last().variesChannels |= line.startsWith(wedgeParameter);
@@ -138,13 +143,12 @@ void _surveyor::readChannel(const QByteArray& line) {
     if (line.endsWith('{')) ++depth;
     if (line == "}" && --depth == 0) now.entry = _entry::none;
     if (line.startsWith("channel ")) {
-        channel = QString::fromUtf8(line.mid(8, line.indexOf('{') - 8).trimmed());
+        channel = textOf(line.mid(8, line.indexOf('{') - 8).trimmed());
         return;
     }
     QByteArray expression = behind(line, "expr = ");
     if (expression.endsWith('}')) expression.chop(1);
-    if (!expression.trimmed().isEmpty())
-        survey.expressionsOf[now.node].insert(channel, QString::fromUtf8(expression.trimmed()));
+    if (!expression.trimmed().isEmpty()) survey.expressionsOf[now.node].insert(channel, textOf(expression.trimmed()));
 }
 
 void _surveyor::read(const _surveyedLines& lines) {
@@ -155,7 +159,7 @@ void _surveyor::read(const _surveyedLines& lines) {
         depth = 0;
     }
     if (header.entry == _entry::parameters) {
-        survey.sections.append({now.node, QString::fromUtf8(line), lines.byte, lines.number});
+        survey.sections.append({now.node, textOf(line), lines.byte, lines.number});
         return;
     }
     if (header.entry == _entry::type) survey.typeOf.insert(now.node, now.type);
