@@ -9,12 +9,14 @@
 
 #include <QProcess>
 #include <array>
+#include <cstdio>
 #include <thread>
 
 namespace vxTest {
 namespace {
 
 constexpr int patience = 30000;  // milliseconds, far more than anything takes
+constexpr int pause = 200;
 
 std::array<int, 2> openPipe() {
     std::array<int, 2> ends{};
@@ -65,7 +67,10 @@ _runningJobs::_runningJobs(const std::vector<std::string>& arguments) {
     std::vector<char*> pointers;
     for (auto& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
-    if (posix_spawn(&process, VX_SCENE_PROGRAM, &streams, nullptr, pointers.data(), environ) != 0) std::abort();
+    if (posix_spawn(&process, VX_SCENE_PROGRAM, &streams, nullptr, pointers.data(), environ) != 0) {
+        std::perror(VX_SCENE_PROGRAM);
+        std::abort();
+    }
     posix_spawn_file_actions_destroy(&streams);
     close(in[0]);
     close(out[1]);
@@ -106,17 +111,17 @@ void _runningJobs::closeOutput() {
     closeOnce(output);
 }
 
-void _runningJobs::waitUntilOutputIsFull() const {
-    const auto waiting = [&] {
+bool _runningJobs::waitUntilOutputIsFull() const {
+    // Parts of pages may stay unused: full is what does not grow any more.
+    int before = -1;
+    for (int waited = 0; waited < patience; waited += pause) {
         int bytes = 0;
         ioctl(output, FIONREAD, &bytes);
-        return bytes;
-    };
-    // Parts of pages may stay unused: full is what does not grow any more.
-    for (int before = -1; before != waiting() || before < fcntl(output, F_GETPIPE_SZ) / 2;) {
-        before = waiting();
-        std::this_thread::sleep_for(std::chrono::milliseconds{200});
+        if (bytes == before && bytes >= fcntl(output, F_GETPIPE_SZ) / 2) return true;
+        before = bytes;
+        std::this_thread::sleep_for(std::chrono::milliseconds{pause});
     }
+    return false;
 }
 
 void _runningJobs::send(int signal) const {

@@ -40,8 +40,8 @@ class _runningJobs {
     /// What is left of the output, up to its end.
     QByteArray readRest();
     void closeOutput();
-    /// Waits until the program can write no more because nobody reads.
-    void waitUntilOutputIsFull() const;
+    /// Waits until the program can write no more because nobody reads. @return false when it does not get there
+    bool waitUntilOutputIsFull() const;
     void send(int signal) const;
     /// Waits for the end. @return as from `waitpid`
     int status();

@@ -51,7 +51,7 @@ TEST(Interrupt, WaitsForTheEndOfALineThatIsBeingRead) {
     std::vector<std::string> scenes{"--format", "jsonl"};
     scenes.insert(scenes.end(), 50, "/manyJobs.x");
     _runningJobs jobs{scenes};
-    jobs.waitUntilOutputIsFull();
+    ASSERT_TRUE(jobs.waitUntilOutputIsFull());
     jobs.send(SIGTERM);
     EXPECT_TRUE(isWholeLines(jobs.readRest()));
     expectEndedBy(SIGTERM, jobs);
