@@ -159,7 +159,6 @@ constexpr std::array notTakenWords{
     _notTakenWords{vxP::_notTaken::ruledOut, u"ruledOut", u"its path holds '%1'"},
     _notTakenWords{vxP::_notTaken::noMark, u"noMark",
                    u"outside out/ a driver is known by a part of its path, and no known one is there"},
-
 };
 
 }  // namespace

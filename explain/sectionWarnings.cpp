@@ -21,7 +21,10 @@ struct _look {
     const QHash<QString, QString>& expressions;  ///< of its channels
     _warnings& warnings;
 
-    bool madeJobs() const { return section.jobsAfter > section.jobsBefore; }
+    /// A job that there was no memory for is counted all the same.
+    bool madeJobs() const {
+        return section.jobsAfter > section.jobsBefore && scene.jobs.at(section.jobsBefore) != nullptr;
+    }
     const vxJ::_JobBasics_largePath& firstJob() const { return *scene.jobs.at(section.jobsBefore); }
 
     void warn(QStringView code, const QString& text) const {
@@ -147,9 +150,10 @@ void warnOfUnknownTake(const _look& look) {
 
 // ---- wedges
 
+/// A node that was left is no wedge after all.
 void warnOfDroppedWedge(const _observedSection& section, _warnings& warnings) {
     const _outcome outcome = outcomeOf(section);
-    if (!outcome.code.isEmpty())
+    if (!outcome.code.isEmpty() && !section.has(_remark::left))
         warnings.add(u"wedgeDropped", section.node, {}, QStringLiteral("its driver is not repeated: ") + outcome.text);
 }
 

@@ -4,7 +4,9 @@
 #include <QJsonArray>
 #include <QList>
 #include <map>
+#include <set>
 #include <tuple>
+#include <vector>
 
 #include "explain/sceneObservation.h"
 #include "explain/sceneSurvey.h"
@@ -20,7 +22,7 @@ struct _explainedScene {
     const vxP::_sceneFacts& facts;
 };
 
-/// Warnings in the order in which they were found; one that holds for several jobs stands once, with all of them.
+/// Warnings in the order in which they were found; one that holds for several jobs stands once, with each of them once.
 class _warnings {
  public:
     /// @param code  a word that stays the same between versions
@@ -33,9 +35,9 @@ class _warnings {
  private:
     using _key = std::tuple<QString, QString, QString>;  ///< code, node, text
 
-    std::map<_key, vxS::_size> places;
-    QList<_key> keys;
-    QList<QList<int>> jobsOf;
+    std::map<_key, std::size_t> places;
+    std::vector<_key> keys;
+    std::vector<std::set<int>> jobsOf;
 };
 
 /// Warnings about what sections say: frames, names, files that are read, wedges.

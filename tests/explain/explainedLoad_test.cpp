@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QJsonArray>
+#include <QSet>
 
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
@@ -182,6 +183,9 @@ const _warningCase warningCases[] = {
     {"frame_with_fraction", driver("vm_picture=/a.$FF.exr"), "", ""},
     {"undefined_variable", driver("vm_picture=$SHOW/a.$F4.exr"), "undefinedVariable",
      "output holds $SHOW, which neither the scene nor the environment defines"},
+    {"undefined_variable_twice", driver("vm_picture=/$SHOW/$SHOW/a.$F4.exr"), "undefinedVariable",
+     "output holds $SHOW, which neither the scene nor the environment defines"},
+    {"node_called_like_a_wedge", driver("name=x", "out/wedge1"), "", ""},
     {"defined_variable", "set -g SHOW = '/show'\n" + driver("vm_picture=$SHOW/a.$F4.exr"), "", ""},
     {"second_frame_number", driver("vm_picture=/a.$F4/b.$F4.exr"), "secondFrameNumber",
      "output holds a second frame number: only the first is filled in"},
@@ -215,6 +219,8 @@ TEST_P(Warning, IsGiven) {
     EXPECT_EQ(member(warning, "code"), GetParam().code);
     EXPECT_EQ(member(warning, "text"), GetParam().text);
     EXPECT_LE(warnings.size(), 1);
+    const auto jobs = warning[QLatin1String{"jobs"}].toVariant().toStringList();
+    EXPECT_EQ(QSet<QString>(jobs.begin(), jobs.end()).size(), jobs.size()) << "a job is named twice";
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Warning, testing::ValuesIn(warningCases), vxTest::rowName);
