@@ -1,9 +1,9 @@
 #include "bench/plainReader.h"
 
 #include "catalogues/camList.h"
-#include "readers/imageOutVars.h"
-#include "readers/outNodeRules.h"
-#include "readers/scanState.h"
+#include "drivers/outNodeRules.h"
+#include "grammar/imageOutVars.h"
+#include "scan/scanState.h"
 
 namespace vxBench {
 

@@ -7,7 +7,7 @@
 #include "bench/plainReader.h"
 #include "catalogues/camList.h"
 #include "plugin/sceneScan.h"
-#include "readers/scanState.h"
+#include "scan/scanState.h"
 
 namespace vxBench {
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <functional>
 
-#include "readers/paramSection.h"
-#include "readers/scanObserver.h"
+#include "grammar/paramSection.h"
+#include "scan/scanObserver.h"
 
 namespace vxP {
 

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <map>
 
-#include "readers/scanBudget.h"
+#include "scan/scanBudget.h"
 #include "shared/vxString.h"
 
 namespace vxP {

@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "readers/imageOutVars.h"
-#include "readers/paramSection.h"
-#include "readers/scanObserver.h"
+#include "grammar/imageOutVars.h"
+#include "grammar/paramSection.h"
+#include "scan/scanObserver.h"
 
 namespace vxP {
 

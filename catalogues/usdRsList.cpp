@@ -2,11 +2,11 @@
 
 #include <array>
 
-#include "readers/houdiniVariables.h"
-#include "readers/imageOutVars.h"
-#include "readers/paramRules.h"
-#include "readers/paramSection.h"
-#include "readers/scanObserver.h"
+#include "grammar/houdiniVariables.h"
+#include "grammar/imageOutVars.h"
+#include "grammar/paramRules.h"
+#include "grammar/paramSection.h"
+#include "scan/scanObserver.h"
 
 namespace vxP {
 

@@ -4,9 +4,9 @@
 #include <map>
 
 #include "catalogues/listIndex.h"
-#include "readers/paramRules.h"
-#include "readers/paramSection.h"
-#include "readers/scanObserver.h"
+#include "grammar/paramRules.h"
+#include "grammar/paramSection.h"
+#include "scan/scanObserver.h"
 #include "shared/vxNumber.h"
 
 namespace vxP {

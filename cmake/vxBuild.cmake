@@ -30,7 +30,6 @@ endif()
 add_library(vxBuild INTERFACE)
 target_compile_options(vxBuild INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 target_compile_definitions(vxBuild INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
-target_include_directories(vxBuild INTERFACE ${CMAKE_SOURCE_DIR})
 target_link_libraries(vxBuild INTERFACE Qt${VX_QT_MAJOR}::Core)
 # Qt's CMake files ask for -fPIC themselves; the unique-symbol extension would keep a closed plug-in loaded.
 target_compile_options(vxBuild INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)

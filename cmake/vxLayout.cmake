@@ -31,8 +31,12 @@ endfunction()
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME runtime)
 
 # vx_install_library(target headers...): a library for hosts, found by find_package(vxSceneParser), with its headers.
+# The target is a room (vxRooms.cmake) and shows no more of the project than that.
 function(vx_install_library target)
-  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_SOURCE_DIR} FILES ${ARGN})
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE room)
+  set(root ${CMAKE_BINARY_DIR}/rooms/${target})
+  list(TRANSFORM ARGN PREPEND ${root}/${room}/ OUTPUT_VARIABLE headers)
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${root} FILES ${headers})
   install(TARGETS ${target} EXPORT vxSceneParser
           LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev
           ARCHIVE COMPONENT dev

@@ -4,8 +4,8 @@
 #include <array>
 #include <vector>
 
-#include "plugin/sceneLine.h"
-#include "readers/paramSection.h"
+#include "grammar/paramSection.h"
+#include "input/sceneLine.h"
 
 namespace vxE {
 

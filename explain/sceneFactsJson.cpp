@@ -7,7 +7,7 @@
 #include "catalogues/lopList.h"
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
-#include "readers/scanState.h"
+#include "scan/scanState.h"
 
 namespace vxE {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "readers/outNodeRules.h"
+#include "drivers/outNodeRules.h"
 
 namespace vxE {
 

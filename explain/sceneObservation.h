@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "readers/scanObserver.h"
+#include "scan/scanObserver.h"
 
 namespace vxE {
 

@@ -3,8 +3,8 @@
 #include <QRegularExpression>
 #include <cstring>
 
-#include "plugin/sceneFile.h"
-#include "readers/outNodeRules.h"
+#include "drivers/outNodeRules.h"
+#include "input/sceneFile.h"
 
 namespace vxE {
 

@@ -4,8 +4,8 @@
 
 #include "explain/outcomes.h"
 #include "explain/warnings.h"
-#include "readers/paramSection.h"
-#include "readers/scanState.h"
+#include "grammar/paramSection.h"
+#include "scan/scanState.h"
 
 namespace vxE {
 

@@ -1,9 +1,9 @@
 // Scene variables in an output name; the index that finds them, against a look at every variable.
-#include "readers/houdiniVariables.h"
+#include "grammar/houdiniVariables.h"
 
 #include "fuzz/fuzzRecords.h"
-#include "readers/nameText.h"
-#include "readers/scanBudget.h"
+#include "grammar/nameText.h"
+#include "scan/scanBudget.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The file name of an output parameter line.
-#include "readers/imageOutVars.h"
+#include "grammar/imageOutVars.h"
 
 #include "fuzz/fuzzInput.h"
-#include "readers/scanBudget.h"
+#include "scan/scanBudget.h"
 
 /// Input: prepend, take used before, name read before (1 byte each), line.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

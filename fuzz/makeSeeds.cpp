@@ -9,8 +9,8 @@
 #include "catalogues/lopList.h"
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
-#include "plugin/sceneTexts.h"
-#include "readers/outNodeRules.h"
+#include "drivers/outNodeRules.h"
+#include "input/sceneTexts.h"
 #include "tests/support/sceneText.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // The scan that leaves lines out finds what a scan of all lines finds.
 #include "fuzz/fuzzInput.h"
-#include "plugin/candidateScan.h"
+#include "input/candidateScan.h"
 #include "tests/support/twoScans.h"
 
 /// Input: search path and size of the pieces in which the scene comes (1 byte each), scene.

@@ -4,7 +4,7 @@
 
 #include "catalogues/wedges.h"
 #include "plugin/wedgeNames.h"
-#include "readers/scanState.h"
+#include "scan/scanState.h"
 
 namespace vxP {
 

@@ -3,7 +3,7 @@
 #include "plugin/jobCopies.h"
 #include "plugin/jobRules.h"
 #include "plugin/submitterArguments.h"
-#include "readers/scanState.h"
+#include "scan/scanState.h"
 
 namespace vxP {
 

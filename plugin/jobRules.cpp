@@ -3,9 +3,9 @@
 #include <array>
 
 #include "catalogues/camList.h"
-#include "readers/paramSection.h"
-#include "readers/scanBudget.h"
-#include "readers/scanState.h"
+#include "grammar/paramSection.h"
+#include "scan/scanBudget.h"
+#include "scan/scanState.h"
 
 namespace vxP {
 

@@ -1,8 +1,8 @@
 #include "plugin/sceneLoad.h"
 
+#include "input/sceneFile.h"
 #include "plugin/jobFinishing.h"
-#include "plugin/sceneFile.h"
-#include "readers/scanBudget.h"
+#include "scan/scanBudget.h"
 
 namespace vxP {
 

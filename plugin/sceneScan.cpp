@@ -6,15 +6,15 @@
 #include "catalogues/lopList.h"
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
-#include "plugin/sceneDevice.h"
-#include "plugin/sceneLine.h"
-#include "plugin/sceneTexts.h"
+#include "drivers/outNode.h"
+#include "grammar/paramSection.h"
+#include "input/sceneDevice.h"
+#include "input/sceneLine.h"
+#include "input/sceneTexts.h"
 #include "plugin/submitterArguments.h"
-#include "readers/outNode.h"
-#include "readers/paramSection.h"
-#include "readers/scanBudget.h"
-#include "readers/scanObserver.h"
-#include "readers/scanState.h"
+#include "scan/scanBudget.h"
+#include "scan/scanObserver.h"
+#include "scan/scanState.h"
 
 namespace vxP {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "readers/scanBudget.h"
-#include "readers/scanState.h"
+#include "scan/scanBudget.h"
+#include "scan/scanState.h"
 
 namespace vxP {
 

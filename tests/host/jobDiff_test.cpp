@@ -1,5 +1,5 @@
 // Which jobs are the same ones, and what of their differences is shown.
-#include "host/jobDiff.h"
+#include "host/diff/jobDiff.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <QJsonDocument>
 #include <QRegularExpression>
 
-#include "host/jobDiffText.h"
-#include "host/sceneLoad.h"
+#include "host/results/sceneResult.h"
+#include "host/text/jobDiffText.h"
 #include "tests/testText.h"
 
 namespace {

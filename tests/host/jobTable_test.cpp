@@ -4,10 +4,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include "host/displayText.h"
-#include "host/jobCells.h"
-#include "host/jobTable.h"
-#include "host/sceneLoad.h"
+#include "host/base/displayText.h"
+#include "host/results/jobCells.h"
+#include "host/results/sceneResult.h"
+#include "host/text/jobTable.h"
 #include "tests/testText.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // The text of the progress line.
-#include "host/progress.h"
+#include "host/batch/progress.h"
 
 #include <gtest/gtest.h>
 

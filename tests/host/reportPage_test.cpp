@@ -3,9 +3,9 @@
 
 #include <QJsonDocument>
 
-#include "host/reportData.h"
-#include "host/reportPage.h"
-#include "host/sceneLoad.h"
+#include "host/report/reportData.h"
+#include "host/report/reportPage.h"
+#include "host/results/sceneResult.h"
 
 namespace {
 

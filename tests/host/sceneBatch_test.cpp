@@ -1,5 +1,5 @@
 // Work in many child processes: order, bounds, and ends of all kinds.
-#include "host/sceneBatch.h"
+#include "host/batch/sceneBatch.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -11,7 +11,7 @@
 #include <fstream>
 #include <thread>
 
-#include "host/resultCodes.h"
+#include "host/base/resultCodes.h"
 #include "tests/testText.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // Which scenes folders and lists stand for, and in which order.
-#include "host/sceneList.h"
+#include "host/batch/sceneList.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "host/pathList.h"
+#include "host/batch/pathList.h"
 #include "tests/testText.h"
 
 namespace {

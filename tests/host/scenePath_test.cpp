@@ -1,5 +1,5 @@
 // Paths of scenes, with links to folders.
-#include "host/scenePath.h"
+#include "host/base/scenePath.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

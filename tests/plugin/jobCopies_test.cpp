@@ -3,7 +3,7 @@
 
 #include "catalogues/wedges.h"
 #include "plugin/jobFinishing.h"
-#include "readers/scanState.h"
+#include "scan/scanState.h"
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
 

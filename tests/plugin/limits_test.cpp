@@ -8,9 +8,9 @@
 
 #include "catalogues/camList.h"
 #include "catalogues/wedges.h"
+#include "grammar/houdiniVariables.h"
 #include "plugin/vxSceneParserHoudini.h"
-#include "readers/houdiniVariables.h"
-#include "readers/scanBudget.h"
+#include "scan/scanBudget.h"
 #include "tests/support/sceneText.h"
 #include "tests/support/twoScans.h"
 #include "tests/testText.h"

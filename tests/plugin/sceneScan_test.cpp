@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "readers/scanState.h"
+#include "scan/scanState.h"
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
 

@@ -2,8 +2,8 @@
 #include <QFile>
 #include <QJsonDocument>
 
-#include "host/reportData.h"
-#include "host/reportPage.h"
+#include "host/report/reportData.h"
+#include "host/report/reportPage.h"
 
 int main() {
     QFile input;

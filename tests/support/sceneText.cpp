@@ -9,8 +9,8 @@
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
 #include "plugin/jobFinishing.h"
-#include "readers/scanBudget.h"
-#include "readers/scanState.h"
+#include "scan/scanBudget.h"
+#include "scan/scanState.h"
 
 namespace vxTest {
 

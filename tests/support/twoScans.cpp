@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "plugin/jobFinishing.h"
-#include "readers/scanBudget.h"
-#include "readers/scanState.h"
+#include "scan/scanBudget.h"
+#include "scan/scanState.h"
 #include "tests/support/sceneText.h"
 
 namespace vxTest {

@@ -1,0 +1,50 @@
+#include "drivers/outNode.h"
+
+#include "drivers/outNodeDriver.h"
+#include "drivers/outNodeJobs.h"
+#include "drivers/outNodeRules.h"
+#include "grammar/paramSection.h"
+#include "scan/scanObserver.h"
+
+namespace vxP {
+
+namespace {
+
+constexpr qint32 mostJobsBefore = 250;  ///< with more jobs than that, later drivers are passed over
+constexpr std::array driverRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
+                                 QLatin1String{"obj/"}};
+
+void restartFrameRange() {
+    trange = false;
+    seqStart = GLseqStart;
+    seqEnd = GLseqEnd;
+    seqStep = GLseqStep;
+}
+
+void passOver(const QString& header) {
+    if (scanObserver == nullptr) return;
+    scanObserver->readerTakes(_sectionReader::driver, nodePathOf(header, driverRoots, _unendedPath::isWhole));
+    scanObserver->remark(_remark::passedOver, QString::number(mostJobsBefore));
+}
+
+}  // namespace
+
+qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line, bool& activeTakeUsed,
+                   const int& majorVersion, const QString& versionText) {
+    if (load->jobArray->count > mostJobsBefore) {
+        passOver(line);
+        return resultSuccess;
+    }
+    restartFrameRange();
+    _driver driver{.load = *load,
+                   .activeTakeUsed = activeTakeUsed,
+                   .majorVersion = majorVersion,
+                   .versionText = versionText,
+                   .nodePath = nodePathOf(line, driverRoots, _unendedPath::isWhole)};
+    tellReader(_sectionReader::driver, driver.nodePath);
+    return readSection(
+        stream, line, [&](const QString& parameter) { return applyOutNodeRules(driver, parameter); },
+        [&] { return addJobsOf(driver); });
+}
+
+}  // namespace vxP

@@ -1,0 +1,169 @@
+#include "drivers/outNodeJobs.h"
+
+#include "catalogues/lopList.h"
+#include "drivers/aovFiles.h"
+#include "drivers/outNodeNames.h"
+#include "grammar/houdiniVariables.h"
+#include "scan/scanBudget.h"
+#include "scan/scanObserver.h"
+#include "shared/vxPath.h"
+
+namespace vxP {
+
+namespace {
+
+using vxJ::_JobBasics_largePath;
+
+constexpr QLatin1String viewerOnly{"ip"};  ///< an image that is only shown on the screen
+constexpr QLatin1String simulationMark{"_sim_"};
+
+/// A simulation runs on one machine from the first frame to the last.
+constexpr QLatin1String simulationParameters{
+    " \"RenderPreviewFirst=0~0\" \"DistributeStartToEnd=0~1\" \"MaxClientsAtATime=0~1\" \"SeqDivMIN=0~0\""};
+
+struct _aovPlaceholder {
+    QLatin1String variable;
+    QLatin1String placeholder;
+};
+
+constexpr std::array aovPlaceholders{
+    _aovPlaceholder{QLatin1String{"$AOV."}, QLatin1String{"<ValueVar @$AOV.>"}},
+    _aovPlaceholder{QLatin1String{"$AOV/"}, QLatin1String{"<ValueVar @$AOV/>"}},
+    _aovPlaceholder{QLatin1String{"$AOV_"}, QLatin1String{"<ValueVar @$AOV_>"}},
+};
+
+/// A Karma driver renders the stage that it stands in: it is its own LOP node.
+void registerKarma(_driver& driver) {
+    if (!driver.nodePath.contains(QLatin1String("/karma"))) return;
+    _LOPNode node;
+    node.lopName = driver.nodePath;
+    node.imageName = driver.imageName;
+    node.imageUsesTake = driver.activeTakeUsed;
+    LOPList.addLOP(node);
+    LOPList.addLOPFromOutNode(driver.nodePath, driver.nodePath);
+    driver.kinds.set(_kind::lop);
+    driver.kinds.clear(_kind::openGL);
+}
+
+bool isUsable(const QString& name, _remark whenEmpty, _remark whenViewerOnly) {
+    if (name.isEmpty()) tell(whenEmpty);
+    if (name == viewerOnly) tell(whenViewerOnly, name);
+    return !name.isEmpty() && name != viewerOnly;
+}
+
+bool hasUsableOutput(const _driver& driver) {
+    return isUsable(driver.imageName, _remark::noImageName, _remark::imageViewerOnly) &&
+           (!driver.isExport || isUsable(driver.exportName, _remark::noExportName, _remark::exportViewerOnly));
+}
+
+void removeBraces(QString& name) {
+    name.remove(QLatin1Char('{')).remove(QLatin1Char('}'));
+}
+
+void markAovVariables(QString& name) {
+    for (const auto& row : aovPlaceholders) name.replace(row.variable, row.placeholder);
+}
+
+QString translated(const QString& name, const _driver& driver, _JobBasics_largePath& job) {
+    return replaceHoudiniVariables(name, &job, hVariables, *driver.load.sceneFileName);
+}
+
+void fillJob(const _driver& driver, _JobBasics_largePath& job) {
+    job.app = QString(appNameHoudini);
+    job.sceneDatabaseDir = DatabaseDir;
+    job.sceneSettings.seqStart = seqStart;
+    job.sceneSettings.seqEnd = seqEnd;
+    job.sceneSettings.seqStep = static_cast<quint16>(seqStep);
+    job.layer = driver.nodePath;
+    job.imageWidth = static_cast<quint16>(driver.resolutionWidth);
+    job.imageHeight = static_cast<quint16>(driver.resolutionHeight);
+    job.sceneSettings.customDataSet_Str(vxJ::CUSTOMSubmitterPluginVersion, vxJ::vxVersion);
+}
+
+/// Every pass file becomes the next channel of a job that renders.
+void addChannels(const _driver& driver, _JobBasics_largePath& job) {
+    std::size_t channel = 0;
+    for (const _aovSlot& slot : driver.aovs)
+        if (!slot.fileName.isEmpty()) job.channels[channel++].fileName = translated(slot.fileName, driver, job);
+}
+
+void splitImageName(const QString& name, const _driver& driver, _JobBasics_largePath& job) {
+    job.imageFileName = translated(name, driver, job);
+    if (scanObserver != nullptr && !vxS::vxPathIsAbsolute(job.imageFileName.toQString()))
+        tell(_remark::relativeName, job.imageFileName.toQString());
+    job.splitImageFileInto_DirFileExt(true);
+}
+
+quint8 numberOfLastJob(const vxJ::_JobBasicsArray& jobs) {
+    return static_cast<quint8>(jobs.count);
+}
+
+void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_largePath& job) {
+    if (driver.isExport) {
+        job.imageFileName = driver.exportName;
+        nameExportJob(driver, job, jobs);
+    } else {
+        job.imageFileName = driver.imageName;
+        nameRenderJob(driver, job);
+        addChannels(driver, job);
+    }
+    splitImageName(job.imageFileName.toQString(), driver, job);  // as far as the record holds it
+    job.preID = numberOfLastJob(jobs);
+}
+
+qint32 noMoreJobs() {
+    tell(_remark::noMoreJobs);
+    return resultNoMoreJobs;
+}
+
+/// The job that renders what the job before it exports.
+qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
+    mantraIFDJob = true;
+    _JobBasics_largePath* job = nullptr;
+    if (!jobs.getNewJob(job)) return noMoreJobs();
+    const _JobBasics_largePath& exportJob = *jobs.at(jobs.count - 2);
+    static_cast<vxJ::_JobBasics_noSettings_largePath&>(*job) = exportJob;
+    job->sceneSettings = exportJob.sceneSettings;
+    job->preID = numberOfLastJob(jobs);
+    job->waitForPreIDCount = 1;
+    job->waitForPreIDs[0] = static_cast<quint8>(jobs.count - 1);
+    job->imageSingleOutputFile = false;
+    job->imageDir.clear();
+    job->imageExtension.clear();
+    nameJobOfExport(driver, exportJob.imageSingleOutputFile, *job);
+    addChannels(driver, *job);
+    splitImageName(driver.imageName, driver, *job);
+    return resultSuccess;
+}
+
+}  // namespace
+
+qint32 addJobsOf(_driver& driver) {
+    registerKarma(driver);
+    if (!hasUsableOutput(driver)) {
+        emptyNodesfound = true;
+        return resultSuccess;
+    }
+    vxJ::_JobBasicsArray& jobs = *driver.load.jobArray;
+    _JobBasics_largePath* job = nullptr;
+    if (!jobs.getNewJob(job)) return noMoreJobs();
+    const qint32 first = jobs.count - 1;
+    fillJob(driver, *job);
+    for (QString* const name : {&driver.imageName, &driver.exportName}) removeBraces(*name);
+    assembleAovFileNames(driver.aovs, driver.imageName);
+    keepMemory(bytesOf(driver.take));
+    nodeActiveTakes[_vxString<150>(driver.nodePath)] = driver.take;
+    for (QString* const name : {&driver.imageName, &driver.exportName}) markAovVariables(*name);
+    completeFirstJob(driver, jobs, *job);
+    if (driver.isExport && !driver.cameraIsProxyExport) {
+        const qint32 added = addJobOfExport(driver, jobs);
+        if (added != resultSuccess) return added;
+        job = jobs.at(first);
+    }
+    // The render job was copied before and goes without.
+    if (job->layer.contains(QString(simulationMark)))
+        job->sceneSettings.customDataSet_Str(vxJ::CUSTOMSubmitterParameter, simulationParameters);
+    return resultSuccess;
+}
+
+}  // namespace vxP

@@ -1,0 +1,97 @@
+#include "grammar/houdiniVariables.h"
+
+#include <algorithm>
+#include <array>
+
+#include "grammar/nameText.h"
+#include "scan/scanBudget.h"
+#include "shared/vxPath.h"
+
+namespace vxP {
+
+namespace {
+
+constexpr qint64 workPerVariable = 2000;
+
+constexpr QChar variableMark{u'$'};
+constexpr std::array sceneExtensions{QLatin1String{".hiplc"}, QLatin1String{".hipnc"}, QLatin1String{".hip"}};
+
+/// Positions of the "$" of a text. What stands behind these few is quicker told than where each form of each variable
+/// occurs.
+QList<_size> marksOf(const QString& text) {
+    QList<_size> marks;
+    for (_size at = text.indexOf(variableMark); at >= 0; at = text.indexOf(variableMark, at + 1)) marks.append(at);
+    return marks;
+}
+
+/// True when the text holds "$name" or "${name".
+bool holdsVariable(const QString& text, const QList<_size>& marks, const QString& name) {
+    return std::any_of(marks.begin(), marks.end(), [&](_size mark) {
+        const QStringView rest = QStringView(text).mid(mark + 1);
+        return rest.startsWith(name, Qt::CaseInsensitive) ||
+               (rest.startsWith(u'{') && rest.mid(1).startsWith(name, Qt::CaseInsensitive));
+    });
+}
+
+QString plainForm(const QString& name) {
+    return variableMark + name;
+}
+
+QString bracedForm(const QString& name) {
+    return QLatin1String("${") + name + QLatin1Char('}');
+}
+
+/// "$name", then "${name}", with `suffix` behind either.
+void replaceVariable(QString& text, const QString& name, const QString& value, const QString& suffix = {}) {
+    if (!holdsVariable(text, marksOf(text), name)) return;
+    replaceInName(text, plainForm(name) + suffix, value, Qt::CaseInsensitive);
+    replaceInName(text, bracedForm(name) + suffix, value, Qt::CaseInsensitive);
+}
+
+/// A value without scene extensions, the meaning of ":r".
+QString rootOf(QString value) {
+    for (const QLatin1String extension : sceneExtensions) value.remove(extension);
+    return value;
+}
+
+/// The plain forms go before the braced ones, each with ":r" first.
+void replaceSceneVariable(QString& text, const _namevalue& variable) {
+    spendWork(workPerVariable + variable.value.size());
+    const QString root = rootOf(variable.value);
+    for (const QString& form : {plainForm(variable.name), bracedForm(variable.name)}) {
+        replaceInName(text, form + QLatin1String(":r"), root, Qt::CaseInsensitive);
+        replaceInName(text, form, variable.value, Qt::CaseInsensitive);
+    }
+}
+
+QString driverName(const QString& layer) {
+    const _size slash = layer.lastIndexOf(QLatin1Char('/'));
+    return slash > 0 ? layer.mid(slash + 1) : layer;
+}
+
+QString frameText(double frame) {
+    return QString::number(frame, 'g', 6);
+}
+
+}  // namespace
+
+QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, const _variableList& variables,
+                                const _vxString<500>& sceneFile) {
+    text.truncate(longestName);
+    if (!text.contains(variableMark)) return text;
+    const QString sceneBase = vxS::vxGetFileNameBase(sceneFile.toQString(), u'/');
+    const QString sceneFolder = job->sceneDatabaseDir.toQString();
+    // Longer names stand before names that begin them.
+    replaceVariable(text, QStringLiteral("hipname"), sceneBase, QStringLiteral(":r"));
+    replaceVariable(text, QStringLiteral("HIPNAME"), sceneBase);
+    replaceVariable(text, QStringLiteral("HIPPATH"), sceneFolder);
+    replaceVariable(text, QStringLiteral("HIP"), sceneFolder);
+    for (_size next = 0; (next = variables.firstNamedIn(text, marksOf(text), next)) >= 0; ++next)
+        replaceSceneVariable(text, variables.at(next));
+    replaceVariable(text, QStringLiteral("OS"), driverName(job->layer.toQString()));
+    replaceVariable(text, QStringLiteral("RFSTART"), frameText(job->sceneSettings.seqStart));
+    replaceVariable(text, QStringLiteral("RFEND"), frameText(job->sceneSettings.seqEnd));
+    return text;
+}
+
+}  // namespace vxP

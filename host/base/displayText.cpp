@@ -1,0 +1,122 @@
+// Widths and elision count whole characters, never halves of surrogate pairs.
+#include "host/base/displayText.h"
+
+#include <algorithm>
+#include <cwchar>
+
+namespace vxH {
+namespace {
+
+constexpr QLatin1String plainColour{"\x1b[0m"};
+constexpr QLatin1String ellipsis{"..."};
+constexpr int ellipsisColumns = 3;
+
+struct _character {
+    char32_t code;
+    qsizetype units;  // 16-bit units it takes
+};
+
+_character characterAt(QStringView text, qsizetype position) {
+    const QChar first = text[position];
+    if (first.isHighSurrogate() && position + 1 < text.size() && text[position + 1].isLowSurrogate())
+        return {QChar::surrogateToUcs4(first, text[position + 1]), 2};
+    return {first.unicode(), 1};
+}
+
+bool isHarmless(char32_t code) {
+    switch (QChar::category(code)) {
+        case QChar::Other_Control:
+        case QChar::Other_Format:
+        case QChar::Other_Surrogate:
+        case QChar::Other_NotAssigned:
+        case QChar::Separator_Line:
+        case QChar::Separator_Paragraph:
+            return false;
+        default:
+            return true;
+    }
+}
+
+int columnsOfCharacter(char32_t code) {
+    const int columns = wcwidth(static_cast<wchar_t>(code));
+    return columns < 0 ? 1 : columns;
+}
+
+/// Units at the start of the text that fit `columns`.
+qsizetype headUnits(QStringView text, int columns) {
+    qsizetype position = 0;
+    while (position < text.size()) {
+        const auto character = characterAt(text, position);
+        columns -= columnsOfCharacter(character.code);
+        if (columns < 0) break;
+        position += character.units;
+    }
+    return position;
+}
+
+QStringView headOf(QStringView text, int columns) {
+    return text.left(headUnits(text, columns));
+}
+
+/// The longest end of the text that fits `columns`.
+QStringView tailOf(QStringView text, int columns) {
+    int leftOut = std::max(0, vxH::columnsOf(text) - columns);
+    qsizetype position = 0;
+    while (leftOut > 0) {
+        const auto character = characterAt(text, position);
+        leftOut -= columnsOfCharacter(character.code);
+        position += character.units;
+    }
+    return text.mid(position);
+}
+
+}  // namespace
+
+QString printable(QStringView text) {
+    QString harmless;
+    harmless.reserve(static_cast<decltype(harmless.size())>(text.size()));
+    for (qsizetype position = 0; position < text.size();) {
+        const auto character = characterAt(text, position);
+        if (isHarmless(character.code)) {
+            harmless.append(text.mid(position, character.units).toString());
+        } else {
+            harmless += QLatin1Char('?');
+        }
+        position += character.units;
+    }
+    return harmless;
+}
+
+int columnsOf(QStringView text) {
+    int columns = 0;
+    for (qsizetype position = 0; position < text.size();) {
+        const auto character = characterAt(text, position);
+        columns += columnsOfCharacter(character.code);
+        position += character.units;
+    }
+    return columns;
+}
+
+QString elideMiddle(QStringView text, int columns) {
+    if (columnsOf(text) <= columns) return text.toString();
+    if (columns <= ellipsisColumns) return headOf(text, columns).toString();
+    const int kept = columns - ellipsisColumns;
+    return headOf(text, kept / 2).toString() + ellipsis + tailOf(text, kept - kept / 2).toString();
+}
+
+QString elidePath(QStringView path, int columns) {
+    if (columnsOf(path) <= columns) return path.toString();
+    const QString whole = path.toString();
+    const auto separator = std::max(whole.lastIndexOf(QLatin1Char('/')), whole.lastIndexOf(QLatin1Char('\\')));
+    const auto name = path.mid(std::max<qsizetype>(0, separator));
+    const int head = columns - ellipsisColumns - columnsOf(name);
+    if (head >= 0) return headOf(path, head).toString() + ellipsis + name.toString();
+    if (columns <= ellipsisColumns) return tailOf(path, columns).toString();
+    return ellipsis + tailOf(path, columns - ellipsisColumns).toString();
+}
+
+QString coloured(const QString& text, QLatin1String colour) {
+    return colour.isEmpty() || text.isEmpty() ? text : colour + text + plainColour;
+}
+
+}  // namespace vxH

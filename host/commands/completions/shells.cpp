@@ -1,0 +1,182 @@
+#include "host/commands/completions/shells.h"
+
+#include <algorithm>
+
+namespace vxC {
+namespace {
+
+/// The text with a backslash in front of each of the characters.
+std::string escaped(const std::string& text, const std::string& characters) {
+    std::string result;
+    for (const char character : text) {
+        if (characters.find(character) != std::string::npos) result += '\\';
+        result += character;
+    }
+    return result;
+}
+
+template <class _texts>
+std::string joined(const _texts& texts, const char* between = " ") {
+    std::string result;
+    for (const auto& text : texts) {
+        if (!result.empty()) result += between;
+        result += text;
+    }
+    return result;
+}
+
+// ---- bash: names of options and values, both by "COMMAND OPTION"
+
+std::string bashValues(const _argument& argument) {
+    switch (argument.values) {
+        case _values::words:
+            return joined(argument.words);
+        case _values::files:
+            return "@files";
+        case _values::folders:
+            return "@folders";
+        case _values::scenes:
+            return "@scenes";
+        case _values::none:
+            break;
+    }
+    return {};
+}
+
+void writeBashRow(std::ostream& out, const char* array, const std::string& key, const std::string& value) {
+    out << "    " << array << "['" << key << "']='" << value << "'\n";
+}
+
+void writeBashCommand(std::ostream& out, const _commandFacts& command) {
+    std::vector<std::string> names;
+    for (const auto& option : command.options) {
+        names.insert(names.end(), option.names.begin(), option.names.end());
+        if (option.label.empty()) continue;
+        for (const auto& name : option.names)
+            writeBashRow(out, "values", command.name + ' ' + name, bashValues(option));
+    }
+    writeBashRow(out, "options", command.name + ' ', joined(names));
+    for (const auto& argument : command.arguments)
+        writeBashRow(out, "values", command.name + ' ', bashValues(argument));
+}
+
+// ---- zsh: specs of _arguments
+
+std::string zshQuoted(const std::string& text) {
+    std::string result = "'";
+    for (const char character : text) result += character == '\'' ? "'\\''" : std::string(1, character);
+    return result + '\'';
+}
+
+std::string zshValues(const _argument& argument) {
+    switch (argument.values) {
+        case _values::words:
+            return '(' + joined(argument.words) + ')';
+        case _values::files:
+            return "_files";
+        case _values::folders:
+            return "_files -/";
+        case _values::scenes:
+            return "_files -g \"*.(" + joined(sceneExtensions, "|") + ")(-.)\"";
+        case _values::none:
+            break;
+    }
+    return {};
+}
+
+/// `:FORMAT:(table json)`; nothing for a flag.
+std::string zshAction(const _argument& argument) {
+    if (argument.label.empty()) return {};
+    const bool isWords = argument.values == _values::words;
+    return ':' + (isWords ? std::string{"value"} : escaped(argument.label, ":")) + ':' + zshValues(argument);
+}
+
+std::string zshOption(const _argument& option, const std::string& name) {
+    const bool joinsValue = !option.label.empty() && name.compare(0, 2, "--") == 0;
+    std::string spec{"*"};
+    if (!option.repeats) spec = '(' + joined(option.names) + ')';
+    spec += name;
+    if (joinsValue) spec += '=';
+    return spec + '[' + escaped(option.description, "\\[]:") + ']' + zshAction(option);
+}
+
+void writeZshCommand(std::ostream& out, const _commandFacts& command) {
+    out << "        " << zshQuoted(command.name) << ")\n            specs=(\n";
+    for (const auto& option : command.options) {
+        for (const auto& name : option.names) out << "                " << zshQuoted(zshOption(option, name)) << '\n';
+    }
+    for (const auto& argument : command.arguments)
+        out << "                " << (argument.repeats ? "\\*" : "") << zshQuoted(zshAction(argument)) << '\n';
+    out << "            )\n            ;;\n";
+}
+
+// ---- fish: one command "complete" each
+
+std::string fishQuoted(const std::string& text) {
+    return '\'' + escaped(text, "\\'") + '\'';
+}
+
+std::string fishValues(const _argument& argument) {
+    switch (argument.values) {
+        case _values::words:
+            return " -x -a " + fishQuoted(joined(argument.words));
+        case _values::files:
+            return " -r -F";
+        case _values::folders:
+            return " -x -a '(__fish_complete_directories)'";
+        case _values::scenes:
+            return " -x -a '(__vxscene_scenes " + joined(sceneExtensions) + ")'";
+        case _values::none:
+            return " -x";
+    }
+    return {};
+}
+
+void writeFishCommand(std::ostream& out, const _commandFacts& command) {
+    const std::string start = "complete -c vxscene -n " + fishQuoted("__vxscene_in " + fishQuoted(command.name));
+    for (const auto& option : command.options) {
+        out << start;
+        for (const auto& name : option.names)
+            out << (name.compare(0, 2, "--") == 0 ? " -l " + name.substr(2) : " -s " + name.substr(1));
+        out << (option.label.empty() ? "" : fishValues(option)) << " -d " << fishQuoted(option.description) << '\n';
+    }
+    for (const auto& argument : command.arguments) out << start << fishValues(argument) << '\n';
+}
+
+std::vector<std::string> commandNames(const std::vector<_commandFacts>& program) {
+    std::vector<std::string> names;
+    for (const auto& command : program) {
+        if (!command.name.empty()) names.push_back(command.name);
+    }
+    return names;
+}
+
+}  // namespace
+
+void writeBash(std::ostream& out, const std::vector<_commandFacts>& program) {
+    for (const auto& command : program) writeBashCommand(out, command);
+    writeBashRow(out, "values", " ", joined(commandNames(program)));
+    out << "    extensions='" << joined(sceneExtensions) << "'\n";
+}
+
+void writeZsh(std::ostream& out, const std::vector<_commandFacts>& program) {
+    out << "    commands=(\n";
+    for (const auto& command : program) {
+        if (!command.name.empty())
+            out << "        " << zshQuoted(command.name + ':' + escaped(command.description, "\\:")) << '\n';
+    }
+    out << "    )\n    case $command in\n";
+    for (const auto& command : program) writeZshCommand(out, command);
+    out << "    esac\n";
+}
+
+void writeFish(std::ostream& out, const std::vector<_commandFacts>& program) {
+    for (const auto& command : program) {
+        if (!command.name.empty())
+            out << "complete -c vxscene -n \"__vxscene_in ''\" -a " << command.name << " -d "
+                << fishQuoted(command.description) << '\n';
+    }
+    for (const auto& command : program) writeFishCommand(out, command);
+}
+
+}  // namespace vxC

@@ -1,0 +1,37 @@
+// vxscene: runs the command that its command line asks for.
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <string_view>
+
+#include "host/base/resultCodes.h"
+#include "host/base/terminal.h"
+#include "host/commands/commandLine.h"
+
+namespace {
+
+using namespace vxH;
+
+/// Takes the submitter's arguments off the command line: all behind the first "--". @return arguments left
+int splitOffSubmitter(int argc, char** argv, _submitterArguments& submitter) {
+    char** const end = argv + argc;
+    char** const mark = std::find_if(argv, end, [](const char* text) { return std::string_view{text} == "--"; });
+    submitter.assign(argv, argv + std::min(argc, 1));
+    if (mark != end) submitter.insert(submitter.end(), mark + 1, end);
+    return static_cast<int>(mark - argv);
+}
+
+int run(int argc, char** argv) {
+    holdStandardStreams();
+    useUtf8Characters();
+    _submitterArguments submitter;
+    const int argumentsLeft = splitOffSubmitter(argc, argv, submitter);
+    return runCommandLine(argumentsLeft, argv, submitter);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try { return run(argc, argv); } catch (const std::exception& failure) {
+    std::fprintf(stderr, "vxscene: %s\n", failure.what());
+    return exitFailed;
+}

@@ -1,0 +1,67 @@
+// vxscene report
+#include <QSaveFile>
+
+#include "host/access/sceneExplanation.h"
+#include "host/base/terminal.h"
+#include "host/commands/command.h"
+#include "host/commands/sceneRun.h"
+#include "host/report/reportData.h"
+#include "host/report/reportPage.h"
+
+namespace vxH {
+namespace {
+
+struct _options {
+    _sceneOptions scenes;
+    std::string output;  // empty: the standard output
+};
+
+/// Whole or not at all. @return the problem, empty when written
+QString writtenTo(const QString& fileName, const QByteArray& page) {
+    QSaveFile file{fileName};
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(page) == page.size() && file.commit();
+    return isWritten ? QString{} : file.errorString();
+}
+
+int write(const std::string& output, const QByteArray& page) {
+    if (output.empty()) {
+        std::fwrite(page.constData(), 1, static_cast<std::size_t>(page.size()), stdout);
+        return exitSuccess;
+    }
+    const auto fileName = QString::fromStdString(output);
+    const auto problem = writtenTo(fileName, page);
+    if (problem.isEmpty()) return exitSuccess;
+    writeError(QStringLiteral("%1: the report cannot be written: %2").arg(fileName, problem));
+    return exitFailed;
+}
+
+int run(const _options& options, const _submitterArguments& submitter) {
+    if (options.output.empty() && standardOutputTerminal().width > 0) {
+        writeError(
+            QStringLiteral("report: a page is not for a terminal: name its file with --output, "
+                           "or redirect the output (see vxscene report --help)"));
+        return exitUsage;
+    }
+    const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
+    QJsonArray scenes;
+    const int status = collectScenes(options.scenes, sceneFileFilter(), explain, scenes);
+    const int written = write(options.output, reportPage(reportData(scenes, QStringLiteral("vxscene " VX_VERSION))));
+    return written == exitSuccess ? status : written;
+}
+
+}  // namespace
+
+_command addReport(CLI::App& program) {
+    const auto options = std::make_shared<_options>();
+    auto* const line =
+        addCommand(program, "report",
+                   "Write a page that shows the jobs of scenes, for a browser; submitter arguments follow \"--\"",
+                   "Examples:\n  vxscene report -o shot010.html shot010.hip\n"
+                   "  vxscene report -o versions.html shot010_v1.hip shot010_v2.hip\n"
+                   "  vxscene report --recursive -o kettle.html /projects/kettle");
+    addText(*line, "-o,--output", options->output, "File of the page; otherwise the standard output", "FILE");
+    addSceneOptions(*line, options->scenes);
+    return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+}
+
+}  // namespace vxH

@@ -1,0 +1,294 @@
+#include "input/candidateScan.h"
+
+#include <immintrin.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <string>
+
+#include "input/sceneTexts.h"
+
+namespace vxP {
+
+namespace {
+
+// ---- the texts, and the three bytes of each by which it is found: its anchor
+
+struct _searchedText {
+    std::string_view text;
+    std::size_t anchor;  ///< position of the three bytes: the rarer, the better
+    bool anyCase;
+};
+
+constexpr std::array searchedTexts{
+    _searchedText{sectionSuffix, 0, false},  _searchedText{saveVersionName, 0, true},
+    _searchedText{variableCommand, 4, true}, _searchedText{frameRangeCommand, 0, true},
+    _searchedText{takeCommand, 1, false},
+};
+
+constexpr char carriageReturn = '\r';
+constexpr std::string_view longS{"\xC5\xBF"};    ///< equals an "s" where letter case does not count
+constexpr std::string_view behindS{"eEaAiI\r"};  ///< what follows the "s" of a text, or may hide it
+
+/// Bytes of the texts, in two groups of which each is about a product of lower and upper halves. A carriage return
+/// between two of them may stand inside a text.
+constexpr std::array textBytes{std::string_view{"aeghikmnofAEGHIKMNOF"}, std::string_view{"prstv_PRSTV_ -."}};
+
+constexpr bool isLetter(char byte) {
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+}
+
+constexpr char otherCase(char byte) {
+    return isLetter(byte) ? static_cast<char>(byte ^ 0x20) : byte;
+}
+
+constexpr std::uint8_t code(char byte) {
+    return static_cast<std::uint8_t>(byte);
+}
+
+/// Which of eight sets of bytes a byte is in, one bit a set, looked up by its two halves: a set is the product of its
+/// lower and its upper halves, and so may hold more bytes than were added.
+struct _byteSets {
+    std::array<std::uint8_t, 64> byLowerHalf{};  ///< 16 entries, four times over, as vectors look them up
+    std::array<std::uint8_t, 64> byUpperHalf{};
+
+    constexpr void add(char byte, std::uint8_t set) {
+        for (std::size_t lane = 0; lane < 64; lane += 16) {
+            byLowerHalf[lane + (code(byte) & 15U)] |= set;
+            byUpperHalf[lane + (code(byte) >> 4U)] |= set;
+        }
+    }
+    constexpr std::uint8_t setsOf(char byte) const {
+        return byLowerHalf[code(byte) & 15U] & byUpperHalf[code(byte) >> 4U];
+    }
+};
+
+/// An anchor stands where three bytes follow each other that share a set, each in its own table.
+struct _anchorSets {
+    std::array<_byteSets, 3> places;
+
+    constexpr void add(std::size_t place, std::string_view bytes, int set) {
+        for (const char byte : bytes) places[place].add(byte, static_cast<std::uint8_t>(1 << set));
+    }
+    constexpr void addText(const _searchedText& searched, int set) {
+        for (std::size_t place = 0; place < places.size(); ++place) {
+            const char byte = searched.text[searched.anchor + place];
+            const char pair[] = {byte, searched.anyCase ? otherCase(byte) : byte};
+            add(place, {pair, 2}, set);
+        }
+    }
+    /// `behind` follows a carriage return that follows a byte of a text or another carriage return.
+    constexpr void addJoin(std::string_view behind, int set) {
+        constexpr std::string_view aReturn{&carriageReturn, 1};
+        for (const std::string_view before : {textBytes[0], textBytes[1], aReturn}) add(0, before, set);
+        add(1, aReturn, set);
+        add(2, behind, set);
+    }
+    constexpr std::uint8_t setsAt(const char* bytes) const {
+        return places[0].setsOf(bytes[0]) & places[1].setsOf(bytes[1]) & places[2].setsOf(bytes[2]);
+    }
+};
+
+constexpr _anchorSets makeAnchorSets() {
+    _anchorSets sets;
+    int set = 0;
+    for (const auto& searched : searchedTexts) sets.addText(searched, set++);
+    sets.add(0, longS.substr(0, 1), set);
+    sets.add(1, longS.substr(1), set);
+    sets.add(2, behindS, set++);
+    for (const std::string_view behind : textBytes) sets.addJoin(behind, set++);
+    return sets;
+}
+
+constexpr _anchorSets anchors = makeAnchorSets();
+
+// ---- is it one?
+
+constexpr bool equals(char byte, char wanted, bool anyCase) {
+    return byte == wanted || (anyCase && byte == otherCase(wanted));
+}
+
+bool isTextAt(std::string_view bytes, std::size_t anchor, const _searchedText& searched) {
+    if (anchor < searched.anchor) return false;
+    const std::string_view found = bytes.substr(anchor - searched.anchor, searched.text.size());
+    return found.size() == searched.text.size() &&
+           std::equal(found.begin(), found.end(), searched.text.begin(),
+                      [&](char byte, char wanted) { return equals(byte, wanted, searched.anyCase); });
+}
+
+/// Which bytes follow each other in one of the texts.
+class _neighbours {
+ public:
+    constexpr _neighbours() {
+        for (const auto& searched : searchedTexts)
+            for (std::size_t i = 0; i + 1 < searched.text.size(); ++i)
+                addPair(searched.text[i], searched.text[i + 1], searched.anyCase);
+    }
+    constexpr bool has(char before, char after) const {
+        return before >= 0 && after >= 0 && pairs[code(before)][code(after)];
+    }
+
+ private:
+    constexpr void addPair(char before, char after, bool anyCase) {
+        for (const char first : {before, anyCase ? otherCase(before) : before})
+            for (const char second : {after, anyCase ? otherCase(after) : after})
+                pairs[code(first)][code(second)] = true;
+    }
+
+    std::array<std::array<bool, 128>, 128> pairs{};
+};
+
+constexpr _neighbours neighbours;
+
+/// However many carriage returns stand between two bytes of a text, there is an anchor.
+constexpr bool everyJoinHasAnAnchor() {
+    for (int before = 0; before < 128; ++before) {
+        for (int behind = 0; behind < 128; ++behind) {
+            const char one[] = {static_cast<char>(before), carriageReturn, static_cast<char>(behind)};
+            const char several[] = {carriageReturn, carriageReturn, static_cast<char>(behind)};
+            if (neighbours.has(one[0], one[2]) && (anchors.setsAt(one) == 0 || anchors.setsAt(several) == 0))
+                return false;
+        }
+    }
+    return true;
+}
+static_assert(everyJoinHasAnAnchor());
+
+constexpr std::size_t longestText =
+    std::max_element(searchedTexts.begin(), searchedTexts.end(),
+                     [](const auto& a, const auto& b) { return a.text.size() < b.text.size(); }) -> text.size();
+
+/// What stands around a place of its line when the carriage returns are gone, as far as a text reaches to either side.
+struct _surroundings {
+    std::string text;
+    bool isWhole = true;  ///< false: more may follow than there are bytes
+
+    _surroundings(std::string_view bytes, std::size_t at) {
+        for (std::size_t i = at; i > 0 && bytes[i - 1] != '\n' && text.size() < longestText; --i)
+            if (bytes[i - 1] != carriageReturn) text += bytes[i - 1];
+        std::reverse(text.begin(), text.end());
+        const std::size_t full = text.size() + longestText;
+        std::size_t i = at;
+        for (; i < bytes.size() && bytes[i] != '\n' && text.size() < full; ++i)
+            if (bytes[i] != carriageReturn) text += bytes[i];
+        isWhole = i < bytes.size();
+    }
+};
+
+bool holdsText(std::string_view bytes) {
+    for (std::size_t at = 0; at < bytes.size(); ++at)
+        if (std::any_of(searchedTexts.begin(), searchedTexts.end(),
+                        [&](const _searchedText& searched) { return isTextAt(bytes, at, searched); }))
+            return true;
+    return bytes.find(longS) != bytes.npos;
+}
+
+/// A carriage return in the middle of a text. Nearly all of them stand between bytes that are no neighbours anyway.
+bool joinsText(std::string_view bytes, std::size_t at) {
+    std::size_t before = at;
+    while (before > 0 && bytes[before] == carriageReturn) --before;
+    if (!neighbours.has(bytes[before], bytes[at + 1])) return false;
+    const _surroundings around(bytes, at);
+    return !around.isWhole || holdsText(around.text);
+}
+
+bool isCandidate(std::string_view bytes, std::size_t at) {
+    if (bytes[at + 1] == carriageReturn) return joinsText(bytes, at + 1);
+    if (bytes.substr(at, longS.size()) == longS) return true;
+    return std::any_of(searchedTexts.begin(), searchedTexts.end(),
+                       [&](const _searchedText& searched) { return isTextAt(bytes, at, searched); });
+}
+
+// ---- the search for anchors
+
+/// @return first candidate from `at` on whose anchor begins below `end`, or `end`
+using _search = std::size_t (*)(std::string_view bytes, std::size_t at, std::size_t end);
+
+std::size_t searchPortable(std::string_view bytes, std::size_t at, std::size_t end) {
+    for (; at < end; ++at)
+        if (anchors.setsAt(bytes.data() + at) != 0 && isCandidate(bytes, at)) return at;
+    return end;
+}
+
+/// First candidate among the anchors that a vector path found, one bit for each, or `end`.
+template <typename Bits>
+[[gnu::noinline]] std::size_t firstCandidate(std::string_view bytes, std::size_t at, Bits found, std::size_t end) {
+    for (; found != 0; found &= found - 1) {
+        const std::size_t anchor = at + static_cast<std::size_t>(std::countr_zero(found));
+        if (isCandidate(bytes, anchor)) return anchor;
+    }
+    return end;
+}
+
+// The vector paths look up the sets of 32 or 64 bytes, and of the two bytes behind each, in one go.
+
+[[gnu::target("avx2")]] __m256i setsAvx2(const char* bytes, const _byteSets& sets) {
+    const __m256i half = _mm256_set1_epi8(15);
+    const __m256i here = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(bytes));
+    const __m256i upper = _mm256_and_si256(_mm256_srli_epi16(here, 4), half);
+    const __m256i byLower = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(sets.byLowerHalf.data()));
+    const __m256i byUpper = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(sets.byUpperHalf.data()));
+    return _mm256_and_si256(_mm256_shuffle_epi8(byLower, _mm256_and_si256(here, half)),
+                            _mm256_shuffle_epi8(byUpper, upper));
+}
+
+[[gnu::target("avx2")]] std::size_t searchAvx2(std::string_view bytes, std::size_t at, std::size_t end) {
+    for (; at + sizeof(__m256i) <= end; at += sizeof(__m256i)) {
+        const char* const here = bytes.data() + at;
+        const __m256i two = _mm256_and_si256(setsAvx2(here, anchors.places[0]), setsAvx2(here + 1, anchors.places[1]));
+        const __m256i hits = _mm256_and_si256(two, setsAvx2(here + 2, anchors.places[2]));
+        if (_mm256_testz_si256(hits, hits) != 0) continue;
+        const __m256i misses = _mm256_cmpeq_epi8(hits, _mm256_setzero_si256());
+        const auto found = ~static_cast<std::uint32_t>(_mm256_movemask_epi8(misses));
+        if (const std::size_t first = firstCandidate(bytes, at, found, end); first < end) return first;
+    }
+    return searchPortable(bytes, at, end);
+}
+
+[[gnu::target("avx512bw")]] __m512i setsAvx512(const char* bytes, const _byteSets& sets) {
+    const __m512i half = _mm512_set1_epi8(15);
+    const __m512i here = _mm512_loadu_si512(bytes);
+    const __m512i upper = _mm512_and_si512(_mm512_srli_epi16(here, 4), half);
+    const __m512i byLower = _mm512_loadu_si512(sets.byLowerHalf.data());
+    const __m512i byUpper = _mm512_loadu_si512(sets.byUpperHalf.data());
+    return _mm512_and_si512(_mm512_shuffle_epi8(byLower, _mm512_and_si512(here, half)),
+                            _mm512_shuffle_epi8(byUpper, upper));
+}
+
+[[gnu::target("avx512bw")]] std::size_t searchAvx512(std::string_view bytes, std::size_t at, std::size_t end) {
+    for (; at + sizeof(__m512i) <= end; at += sizeof(__m512i)) {
+        const char* const here = bytes.data() + at;
+        const __m512i two =
+            _mm512_and_si512(setsAvx512(here, anchors.places[0]), setsAvx512(here + 1, anchors.places[1]));
+        const std::uint64_t found = _mm512_test_epi8_mask(two, setsAvx512(here + 2, anchors.places[2]));
+        if (found == 0) continue;
+        if (const std::size_t first = firstCandidate(bytes, at, found, end); first < end) return first;
+    }
+    return searchPortable(bytes, at, end);
+}
+
+_search searchOf(_searchPath path) {
+    if (path == _searchPath::portable) return searchPortable;
+    const bool hasAvx512 = __builtin_cpu_supports("avx512bw") != 0;
+    if (path == _searchPath::automatic && hasAvx512) return searchAvx512;
+    return __builtin_cpu_supports("avx2") != 0 ? searchAvx2 : searchPortable;
+}
+
+_search search = searchOf(_searchPath::automatic);
+
+}  // namespace
+
+std::size_t findCandidate(std::string_view bytes, std::size_t from, bool complete) {
+    const std::size_t hidden = complete ? 2 : candidateLookAhead;  // of an anchor's three bytes
+    const std::size_t end = bytes.size() > hidden ? bytes.size() - hidden : 0;
+    const std::size_t found = from < end ? search(bytes, from, end) : end;
+    return found < end ? found : bytes.size();
+}
+
+void chooseSearchPath(_searchPath path) {
+    search = searchOf(path);
+}
+
+}  // namespace vxP

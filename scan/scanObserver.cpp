@@ -1,0 +1,7 @@
+#include "scan/scanObserver.h"
+
+namespace vxP {
+
+_scanObserver* scanObserver = nullptr;
+
+}  // namespace vxP
