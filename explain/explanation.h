@@ -1,0 +1,119 @@
+// A scene explained: what its load learned, what became of each section, and what is likely to go wrong. Who shows it
+// makes JSON or text of it.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include "scan/scanObserver.h"
+
+namespace vxE {
+
+/// A variable that names may hold.
+struct _variableFact {
+    QString name;
+    QString value;
+    bool isImported;  ///< taken from the environment, not set by the scene
+};
+
+struct _cameraFact {
+    QString node;
+    qint32 width;   ///< pixels; 0: no section of the camera was read
+    qint32 height;  ///< pixels
+    bool isStereo;
+    QStringList drivers;  ///< that render through it
+};
+
+struct _lopFact {
+    QString node;
+    QString image;     ///< in the job's notation; empty: none
+    QString renderer;  ///< "karma", "prman" ...; empty: not known
+    QStringList drivers;
+};
+
+struct _usdRenderSettingsFact {
+    QString node;
+    QString camera;
+    QString image;  ///< scene archive in the job's notation
+    bool isArchiveEnabled;
+    QStringList drivers;
+};
+
+struct _wedgeChannelFact {
+    QString name;
+    double start;
+    double end;
+    qint32 steps;
+};
+
+struct _wedgeFact {
+    QString node;
+    QString driver;  ///< that is repeated
+    qint32 variants;
+    QList<_wedgeChannelFact> channels;
+};
+
+/// What the load learned about the scene as a whole.
+struct _explainedFacts {
+    QString houdiniVersion;  ///< for example "19.5.640"; empty: the scene does not tell
+    qint32 firstFrame;
+    qint32 lastFrame;
+    qint32 frameStep;
+    bool isFrameRangeStored;  ///< false: the scene has none, and the range is the default
+    QStringList takes;
+    qint64 variableCount;  ///< of which `variables` holds the first ones
+    QList<_variableFact> variables;
+    QList<_cameraFact> cameras;
+    QList<_lopFact> lops;
+    QList<_usdRenderSettingsFact> usdRenderSettings;
+    QList<_wedgeFact> wedges;
+};
+
+/// What came of a section.
+enum class _outcomeKind : quint8 {
+    none,  ///< nothing; its code and text tell why
+    kept,  ///< an entry of a catalogue: a camera, a wedge ...
+    jobs,
+};
+
+/// A section that a reader took.
+struct _explainedSection {
+    vxP::_sectionReader reader;
+    QString node;
+    qint64 line;     ///< of its header, from 1; 0: not known
+    qint64 byte;     ///< of that line, from the beginning of the scene
+    bool hasFrames;  ///< the section holds a parameter of frames
+    _outcomeKind outcome;
+    QList<int> jobs;      ///< numbers from 1
+    QList<int> copies;    ///< numbers of the copies of these jobs, for takes and wedges
+    QString code;         ///< a word that stays the same between versions; empty where something came of the section
+    QString text;         ///< the outcome in words
+    QStringList details;  ///< the names that the reader met, with what it thought of each
+};
+
+/// A section that looks like a driver's and that no reader took.
+struct _unrecognisedSection {
+    QString node;
+    QString type;  ///< of the node: "rop_fbx"; empty: not known
+    qint64 line;
+    qint64 byte;
+    QString code;
+    QString text;
+};
+
+struct _warning {
+    QString code;     ///< a word that stays the same between versions
+    QString node;     ///< empty: not about one node
+    QList<int> jobs;  ///< numbers from 1, each once
+    QString text;
+};
+
+struct _explanation {
+    _explainedFacts facts;
+    QList<_explainedSection> sections;  ///< in file order
+    QList<_unrecognisedSection> notRecognised;
+    QList<_warning> warnings;
+};
+
+}  // namespace vxE
