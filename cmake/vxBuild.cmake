@@ -3,8 +3,9 @@
 set(VX_QT_MAJOR 6 CACHE STRING "Qt to build with: 6, or 5 for Qt 5.15")
 option(VX_BUILD_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(VX_BUILD_FUZZERS "Build the fuzz targets in fuzz/, with clang" OFF)
-
 option(VX_PRECOMPILE "Parse Qt's headers once for all sources; scripts/tidy tells whether all include what they use" ON)
+# Off for users and packagers: a newer compiler's new warning must not break their build.
+option(VX_WERROR "A compiler warning fails the build; scripts/test and the developers' presets set this" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -27,10 +28,13 @@ else()
   find_package(Qt6 6.2 REQUIRED COMPONENTS Core)
 endif()
 
+# Warnings of C and C++ alike.
+add_library(vxWarnings INTERFACE)
+target_compile_options(vxWarnings INTERFACE -Wall -Wextra -Wconversion -Wshadow $<$<BOOL:${VX_WERROR}>:-Werror>)
+
 add_library(vxBuild INTERFACE)
-target_compile_options(vxBuild INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 target_compile_definitions(vxBuild INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
-target_link_libraries(vxBuild INTERFACE Qt${VX_QT_MAJOR}::Core)
+target_link_libraries(vxBuild INTERFACE vxWarnings Qt${VX_QT_MAJOR}::Core)
 # Qt's CMake files ask for -fPIC themselves; the unique-symbol extension would keep a closed plug-in loaded.
 target_compile_options(vxBuild INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
 
