@@ -12,7 +12,7 @@ SWITCHES = """--headless --no-sandbox --disable-gpu --disable-dev-shm-usage --di
 
 
 class _RemoteControl(Service):
-    """Selenium would look for it under the name "localhost", and through a proxy."""
+    """Selenium would look for it under the name "localhost"."""
 
     HOST = "127.0.0.1"
 
