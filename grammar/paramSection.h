@@ -80,7 +80,7 @@ QString parenthesised(const QString& line);
 QString outerParenthesised(const QString& line);
 /// `parenthesised` without any double quote, trimmed.
 QString unquoted(const QString& line);
-/// A value without the double quote at its begin and the one at its end, each by itself.
+/// A value without the double quote at its beginning and the one at its end, each by itself.
 QString withoutOuterQuotes(QString value);
 
 /// Text before the first separator; the whole text when there is none.

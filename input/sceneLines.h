@@ -27,7 +27,7 @@ class _sceneLines {
     std::string_view next();
     void take() { wanted = {}; }
 
-    /// Position in the scene of the line handed out last (bytes from its begin).
+    /// Position in the scene of the line handed out last (bytes from its beginning).
     qint64 positionOfLine() const { return wantedAt; }
 
     /// True when the source reported an error; the lines then end before it. A line that it cut is not handed out: a
