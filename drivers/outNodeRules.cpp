@@ -186,7 +186,11 @@ struct _paramRule {
     bool (*when)(const _driver&);  ///< the row counts only while this holds
     _kind kind;                    ///< driver kind the row implies; keep: none
     _step (*handle)(_driver&, const QString& line);
+    _parameterRole role = _parameterRole::other;
 };
+
+constexpr auto output = _parameterRole::output;
+constexpr auto frameRange = _parameterRole::frameRange;
 
 constexpr auto notForOthersThanMantra = isNone<_kind::arnold, _kind::redshift, _kind::vray, _kind::renderman>;
 constexpr auto notForOthersThanArnold = isNone<_kind::redshift, _kind::vray, _kind::renderman>;
@@ -195,26 +199,26 @@ constexpr auto notForOthersThanRenderman = isNone<_kind::redshift, _kind::arnold
 
 constexpr std::array outNodeRules{
     // first match wins
-    _paramRule{QLatin1String{"trange"}, always, _kind::keep, readTrange},
-    _paramRule{QLatin1String{"f\t"}, hasTrange, _kind::keep, readFrameRange},
-    _paramRule{QLatin1String{"vm_picture\t"}, always, _kind::keep, readImage},
-    _paramRule{QLatin1String{"copoutput\t"}, always, _kind::keep, readImage},
-    _paramRule{QLatin1String{"ar_picture\t"}, always, _kind::arnold, readImage},
-    _paramRule{QLatin1String{"RS_outputFileNamePrefix\t"}, always, _kind::redshift, readImage},
-    _paramRule{QLatin1String{"picture\t"}, always, _kind::openGL, readImage},
-    _paramRule{QLatin1String{"sopoutput\t"}, always, _kind::geometry, readImage},
-    _paramRule{QLatin1String{"file\t"}, always, _kind::geometry, readImage},
-    _paramRule{QLatin1String{"filename\t"}, always, _kind::alembic, readImage},
-    _paramRule{QLatin1String{"SettingsOutput_img_file_path\t"}, always, _kind::vray, readImage},
-    _paramRule{QLatin1String{"outputimage\t"}, always, _kind::lop, readImage},
-    _paramRule{QLatin1String{"ri_display_0\t"}, always, _kind::renderman, readImage},
-    _paramRule{QLatin1String{"ri_display\t"}, always, _kind::renderman, readImage},
+    _paramRule{QLatin1String{"trange"}, always, _kind::keep, readTrange, frameRange},
+    _paramRule{QLatin1String{"f\t"}, hasTrange, _kind::keep, readFrameRange, frameRange},
+    _paramRule{QLatin1String{"vm_picture\t"}, always, _kind::keep, readImage, output},
+    _paramRule{QLatin1String{"copoutput\t"}, always, _kind::keep, readImage, output},
+    _paramRule{QLatin1String{"ar_picture\t"}, always, _kind::arnold, readImage, output},
+    _paramRule{QLatin1String{"RS_outputFileNamePrefix\t"}, always, _kind::redshift, readImage, output},
+    _paramRule{QLatin1String{"picture\t"}, always, _kind::openGL, readImage, output},
+    _paramRule{QLatin1String{"sopoutput\t"}, always, _kind::geometry, readImage, output},
+    _paramRule{QLatin1String{"file\t"}, always, _kind::geometry, readImage, output},
+    _paramRule{QLatin1String{"filename\t"}, always, _kind::alembic, readImage, output},
+    _paramRule{QLatin1String{"SettingsOutput_img_file_path\t"}, always, _kind::vray, readImage, output},
+    _paramRule{QLatin1String{"outputimage\t"}, always, _kind::lop, readImage, output},
+    _paramRule{QLatin1String{"ri_display_0\t"}, always, _kind::renderman, readImage, output},
+    _paramRule{QLatin1String{"ri_display\t"}, always, _kind::renderman, readImage, output},
     _paramRule{QLatin1String{"take\t"}, always, _kind::keep, readTake},
     _paramRule{QLatin1String{"camera\t"}, always, _kind::keep, readCamera},
     _paramRule{QLatin1String{"RS_renderCamera\t"}, always, _kind::keep, readCamera},
     _paramRule{QLatin1String{"RS_outputFileFormat\t"}, always, _kind::keep, readFileFormat},
     _paramRule{QLatin1String{"loppath\t"}, always, _kind::keep, readLopPath},
-    _paramRule{QLatin1String{"lopoutput\t"}, always, _kind::lop, readLopOutput},
+    _paramRule{QLatin1String{"lopoutput\t"}, always, _kind::lop, readLopOutput, output},
     _paramRule{QLatin1String{"renderer\t"}, always, _kind::keep, readRenderer},
     _paramRule{QLatin1String{"soho_outputmode"}, notForOthersThanMantra, _kind::keep, readExportToggle},
     _paramRule{QLatin1String{"ar_ass_export_enable\t"}, notForOthersThanArnold, _kind::keep, readExportToggle},
@@ -260,11 +264,8 @@ std::span<const QLatin1String> outNodeParameters() {
 }
 
 _parameterRole roleOf(const QString& line) {
-    for (const _paramRule& rule : outNodeRules) {
-        if (!isNamed(line, rule.name)) continue;
-        if (rule.handle == readTrange || rule.handle == readFrameRange) return _parameterRole::frameRange;
-        if (rule.handle == readImage || rule.handle == readLopOutput) return _parameterRole::output;
-    }
+    for (const _paramRule& rule : outNodeRules)
+        if (rule.role != _parameterRole::other && isNamed(line, rule.name)) return rule.role;
     return _parameterRole::other;
 }
 
