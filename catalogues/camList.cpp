@@ -16,8 +16,6 @@ constexpr std::array notACamera{QLatin1String{"xform"}, QLatin1String{"camOrigin
 constexpr std::string_view stereoMark{"stereo"};
 constexpr QLatin1String resolutionName{"res\t"};
 
-constexpr qint64 bytesOfHashPlace = 64;
-
 std::size_t hashOf(const _vxString8_allSize<150>& name) {
     return std::hash<std::string_view>{}(name.view());
 }
@@ -42,14 +40,14 @@ qint32 _camList::knownIndex(const _vxString8_allSize<150>& name) const {
     const auto found = byNameHash.find(hashOf(name));
     if (found == byNameHash.end()) return -1;
     if (cameras.at(found->second).camName == name) return found->second;
-    spendWork(10 * cameras.size());
+    spendWork(cameraSearchCost, cameras.size());
     for (qint32 index = 0; index < cameras.size(); ++index)
         if (cameras.at(index).camName == name) return index;
     return -1;
 }
 
 qint32 _camList::append(const _vxString8_allSize<150>& name) {
-    keepMemory(static_cast<qint64>(sizeof(_camNode)) + bytesOfHashPlace);
+    keepMemory(static_cast<qint64>(sizeof(_camNode)) + bytesAroundHash);
     const qint32 index = static_cast<qint32>(cameras.size());
     cameras.append(_camNode());
     cameras[index].camName = name;

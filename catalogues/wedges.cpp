@@ -20,8 +20,6 @@ constexpr QLatin1String parentFolder{"../"};
 /// A scene never has more channels.
 constexpr int greatestInstance = 10000;
 
-constexpr qint64 workPerChannel = 800;
-
 /// Characters of a variant's name that a record can hold.
 constexpr _size longestVariantName = 1000;
 
@@ -172,7 +170,7 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
     int rest = wedgeIndex;
     for (const _wedgeParams& channel : params) {
         if (name.size() >= longestVariantName) break;
-        spendWork(workPerChannel);
+        spendWork(wedgeChannelCost);
         name += QLatin1Char('_') + channel.name + QLatin1Char('_') +
                 QString::number(channel.valueIdx(rest % channel.steps), 'f', 6);
         rest /= channel.steps;

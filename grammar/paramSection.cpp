@@ -7,9 +7,6 @@ namespace vxP {
 
 namespace {
 
-constexpr qint64 workPerLine = 500;
-constexpr qint64 workPerCharacter = 10;
-
 constexpr QLatin1String nodeExpression{"`chsop(\\"};
 
 QString cutAt(QString text, _size end) {
@@ -26,7 +23,7 @@ QString behindOpeningParenthesis(const QString& line) {
 _sectionStep nextParameter(QTextStream& stream, QString& line) {
     while (!stream.atEnd()) {
         line = stream.readLine().trimmed();
-        spendWork(workPerLine + workPerCharacter * line.size());
+        spendWork(parameterLineCost, line.size());
         if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) continue;
         return line.startsWith(QLatin1Char('}')) ? _sectionStep::closed : _sectionStep::parameter;
     }

@@ -20,8 +20,6 @@ struct _visit {
     const _outputBefore& before;
 };
 
-constexpr qint64 workPerCustomData = 2000;
-
 constexpr QLatin1String htoaRenderer{"HtoA"};
 constexpr QLatin1String vrayPerFrame{"multifile"};
 constexpr QLatin1String exportIFD{"createIFD"};
@@ -119,7 +117,7 @@ void setHoudiniFacts(const _visit& visit) {
     visit.job.appVersionMajor = static_cast<qint16>(visit.scene.houdini.versionMajor);
     setMinorVersion(visit.job, visit.scene.houdini);
     for (const QString& value : visit.scene.jobVariables) {
-        spendWork(workPerCustomData);
+        spendWork(customDataCost);
         visit.job.sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), value);
     }
     const QString take = nodeActiveTakes.value(visit.job.layer);

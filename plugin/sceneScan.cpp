@@ -23,10 +23,6 @@ namespace {
 constexpr QLatin1String buildVersionSwitch{"-houdiniBuildVersion"};
 constexpr QLatin1String compressedIFDSwitch{"-houdiniCompressedIFD"};
 
-constexpr qint64 workPerLine = 500;
-constexpr qint64 workPerCharacter = 4;
-constexpr qint64 workPerSection = 1000;
-
 constexpr QLatin1String importedPrefix{"HIP"};
 constexpr std::array neverImported{QLatin1String{"OS"}, QLatin1String{"AOV"}};
 constexpr int longestImportedValue = 200;  ///< characters
@@ -112,7 +108,7 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
             facts.takes.add(takeName(line));
             return resultSuccess;
         default: {
-            spendWork(workPerSection);
+            spendWork(sectionCost);
             sectionOpens(true);
             const qint32 result = readSectionOf(meaning.kind, load, stream, line, facts);
             sectionOpens(false);
@@ -184,7 +180,7 @@ qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFact
                   const _sectionSwitch& sectionOpens) {
     while (!stream.atEnd()) {
         QString line = stream.readLine().trimmed();
-        spendWork(workPerLine + workPerCharacter * line.size());
+        spendWork(sceneLineCost, line.size());
         const qint32 result = actOn(line, load, stream, sectionOpens, facts);
         if (result != resultSuccess) return result;
     }

@@ -9,9 +9,6 @@ namespace vxP {
 
 namespace {
 
-constexpr qint64 workPerName = 200;
-constexpr qint64 workPerCharacter = 8;
-
 /// What a placeholder stands for.
 struct _variant {
     QString number;
@@ -32,7 +29,7 @@ constexpr std::array wedgePlaceholders{
 };
 
 bool replacePlaceholders(_vxString<1000>& text, const _variant& variant) {
-    spendWork(workPerName + workPerCharacter * text.length());
+    spendWork(wedgeNameCost, text.length());
     bool found = false;
     for (const auto& placeholder : wedgePlaceholders) {
         if (!text.contains(placeholder.text)) continue;
