@@ -6,6 +6,7 @@
 #include "grammar/imageOutVars.h"
 #include "grammar/paramRules.h"
 #include "grammar/paramSection.h"
+#include "jobs/renderers.h"
 #include "scan/scanObserver.h"
 
 namespace vxP {
@@ -85,7 +86,7 @@ qint32 updateJobs(const _USD_RendersettingNode& node, const QString& driver, _da
     for (qint32 i = 0; i < load.jobArray->count; ++i) {
         vxJ::_JobBasics_largePath* const job = load.jobArray->at(i);
         if (job == nullptr) return resultNoMoreJobs;
-        if (job->app.toQString() == appNameHoudini && job->layer == QStringView(driver))
+        if (job->app == appNameHoudini && job->layer == QStringView(driver))
             writeArchiveInstead(node, *load.sceneFileName, *job);
     }
     return resultSuccess;

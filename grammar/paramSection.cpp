@@ -1,6 +1,7 @@
 #include "grammar/paramSection.h"
 
 #include "scan/scanBudget.h"
+#include "shared/vxLatin.h"
 #include "shared/vxNumber.h"
 
 namespace vxP {
@@ -46,7 +47,7 @@ QString nodePathOf(const QString& header, std::span<const QLatin1String> roots, 
         path = header.mid(start);
         break;
     }
-    const _size end = path.indexOf(QLatin1String(sectionSuffix.data(), static_cast<_size>(sectionSuffix.size())));
+    const _size end = path.indexOf(vxS::latin(sectionSuffix));
     if (end < 0 && unended == _unendedPath::isEmpty) path.clear();
     path = QLatin1Char('/') + cutAt(path, end);
     path.squeeze();  // it may have been cut out of a line of half a megabyte, and is kept

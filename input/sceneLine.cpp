@@ -6,6 +6,7 @@
 #include <span>
 
 #include "input/sceneTexts.h"
+#include "jobs/renderers.h"
 
 namespace vxP {
 
@@ -17,33 +18,24 @@ constexpr std::string_view outRoot{"out/"};
 constexpr std::string_view objRoot{"obj/"};
 constexpr std::array<std::string_view, 3> markedRoots{objRoot, "img/", "stage/"};
 
-/// A node outside out/ is taken for an output driver by a part of its path.
-struct _nodeTypeMark {
-    std::string_view part;    ///< begins with "/" or "_"
-    std::string_view unless;  ///< a part that rules it out; empty: none
-};
+consteval std::size_t numberOfNodeTypes() {
+    std::size_t number = 0;
+    for (const _renderer& renderer : renderers)
+        for (const _nodeTypeMark& mark : renderer.nodeTypes) number += mark.part.empty() ? 0 : 1;
+    return number;
+}
 
-constexpr std::array nodeTypeMarks{
-    _nodeTypeMark{"/mantra", {}},
-    _nodeTypeMark{"/arnold", {}},
-    _nodeTypeMark{"/Redshift_", {}},
-    _nodeTypeMark{"/rs_", {}},
-    _nodeTypeMark{"/opengl", {}},
-    _nodeTypeMark{"/geometry", {}},
-    _nodeTypeMark{"/geo", {}},
-    _nodeTypeMark{"_geo_", {}},
-    _nodeTypeMark{"/comp", {}},
-    _nodeTypeMark{"/rop_comp", {}},
-    _nodeTypeMark{"/alembic", "/alembicarchive"},
-    _nodeTypeMark{"/vray", {}},
-    _nodeTypeMark{"/usd_rop", {}},
-    _nodeTypeMark{"/usdrender_", {}},
-    _nodeTypeMark{"/ris", {}},
-    _nodeTypeMark{"/filecache", {}},
-    _nodeTypeMark{"/hdprman", {}},
-    _nodeTypeMark{"/karma", "renderproper"},
-    _nodeTypeMark{"/rendersettings", {}},
-};
+/// Of all renderers.
+consteval auto allNodeTypeMarks() {
+    std::array<_nodeTypeMark, numberOfNodeTypes()> marks{};
+    std::size_t next = 0;
+    for (const _renderer& renderer : renderers)
+        for (const _nodeTypeMark& mark : renderer.nodeTypes)
+            if (!mark.part.empty()) marks[next++] = mark;
+    return marks;
+}
+
+constexpr auto nodeTypeMarks = allNodeTypeMarks();
 
 // ---- the same tests for bytes and for decoded text
 
@@ -162,8 +154,8 @@ _lineKind sectionKind(_text<Char> header) {
     if (isWedge(header)) return _lineKind::wedge;
     if (isCamera(header)) return _lineKind::camera;
     if (!isOutput(header)) return _lineKind::other;
-    if (has(header, "/rendersettings")) return _lineKind::usdRenderSettings;
-    return has(header, "/hdprman") ? _lineKind::lop : _lineKind::outNode;
+    if (has(header, renderSettingsNode)) return _lineKind::usdRenderSettings;
+    return has(header, prmanNode) ? _lineKind::lop : _lineKind::outNode;
 }
 
 template <typename Char>

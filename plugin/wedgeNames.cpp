@@ -2,12 +2,14 @@
 
 #include <array>
 
+#include "jobs/renderers.h"
 #include "scan/scanBudget.h"
-#include "scan/scanState.h"
 
 namespace vxP {
 
 namespace {
+
+using vxS::_vxString;
 
 /// What a placeholder stands for.
 struct _variant {
@@ -46,7 +48,7 @@ void forEachName(vxJ::_JobBasics_largePath& job, Change change) {
     change(job.imageFileName);
     for (vxJ::_channelSlot& slot : job.channels)
         if (!slot.fileName.isEmpty()) change(slot.fileName);
-    if (job.app.toQString() != appNameHoudini) change(job.sceneName);  // else the scene file itself
+    if (job.app != appNameHoudini) change(job.sceneName);  // else the scene file itself
 }
 
 }  // namespace
