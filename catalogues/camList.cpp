@@ -5,12 +5,12 @@
 
 #include "grammar/paramSection.h"
 #include "scan/scanObserver.h"
+#include "shared/vxLatin.h"
 
 namespace vxP {
 
 namespace {
 
-constexpr std::array cameraRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
 constexpr std::array notACamera{QLatin1String{"xform"}, QLatin1String{"camOrigin"}, QLatin1String{"file"},
                                 QLatin1String{"constraints"}};
 constexpr std::string_view stereoMark{"stereo"};
@@ -76,7 +76,7 @@ qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
 
 void _camList::addCam(_camNode& node) {
     for (const QLatin1String mark : notACamera) {
-        if (!node.camName.contains({mark.data(), static_cast<std::size_t>(mark.size())})) continue;
+        if (!node.camName.contains(vxS::viewOf(mark))) continue;
         tell(_remark::notACamera, mark);
         return;
     }
@@ -96,7 +96,7 @@ void _camList::addCamFromOutNode(_vxString8_allSize<150> name, const QString& re
 
 qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _camNode node;
-    node.camName = QStringView{nodePathOf(line, cameraRoots, _unendedPath::isEmpty)};
+    node.camName = QStringView{nodePathOf(line, objectRoots, _unendedPath::isEmpty)};
     node.isStereo = node.camName.contains(stereoMark);
     if (scanObserver != nullptr) tellReader(_sectionReader::camera, node.camName.toQString());
     return readSection(

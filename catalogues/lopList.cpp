@@ -11,8 +11,6 @@ namespace vxP {
 
 namespace {
 
-constexpr std::array lopRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
-                              QLatin1String{"obj/"}};
 constexpr QLatin1String pictureName{"picture\t"};
 constexpr const _renderer& stage = rendererOf(_kind::lop);
 
@@ -70,7 +68,7 @@ qint32 _LOPList::addLOPFromOutNode(QString name, const QString& renderNode) {
 
 qint32 loadLOPNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _LOPNode node;
-    node.lopName = nodePathOf(line, lopRoots, _unendedPath::isEmpty);
+    node.lopName = nodePathOf(line, outputRoots, _unendedPath::isEmpty);
     tellReader(_sectionReader::lop, node.lopName);
     bool noFrameVariable = false;
     return readSection(

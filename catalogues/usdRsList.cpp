@@ -13,9 +13,6 @@ namespace vxP {
 
 namespace {
 
-constexpr std::array settingsRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
-                                   QLatin1String{"obj/"}};
-
 // ---- one handler a parameter
 
 QString valueOf(const QString& line) {
@@ -135,7 +132,7 @@ qint32 _USD_RSList::add(_USD_RendersettingNode& node) {
 
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line) {
     _USD_RendersettingNode node;
-    node.lopName = nodePathOf(line, settingsRoots, _unendedPath::isEmpty);
+    node.lopName = nodePathOf(line, outputRoots, _unendedPath::isEmpty);
     tellReader(_sectionReader::usdRenderSettings, node.lopName);
     return readSection(
         stream, line,

@@ -13,7 +13,6 @@ namespace vxP {
 
 namespace {
 
-constexpr std::array wedgeRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
 constexpr QLatin1String channelMethod{"channel"};
 constexpr QLatin1String parentFolder{"../"};
 
@@ -180,7 +179,7 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
 
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _wedgeSection section;
-    section.node.nodePath = nodePathOf(line, wedgeRoots, _unendedPath::isEmpty);
+    section.node.nodePath = nodePathOf(line, objectRoots, _unendedPath::isEmpty);
     tellReader(_sectionReader::wedge, section.node.nodePath);
     const qint32 result = readSection(
         stream, line, [&](const QString& parameter) { return applyWedgeRules(section, parameter); },

@@ -9,6 +9,7 @@
 namespace vxP {
 
 using vxS::latin;
+using vxS::viewOf;
 
 constexpr std::string_view frameRangeCommand{"frange"};
 constexpr std::string_view saveVersionName{"_HIP_SAVEVERSION"};

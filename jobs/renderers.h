@@ -40,7 +40,7 @@ struct _renderer {
     std::array<_nodeTypeMark, 4> nodeTypes{};
 };
 
-constexpr std::array renderers{
+inline constexpr std::array renderers{
     // a driver may be of several kinds: the first of them that has the name asked for gives it
     _renderer{
         .kind = _kind::arnold,
@@ -129,8 +129,9 @@ consteval const _renderer& rendererOf(_kind kind) {
 }
 
 /// The renderers of a stage, in the order in which a text is searched for their marks: it may hold several of them.
-constexpr std::array stageRenderers{&rendererOf(_kind::karma), &rendererOf(_kind::renderman), &rendererOf(_kind::vray),
-                                    &rendererOf(_kind::redshift), &rendererOf(_kind::arnold)};
+inline constexpr std::array stageRenderers{&rendererOf(_kind::karma), &rendererOf(_kind::renderman),
+                                           &rendererOf(_kind::vray), &rendererOf(_kind::redshift),
+                                           &rendererOf(_kind::arnold)};
 
 consteval bool everyStageMarkHasItsPlace() {
     std::size_t marks = 0;

@@ -13,4 +13,8 @@ constexpr QLatin1String latin(std::string_view text) {
     return QLatin1String(text.data(), static_cast<_size>(text.size()));
 }
 
+constexpr std::string_view viewOf(QLatin1String text) {
+    return {text.data(), static_cast<std::size_t>(text.size())};
+}
+
 }  // namespace vxS
