@@ -51,7 +51,7 @@ constexpr bool rowsFollowTheReaders() {
         if (kinds[row].reader != static_cast<_sectionReader>(row)) return false;
     return true;
 }
-static_assert(rowsFollowTheReaders());
+static_assert(rowsFollowTheReaders(), "the values of _sectionReader stand in the order of these rows");
 
 }  // namespace
 
