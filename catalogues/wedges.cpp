@@ -109,7 +109,7 @@ constexpr std::array wedgeRules{
     _wedgeRule{QLatin1String{"steps"}, readSteps},          _wedgeRule{QLatin1String{"range"}, readRange},
 };
 
-constexpr auto wedgeNames = namesOf(wedgeRules);
+constexpr auto wedgeNames = ruleNames(wedgeRules);
 
 _step applyWedgeRules(_wedgeSection& section, const QString& line) {
     for (const auto& rule : wedgeRules)
