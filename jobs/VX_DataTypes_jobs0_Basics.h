@@ -279,7 +279,8 @@ struct _JobBasicsArray {
     /// No jobs, no message; the records stay allocated.
     void clear();
     /// Makes room for `n` records, the new ones initialised; never shrinks.
-    /// @return false when `n` is above 16384 or memory is short: an existing block is then kept
+    /// @return true for any `n` that the block has room for already, below 0 as well; false when it has to grow above
+    ///         16384 records or memory is short: an existing block is then kept
     bool setArraySize(int n);
     /// Record `i`; null when `i` is not below `allocated` (`count` is not looked at) or is negative.
     _JobBasics_largePath* at(const int& i) const;
