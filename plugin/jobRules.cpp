@@ -147,7 +147,7 @@ _outputBefore outputOf(const _JobBasics_largePath& job) {
 vxRA::_RenderAppBasic rendererVersionOf(const QString& text) {
     vxRA::_RenderAppBasic version;
     version.versionMajor = integerOf(textBefore(text, u'.'));
-    version.setVersionMinor(textBefore(textBehind(text, u'.'), u'.'));
+    version.setVersionMinor(text.contains(u'.') ? textBefore(textBehind(text, u'.'), u'.') : QString());
     return version;
 }
 
