@@ -33,7 +33,7 @@ struct _sectionKind {
 /// In the order in which a header is compared with them: the first kind that has a mark in it takes the section.
 std::span<const _sectionKind> sectionKinds();
 
-/// The row of a reader.
+/// The row of a reader. Each has one: nothing else calls it.
 const _sectionKind& sectionKindOf(_sectionReader reader);
 
 }  // namespace vxP
