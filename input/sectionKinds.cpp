@@ -1,5 +1,6 @@
 #include "input/sectionKinds.h"
 
+#include <algorithm>
 #include <array>
 
 #include "catalogues/camList.h"
@@ -46,13 +47,6 @@ constexpr std::array kinds{
     _sectionKind{_sectionReader::driver, QLatin1String{"driver"}, driverMarks, readDriver, outNodeParameters},
 };
 
-constexpr bool rowsFollowTheReaders() {
-    for (std::size_t row = 0; row < kinds.size(); ++row)
-        if (kinds[row].reader != static_cast<_sectionReader>(row)) return false;
-    return true;
-}
-static_assert(rowsFollowTheReaders(), "the values of _sectionReader stand in the order of these rows");
-
 }  // namespace
 
 std::span<const _sectionKind> sectionKinds() {
@@ -60,7 +54,7 @@ std::span<const _sectionKind> sectionKinds() {
 }
 
 const _sectionKind& sectionKindOf(_sectionReader reader) {
-    return kinds[static_cast<std::size_t>(reader)];
+    return *std::find_if(kinds.begin(), kinds.end(), [reader](const auto& kind) { return kind.reader == reader; });
 }
 
 }  // namespace vxP

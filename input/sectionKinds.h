@@ -22,7 +22,7 @@ struct _sectionKind {
     _sectionReader reader;
     QLatin1String name;  ///< in explanations
     std::span<const _headerMark> marks;
-    /// Takes the section whose header stands in `line`.
+    /// Takes the section whose header is in `line`.
     /// @param[in,out] line  in: the header; out: the last line read
     /// @return resultSuccess, or what the load ends with
     qint32 (*read)(_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line, _sceneFacts& facts);
@@ -33,7 +33,7 @@ struct _sectionKind {
 /// In the order in which a header is compared with them: the first kind that has a mark in it takes the section.
 std::span<const _sectionKind> sectionKinds();
 
-/// The row of a reader.
+/// The row of a reader. Each has one: nothing else calls it.
 const _sectionKind& sectionKindOf(_sectionReader reader);
 
 }  // namespace vxP

@@ -1,5 +1,7 @@
 #include "plugin/jobFinishing.h"
 
+#include <algorithm>
+
 #include "plugin/jobCopies.h"
 #include "plugin/jobRules.h"
 #include "plugin/submitterArguments.h"
@@ -31,17 +33,22 @@ void takeVersionsOfScene(_rendererVersions& versions) {
     }
 }
 
-bool isVersionSwitch(const QString& argument, const _renderer& renderer) {
-    return !renderer.versionSwitch.isEmpty() && argument.compare(renderer.versionSwitch, Qt::CaseInsensitive) == 0;
+/// Row of the renderer whose version follows the argument; the number of rows when it is no such switch.
+std::size_t rowOfVersionSwitch(const QString& argument) {
+    const auto* const found = std::find_if(renderers.begin(), renderers.end(), [&](const _renderer& renderer) {
+        return !renderer.versionSwitch.isEmpty() && argument.compare(renderer.versionSwitch, Qt::CaseInsensitive) == 0;
+    });
+    return static_cast<std::size_t>(found - renderers.begin());
 }
 
-/// A switch in last place has no version behind it and is ignored.
+/// A switch in last place or in front of another one has no version after it and is ignored.
 void takeVersionsOfSubmitter(const _submitterSettings& settings, _rendererVersions& versions) {
     const QStringList arguments = argumentsOf(settings);
-    for (_size i = 0; i + 1 < arguments.size(); ++i)
-        for (std::size_t row = 0; row < renderers.size(); ++row)
-            if (isVersionSwitch(arguments.at(i), renderers[row]))
-                versions[row] = rendererVersionOf(arguments.at(i + 1));
+    for (_size i = 0; i + 1 < arguments.size(); ++i) {
+        const std::size_t row = rowOfVersionSwitch(arguments.at(i));
+        const bool hasVersion = rowOfVersionSwitch(arguments.at(i + 1)) == renderers.size();
+        if (row < renderers.size() && hasVersion) versions[row] = rendererVersionOf(arguments.at(i + 1));
+    }
 }
 
 void completeJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts, const _rendererVersions& versions) {
@@ -72,7 +79,7 @@ qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts) {
     _rendererVersions versions;
     forbidLocalSceneCopy(jobs);
     skipSceneCheck(jobs);
-    hVariables.orderByLength();  // so that a name goes before those that begin it
+    hVariables.orderByLength();  // so that a name comes before those that it begins with
     takeVersionsOfScene(versions);
     takeVersionsOfSubmitter(*load.settings, versions);
     completeJobs(load, facts, versions);

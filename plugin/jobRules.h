@@ -14,7 +14,7 @@ namespace vxP {
 /// known.
 using _rendererVersions = std::array<vxRA::_RenderAppBasic, renderers.size()>;
 
-/// "7.1.2" -> major 7, minor "1" (filled up to five characters).
+/// "7.1.2" -> major 7, minor "1" (filled up to five characters); without a point the minor version is all zeros.
 vxRA::_RenderAppBasic rendererVersionOf(const QString& text);
 
 /// Output of the job visited just before: what a render job takes as its scene.

@@ -26,7 +26,8 @@ void importEnvironment();
 /// Called with true before a reader takes the lines of a section from the stream, with false afterwards.
 using _sectionSwitch = std::function<void(bool open)>;
 
-/// Decodes the stream's bytes as UTF-8, invalid ones as U+FFFD; marks of byte order are not looked for.
+/// Decodes the stream's bytes as UTF-8, invalid ones as U+FFFD, whatever encoding a byte-order mark tells of; a mark at
+/// the very start is dropped.
 void decodeAsUtf8(QTextStream& stream);
 
 /// Reads all lines of a stream.

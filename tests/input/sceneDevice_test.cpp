@@ -127,6 +127,20 @@ QStringList linesOf(_sceneDevice& device) {
     return lines;
 }
 
+TEST(SceneDevice, DropsAByteOrderMarkAtTheVeryStartAlone) {
+    for (const auto& [scene, start] : {std::pair{"\xEF\xBB\xBF"
+                                                 "frange 7 9\n",
+                                                 7},
+                                       {"\n\xEF\xBB\xBF"
+                                        "frange 7 9\n",
+                                        1}}) {
+        for (const qint64 piece : {1, 1000}) {
+            EXPECT_EQ(vxTest::outcomeOfScan(scene, piece), vxTest::outcomeOfPlainScan(scene));
+            EXPECT_EQ(GLseqStart, start);
+        }
+    }
+}
+
 TEST(SceneDevice, LeavesOutWhatNobodyWants) {
     _pieces source("first\nunwanted\nframe\nfrange 1 2\nx.parm {\nout/a.parm {\nobj/box.parm\n", 1000, true);
     _sceneDevice device(source);

@@ -25,7 +25,7 @@ constexpr _pairCase pairCases[] = {
     {"arnold", "ar_picture=/i/a.$F4.exr|ar_ass_export_enable=on|ar_ass_file=/x/y/a.$F4.ass", "Arnold", "HtoA",
      "/x/y/a.<FN4>.ass", "10000"},
     {"redshift", "RS_outputFileNamePrefix=/i/a.$F4.exr|RS_archive_enable=on|RS_archive_file=/x/y/a.$F4.rs", "Redshift",
-     "createRS", "/x/y/a.<FN4>.rs", "30000"},
+     "createRS", "/x/y/a.<FN4>.rs", "00000"},
     {"renderman", "ri_display_0=/i/a.$F4.exr|rib_outputmode=on|soho_diskfile=/x/y/a.$F4.rib", "RenderMan", "createRIB",
      "/x/y/a.<FN4>.rib", "20000"},
     {"vray_per_frame", "vm_picture=/i/a.$F4.exr|render_export_mode=2|render_export_filepath=/x/a.$F4.vrscene",
@@ -40,9 +40,10 @@ class RenderJobOfExport : public testing::TestWithParam<_pairCase> {};
 
 TEST_P(RenderJobOfExport, TakesTheExportAsItsScene) {
     vxTest::freshScanState();
-    vxTest::_loader loader(
-        QStringLiteral("/proj/shots/scene.hip"),
-        QStringLiteral("-customRenVer_Redshift 3 -CUSTOMRENVER_PRMAN 25.2 -customRenVer_VRay").split(u' '));
+    // The first switch and the last one have no version.
+    const auto arguments =
+        QStringLiteral("-customRenVer_Arnold -customRenVer_Redshift 3 -CUSTOMRENVER_PRMAN 25.2 -customRenVer_VRay");
+    vxTest::_loader loader(QStringLiteral("/proj/shots/scene.hip"), arguments.split(u' '));
     const QByteArray variables = "set -g _HIP_SAVEVERSION = '19.5.640'\nset -g HtoA_KickVersion = '7.1.2'\n";
     ASSERT_EQ(loader.load(variables + driver(GetParam().lines)), resultSuccess);
     ASSERT_EQ(loader.count(), 2);

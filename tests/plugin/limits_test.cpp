@@ -141,10 +141,12 @@ TEST(LimitsOfNames, CutAtTheRecordsCapacity) {
         vxTest::freshScanState();
         vxTest::_loader loader;
         const QByteArray name(length, 'n');
-        ASSERT_EQ(loader.load(driver("vm_picture=/i/" + name + ".exr|camera=/obj/" + name, "out/" + name)), 1);
+        const QByteArray lines = "vm_picture=/i/" + name + ".exr|take=wide|camera=/obj/" + name;
+        ASSERT_EQ(loader.load(driver(lines, "out/" + name)), 1);
         const auto& job = loader.job(0);
         EXPECT_EQ(job.layer.length(), std::min(length + 5, 150));
-        EXPECT_EQ(job.camera.length(), length + 5 <= 150 ? length + 5 : 0);  // a cut path finds no camera
+        EXPECT_EQ(job.camera.length(), length + 5 <= 150 ? length + 5 : 0);  // a cut path finds no camera ...
+        EXPECT_EQ(vxTest::plainOf(job.channel), "wide");                     // ... but its take
         EXPECT_EQ(job.imageDir.length() + job.imageFileName.length() + job.imageExtension.length(),
                   std::min(length + 7, 1000));
     }
