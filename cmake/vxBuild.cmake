@@ -5,7 +5,7 @@ option(VX_BUILD_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(VX_BUILD_FUZZERS "Build the fuzz targets in fuzz/, with clang" OFF)
 option(VX_PRECOMPILE "Parse Qt's headers once for all sources; scripts/tidy tells whether all include what they use" ON)
 # Off for users and packagers: a newer compiler's new warning must not break their build.
-option(VX_WERROR "A compiler warning fails the build; scripts/test and the developers' presets set this" OFF)
+option(VX_WERROR "A compiler's warning fails the build, as in the developers' presets and in CI" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
