@@ -33,51 +33,41 @@ class OutNode : public testing::Test {
 };
 
 TEST_F(OutNode, TakesItsPathFromTheHeader) {
-    for (const auto& [header, path] : {std::pair{"0707070000out/mantra1.parm {", "/out/mantra1"},
-                                       {"stage/a/out/b.parm.parm {", "/out/b"},
+    for (const auto& [header, path] : {std::pair{"stage/a/out/b.parm.parm {", "/out/b"},
                                        {"obj/a/img/b/stage/c.parm {", "/stage/c"},
                                        {"obj/a/img/b.parm {", "/img/b"},
                                        {"x obj/geo1.parm {", "/obj/geo1"},
-                                       {"Out/mantra1.parm {", "/Out/mantra1"},
                                        {"x.parm out/no_end_of_path", "/out/no_end_of_path"}}) {
         readBehind(header, params("vm_picture=/i") + "}\n");
         EXPECT_EQ(plainOf(loader.job(loader.count() - 1).layer), path) << header;
     }
 }
 
-TEST_F(OutNode, GivesPassFilesToTheJobThatRenders) {
-    loader.scan(
-        driver("vm_picture=/i/$F4.exr|ar_aov_separate_file3=/s/$OS.$F4.png|ar_aov_separate_file2=/d/$OS.png|"
-               "soho_diskfile=/x/$F4.ifd|soho_outputmode=on"));
-    ASSERT_EQ(loader.count(), 2);
-    const std::string files[][3] = {{"", "", ""}, {"/d/a", "/s/a.", ""}};
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(plainOf(loader.job(i / 3).channels[i % 3].fileName), files[i / 3][i % 3]);
-}
-
 TEST_F(OutNode, BecomesAnExportJobAndAJobThatWaitsForIt) {
     loader.scan(driver("vm_picture=/i/a.exr") +
                 driver("vm_picture=/i/$OS.$F4.exr|res_override=640\t480|trange=\"on\"|f=5\t10\t2|render_export_mode=2|"
+                       "ar_aov_separate_file3=/s/$OS.$F4.png|ar_aov_separate_file2=/d/$OS.png|"
                        "render_export_filepath=/x/$OS.vrscene",
                        "out/b_sim_"));
     ASSERT_EQ(loader.count(), 3);
     const auto& first = loader.job(1);
     const auto& second = loader.job(2);
-    EXPECT_EQ(plainOf(first.imageDir) + plainOf(first.imageFileName), "/x/b_sim_.vrscene");
-    EXPECT_TRUE(first.imageSingleOutputFile);
+    EXPECT_EQ(vxTest::outputOf(first), "/x/|b_sim_.vrscene|");
     EXPECT_EQ(std::tuple(first.preID, first.waitForPreIDCount), std::tuple(2, 0));
     EXPECT_EQ(std::tuple(second.preID, second.waitForPreIDCount, second.waitForPreIDs[0]), std::tuple(3, 1, 2));
     EXPECT_EQ(plainOf(second.layer), "/out/b_sim_");
-    EXPECT_EQ(plainOf(second.imageDir) + plainOf(second.imageFileName), "/i/b_sim_.");
-    EXPECT_FALSE(second.imageSingleOutputFile);
-    EXPECT_EQ(plain(second.sceneSettings.customData_Str(vxJ::CUSTOMSubmitterPluginVersion)), " 8.4.00");
-    EXPECT_EQ(second.imageHeight, 480);
-    EXPECT_EQ(second.sceneSettings.seqEnd, 10);
+    EXPECT_EQ(vxTest::outputOf(second), "/i/|b_sim_.|.exr");
+    EXPECT_TRUE(first.imageSingleOutputFile && !second.imageSingleOutputFile);
+    EXPECT_EQ(std::tuple(second.imageHeight, second.sceneSettings.seqEnd), std::tuple(480, 10));
     EXPECT_TRUE(mantraIFDJob);
+    // Pass files are the rendering job's.
+    const std::string files[] = {"", "", "/d/b_sim_", "/s/b_sim_."};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(plainOf(loader.job(1 + i / 2).channels[i % 2].fileName), files[i]);
     // A simulation is not distributed; rendering it is.
-    EXPECT_EQ(plain(first.sceneSettings.customData_Str(vxJ::CUSTOMSubmitterParameter)),
-              " \"RenderPreviewFirst=0~0\" \"DistributeStartToEnd=0~1\" \"MaxClientsAtATime=0~1\" \"SeqDivMIN=0~0\"");
-    for (const int other : {0, 2})
-        EXPECT_FALSE(loader.job(other).sceneSettings.customData_Contains(vxJ::CUSTOMSubmitterParameter));
+    EXPECT_EQ(plain(first.sceneSettings.customData_AllAsString()),
+              "vxSubmitterPluginVersion= 8.4.00\nvxSubmitterParameter= \"RenderPreviewFirst=0~0\" "
+              "\"DistributeStartToEnd=0~1\" \"MaxClientsAtATime=0~1\" \"SeqDivMIN=0~0\"\n");
+    EXPECT_EQ(plain(second.sceneSettings.customData_AllAsString()), "vxSubmitterPluginVersion= 8.4.00\n");
 }
 
 struct _outputCase {

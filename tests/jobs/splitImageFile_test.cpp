@@ -109,26 +109,26 @@ TEST(SplitImageFile, CutsAtItsCapacities) {
 TEST(SplitImageFile, ChannelsDoNotChangeTheJob) {
     const auto job = std::make_unique<vxJ::_JobBasics_largePath>();
     const auto compact = std::make_unique<vxJ::_JobBasics>();
-    job->sceneName = u"/projects12/a.hip";
     job->imageFileName = u"/r/m.mov";
     compact->imageFileName = u"/r/m.mov";
+    job->sceneName = u"/projects12/a.hip";
+    compact->sceneDatabaseDir = u"/projects12";
     const std::pair<QStringView, const char*> files[] = {
         {u"/projects12/r/z.######.exr", "r/z.|.exr"}, {u"/r/n.mov", "/r/n.mov|"}, {u"/r/o.exr", "/r/o|.exr"}};
     for (int i = 0; i < 3; ++i) {
         job->channels[2 * i].fileName = files[i].first;
         compact->channelAdd(vxJ::_vxString<500>(files[i].first), {});
     }
-    compact->sceneDatabaseDir = u"/projects12";
     job->splitImageFileInto_DirFileExt(true);
     compact->splitImageFileInto_DirFileExt(true);
     EXPECT_EQ(plainOf(job->imageDir) + plainOf(compact->imageFileName), "/r/m.mov");
     EXPECT_TRUE(job->imageSingleOutputFile && compact->imageSingleOutputFile);
     EXPECT_EQ(job->imagePadding + compact->imagePadding, 4 + 4);
+    const auto text = [](const auto& file, const auto& extension) { return plainOf(file) + "|" + plainOf(extension); };
     for (int i = 0; i < 3; ++i) {
-        const auto& [file, extension] = job->channels[2 * i];
-        EXPECT_EQ(plainOf(file) + "|" + plainOf(extension),
+        EXPECT_EQ(text(job->channels[2 * i].fileName, job->channels[2 * i].extension),
                   (i == 0 ? "<SceneFolder>" : "") + std::string(files[i].second));
-        EXPECT_EQ(plainOf(compact->channelFileName(i)) + "|" + plainOf(compact->channelExtension(i)),
+        EXPECT_EQ(text(compact->channelFileName(i), compact->channelExtension(i)),
                   (i == 0 ? "<Database>/" : "") + std::string(files[i].second));
     }
 }
