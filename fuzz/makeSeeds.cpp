@@ -91,6 +91,11 @@ std::vector<QByteArray> shortScenes() {
             driver("prefix=key|driver=../light|wedgemethod=channel|name1=amount|steps1=3|range1=0\t1|name2=b|"
                    "steps2=2|range2=1\t,5",
                    "out/wedge1"),
+        driver("vm_picture=/$WEDGE/$WED$WEDGEGE.exr|ar_aov_separate_file1=/i/$WEDGE/$WEDGENUM.$F4.exr|"
+               "soho_outputmode=on|soho_diskfile=/x/${WEDGE}.$F3.ifd",
+               "out/light") +
+            driver("prefix=$WED$WEDGEGE|driver=../light|wedgemethod=channel|name1=$WEDGE|steps1=12|range1=0\t1",
+                   "out/wedge1"),
         driver("RS_outputFileNamePrefix=$HIP/r.$AOV.$F4|RS_outputFileFormat=.exr|RS_aovSuffix_1=z|"
                "RS_aovCustomPrefix_2=$HIP/$AOV_|RS_aovFileFormat_2=.tif|RS_archive_enable=on|RS_archive_file=a.rs",
                "out/Redshift_1"),
@@ -166,6 +171,10 @@ std::vector<_seed> textSeeds() {
         {"pathResolve", "C:\\a\\..\\..\\b.exr"},
         {"pathResolve", "<Scene>/../../`chs(\"a\")`/b"},
     };
+    // Letters that change their length or their alphabet with their case.
+    seeds.push_back({"houdiniVariables",
+                     zeros(16) + "$K\xE2\x84\xAA${\xC3\x9F$\xE1\xBA\x9E$\xF0\x90\x90\x80s$\xC4\xB0\n\n\n\nk=1\nss=2\n"
+                                 "\xC3\x9F=3\n\xF0\x90\x90\xA8S=4\ni=5\n\xE2\x84\xAAk=6\n=7\n"});
     QByteArray chain = zeros(16) + "$V10\n\n\n\n";  // each value holds the next variable twice
     for (int i = 10; i < 18; ++i)
         chain +=
@@ -234,6 +243,8 @@ std::vector<_seed> recordSeeds() {
     const QByteArray channelChanges =
         QByteArray("\0\0/a/b.####.exr\n\n\0\0name\n.exr\n", 28) + "\3\1longer name\n.tif\n\6\1\n\n" + zeros(0);
     const QByteArray longText = "\xFF\xFF..abcABC";
+    QByteArray fullPool;  // sixteen names of 500 characters, each cut out of longer ones
+    for (std::size_t slot = 0; slot < 17; ++slot) fullPool += place(15788 + slot * 2062, "\xE0\x2E", 0);
     const QByteArray damagedStore = place(0, "\3", 0) + place(1, QByteArray("\x3E\x1F\5\0\xFF\xFF", 6), 0);
     const QByteArray nearlyFull =
         place(0, "\2", 0) + place(1 + 3 * 2 * vxJ::channelCapacity + 2 * vxJ::channelPoolCapacity, "\x36\x1F", 0);
@@ -245,6 +256,7 @@ std::vector<_seed> recordSeeds() {
         {"channels", nearlyFull + noMorePlaces + channelChanges},
         {"channels", damagedStore + noMorePlaces + channelChanges},
         {"compactForm", jobTexts + paths + channels},
+        {"compactForm", fullPool},
         {"jobVariables", jobTexts + paths + channels},
         {"fixedStrings", zeros(1) + place(0, "abcABCab.c.d") + noMorePlaces + changedText(true)},
         {"fixedStrings", zeros(1) + place(0, longText, 0) + noMorePlaces + changedText(true)},

@@ -1,7 +1,8 @@
 // Takes libFuzzer's place in builds without it: runs a target with each input as it is, then changed in many ways, the
 // same ones every time. Usage: fuzz_TARGET [-changes=COUNT] FILE|FOLDER...
-// The input at hand stands in fuzz_TARGET.input: where a run ends early, that one is the finding.
+// An input that ends the program is left in fuzz_TARGET.finding.
 #include <algorithm>
+#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -13,6 +14,7 @@
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 
 namespace {
 
@@ -88,8 +90,27 @@ class _changer {
     std::mt19937 random{1};
 };
 
-void run(const std::string& input, const path& kept) {
-    std::ofstream(kept, std::ios::binary) << input;
+std::string inputAtHand;
+path finding;
+
+void keepFinding() {
+    std::ofstream(finding, std::ios::binary) << inputAtHand;
+    std::cerr << "the input stands in " << absolute(finding) << std::endl;
+}
+
+void keepFindings(const path& where) {
+    finding = where;
+    if (__sanitizer_set_death_callback != nullptr) __sanitizer_set_death_callback(keepFinding);
+    for (const int death : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE})
+        std::signal(death, [](int number) {
+            std::signal(number, SIG_DFL);
+            keepFinding();
+            std::raise(number);
+        });
+}
+
+void run(const std::string& input) {
+    inputAtHand = input;
     const std::vector<std::uint8_t> bytes(input.begin(), input.end());  // no byte more: reading behind them shows
     LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
 }
@@ -107,14 +128,12 @@ int main(int count, char** arguments) try {
             addInputs(argument, inputs);
     }
     if (inputs.empty()) throw std::runtime_error("no inputs");
-    const path kept = path(arguments[0]).filename() += ".input";
-    std::cerr << "the input at hand stands in " << absolute(kept) << '\n';
+    keepFindings(path(arguments[0]).filename() += ".finding");
     _changer changer(inputs);
     for (const std::string& input : inputs) {
-        run(input, kept);
-        for (int i = 0; i < changes; ++i) run(changer.changed(input), kept);
+        run(input);
+        for (int i = 0; i < changes; ++i) run(changer.changed(input));
     }
-    remove(kept);
     return EXIT_SUCCESS;
 } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';

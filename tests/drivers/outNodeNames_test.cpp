@@ -14,13 +14,11 @@ using vxTest::plainOf;
 
 /// The scene's jobs, each as application, ":", renderer, and "*" when one file holds all frames.
 std::string jobsOf(const QByteArray& scene) {
-    vxTest::freshScanState();
-    vxTest::_loader loader;
-    EXPECT_EQ(loader.scan(scene), resultSuccess);
+    const auto loader = vxTest::scanned(scene);
     std::string text;
-    for (int i = 0; i < loader.count(); ++i)
-        text += (i > 0 ? " " : "") + plainOf(loader.job(i).app) + ":" + plainOf(loader.job(i).appRenderer) +
-                (loader.job(i).imageSingleOutputFile ? "*" : "");
+    for (int i = 0; i < loader->count(); ++i)
+        text += (i > 0 ? " " : "") + plainOf(loader->job(i).app) + ":" + plainOf(loader->job(i).appRenderer) +
+                (loader->job(i).imageSingleOutputFile ? "*" : "");
     return text;
 }
 
@@ -29,6 +27,12 @@ struct _driverCase {
 };
 
 constexpr _driverCase driverCases[] = {
+    // the first kind of the list names the job, whatever the order of the lines
+    {"arnold_before_opengl", "picture=/i|ar_picture=/i", "Houdini:arnold"},
+    {"geometry_before_redshift", "RS_archive_file=/x|file=/i", "Houdini:geometry"},
+    {"prman_before_alembic", "filename=/i.$F|ri_display=/i", "Houdini:prman"},
+    {"alembic_before_vray", "SettingsOutput_img_file_path=/i|filename=/i.$F", "Houdini:alembic"},
+    {"vray", "SettingsOutput_img_file_path=/i", "Houdini:vray"},
     {"usd_of_known_renderer", "ar_picture=/i|outputimage=/i|renderer=\"BRAY_HdKarma\"", "Houdini:usd_karma"},
     {"karma_in_capitals", "picture=/i", "Houdini:opengl", "", "stage/Karma1"},
     // export pairs
@@ -44,6 +48,16 @@ constexpr _driverCase driverCases[] = {
      "Houdini:createRS* USD_StdA_single:redshift"},
     {"redshift_archive_of_arnold", "ar_picture=/i|lopoutput=/x.$F.rs|renderer=redshift",
      "Houdini:createASS USD_StdA:redshift"},
+    {"redshift_export_before_prman",
+     "ri_display=/i|render_export_mode=1|render_export_filepath=/x|"
+     "RS_outputFileNamePrefix=/i",
+     "Houdini:createRS Redshift:createRS"},
+    // a switch counts unless the driver is of another kind
+    {"mantras_switch_of_arnold", "ar_picture=/i|soho_diskfile=/x|soho_outputmode=on", "Houdini:arnold"},
+    {"arnolds_switch_of_mantra", "vm_picture=/i|soho_diskfile=/x|ar_ass_export_enable=on",
+     "Houdini:createIFD Mantra_StdA:createIFD"},
+    {"redshifts_switch_of_arnold", "ar_picture=/i|soho_diskfile=/x|RS_archive_enable=on", "Houdini:arnold"},
+    {"prmans_switch_of_vray", "SettingsOutput_img_file_path=/i|soho_diskfile=/x|diskfile=on", "Houdini:vray"},
     // a kind counts from its line on; the last switch has the last word
     {"switch_before_kind", "soho_outputmode=on|ar_picture=/i|soho_diskfile=/x", "Houdini:createASS Arnold:createASS"},
     {"switch_off_again", "vm_picture=/i|soho_diskfile=/x|soho_outputmode=on|soho_outputmode2=\"off\"", "Houdini:"},
@@ -63,49 +77,6 @@ TEST_P(DriverKind, NamesTheJobs) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, DriverKind, testing::ValuesIn(driverCases), vxTest::rowName);
-
-using _kindRows = std::initializer_list<std::pair<const char*, std::string>>;
-
-/// Names of a driver's jobs by its lines, from the last row to the first, each beside all those below it.
-void expectFirstWins(QByteArray lines, _kindRows rows) {
-    for (auto row = std::rbegin(rows); row != std::rend(rows); ++row) {
-        lines += row->first;
-        EXPECT_EQ(jobsOf(driver(lines)), "Houdini:" + row->second) << lines.data();
-    }
-}
-
-TEST(DriverKinds, FirstOfSeveralNamesTheJobs) {
-    expectFirstWins("vm_picture=/i", {{"|ar_picture=/i", "arnold"},
-                                      {"|picture=/i", "opengl"},
-                                      {"|file=/i", "geometry"},
-                                      {"|RS_archive_file=/x", "redshift"},
-                                      {"|ri_display=/i", "prman"},
-                                      {"|filename=/i.$F", "alembic"},
-                                      {"|SettingsOutput_img_file_path=/i", "vray"}});
-    expectFirstWins("soho_outputmode=on|soho_diskfile=/x",
-                    {{"|ar_picture=/i", "createASS Arnold:createASS"},
-                     {"|RS_outputFileNamePrefix=/i", "createRS Redshift:createRS"},
-                     {"|ri_display=/i", "createRIB RenderMan:createRIB"},
-                     {"|SettingsOutput_img_file_path=/i", "createVrScene VRay_StdA:createVrScene"}});
-}
-
-TEST(ExportSwitch, CountsUnlessTheDriverIsOfAnotherKind) {
-    const QByteArray kinds[] = {"vm_picture", "ar_picture", "RS_outputFileNamePrefix", "SettingsOutput_img_file_path",
-                                "ri_display"};
-    const std::pair<QByteArray, const char*> switches[] = {{"soho_outputmode", "10000"},
-                                                           {"ar_ass_export_enable", "11000"},
-                                                           {"RS_archive_enable", "10100"},
-                                                           {"rib_outputmode", "10001"},
-                                                           {"diskfile", "10001"}};
-    for (const auto& [name, countsFor] : switches) {
-        std::string counts;
-        for (const QByteArray& kind : kinds)
-            counts += jobsOf(driver(kind + "=/i|soho_diskfile=/x|" + name + "=on")).find(' ') == std::string::npos
-                          ? '0'
-                          : '1';
-        EXPECT_EQ(counts, countsFor) << name.data();
-    }
-}
 
 TEST(RedshiftArchive, CannotRenderLocally) {
     vxTest::freshScanState();

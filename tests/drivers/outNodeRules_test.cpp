@@ -13,15 +13,8 @@ namespace {
 using vxTest::driver;
 using vxTest::plain;
 using vxTest::plainOf;
+using vxTest::scanned;
 using vxTest::wide;
-
-/// Scans a scene from a state as fresh as the plug-in's.
-std::unique_ptr<vxTest::_loader> scanned(const QByteArray& scene) {
-    vxTest::freshScanState();
-    auto loader = std::make_unique<vxTest::_loader>();
-    EXPECT_EQ(loader->scan(scene), resultSuccess);
-    return loader;
-}
 
 /// A scene with the range 11-22, and a driver with these lines.
 struct _rangeCase {

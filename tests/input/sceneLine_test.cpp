@@ -16,24 +16,18 @@ struct _case {
 
 constexpr _case cases[] = {
     {"comment", "# frange 1 2", _lineKind::other},
-    {"frame_range_in_capitals", "FRANGE\t1 240", _lineKind::other, true},
-    // A file node's parameters; taken for the command they set every driver's range to 0.
-    {"parameter_frange", "frange\t[ 0\tlocks=0 ]\t(\t1\t1\t)", _lineKind::other},
+    // A file node's parameter; taken for the command it set every driver's range to 0.
     {"parameter_frange1", "frange1\t[ 0\tlocks=0 ]\t(\t0\t)", _lineKind::other},
     {"version_in_any_case", "x _hip_saveversion", _lineKind::saveVersion},
-    {"variable_in_capitals", "SET -G JOB = '/proj'", _lineKind::other, false, true},
     {"variable_behind_a_new_header", "HouLC1033.variables\x01set -g JOB = '/proj'", _lineKind::other, false, true},
     {"variable_behind_an_old_header", "0707070000.variables\x01set -g JOB = '/proj'", _lineKind::other},
     {"variable_without_blanks", "set -g JOB='/proj'", _lineKind::other},
     {"take_with_capital", "Take name Main kids 0", _lineKind::other},
     {"driver_without_brace", "out/geo1.parm", _lineKind::other},
     {"driver_without_parm", "out/geo1 {", _lineKind::other},
-    {"plain_object", "obj/box1.parm {", _lineKind::other},
-    {"geometry_object", "obj/geo1.parm {", _lineKind::outNode},
     {"mark_and_root_in_any_case", "OBJ/x/REDSHIFT_rop.parm {", _lineKind::outNode},
     {"alembic_archive", "obj/alembicarchive1.parm {", _lineKind::other},
     {"karma_properties", "stage/karmarenderproperties.parm {", _lineKind::other},
-    {"composite", "img/comp1.parm {", _lineKind::outNode},
     {"camera_before_driver", "out/cam_animated.parm {", _lineKind::camera},
     {"camera_on_the_stage", "stage/cam1.parm {", _lineKind::other},
     {"wedge_in_object", "obj/geo1/wedge1.parm {", _lineKind::wedge},

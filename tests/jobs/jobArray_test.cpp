@@ -25,10 +25,12 @@ TEST(JobArray, GrowsByOneKeepsItsRecordsAndReusesThem) {
     array.message = u"options";
     array.clear();
     EXPECT_TRUE(array.message.isEmpty());
-    const _JobBasics_largePath* const first = array.at(0);
+    _JobBasics_largePath* const first = array.at(0);
+    const auto fresh = std::make_unique<_JobBasics_largePath>();
+    fresh->structureIDs[9] = first->structureIDs[9] = 7;  // the words at its head stay
     ASSERT_TRUE(array.getNewJob(job));
     EXPECT_EQ(std::tuple(job, array.count, array.allocated), std::tuple(first, 1, 40));
-    EXPECT_TRUE(job->layer.isEmpty());
+    EXPECT_EQ(std::memcmp(job, fresh.get(), sizeof *job), 0);
 }
 
 TEST(JobArray, NewRecordsAreInitialisedAndNoneIsTakenAway) {

@@ -1,4 +1,4 @@
-// What a host asks of one job: its ID in letters, its variables, its compact form, its password.
+// What a host asks of one job: its ID in letters, its variables, the jobs it waits for, its password.
 #include "jobs/jobIDs.h"
 
 #include <gtest/gtest.h>
@@ -47,22 +47,18 @@ TEST(JobText, PutsVariablesIntoSquareBrackets) {
     for (auto* name : names) EXPECT_EQ(plainOf(*name), "[Camera] /[4] [padding] [No][] ]Layer[");
 }
 
-TEST(JobText, IsCutToTheCompactForm) {
-    const auto job = std::make_unique<_JobBasics_largePath>();
-    const auto compact = std::make_unique<_JobBasics>();
-    const QString text = QString(249, u'a') + u'b' + QString(249, u'c') + QString(501, u'd');
-    for (auto* path : {&job->sceneName, &job->sceneDatabaseDir, &job->imageDir, &job->imageFileName}) *path = text;
-    job->channels[1].extension = u".no";  // not in use without a file name
-    for (int i = 0; i < 15; ++i) job->channels[2 * i].fileName = text;
-    job->channels[40].fileName = QString(500, u'e');  // one character too many for the pool
-    job->channels[99] = {_vxString<1000>(QString(495, u'f')), _vxString<25>(u".tif")};
-    compact->channelAdd(_vxString<500>(u"old"), _vxString<25>());
-    job->toJobsBasic(*compact);
-    for (auto* path : {&compact->sceneName, &compact->sceneDatabaseDir, &compact->imageDir})
-        EXPECT_TRUE(*path == QStringView(text).left(500));
-    EXPECT_TRUE(compact->imageFileName == QStringView(text).left(250));
-    EXPECT_EQ(compact->channelCount, 16);
-    EXPECT_EQ(plain(QStringView(compact->channelPool + 7995, 5)), std::string(".tif\0", 5));
+TEST(WaitList, TakesThirtyTwoJobsAndNoMore) {
+    const auto job = std::make_unique<_JobBasics>();
+    job->setWaitForPreID(4, 9);
+    for (const int outside : {-1, 32}) job->setWaitForPreID(outside, 7);
+    EXPECT_EQ(job->waitForPreIDCount, 5);
+    job->setWaitForPreID(0, 8);
+    for (int id = 100; id < 140; ++id) job->addWaitForPreID(static_cast<quint8>(id));
+    EXPECT_EQ(job->waitForPreIDCount, 32);
+    EXPECT_EQ(std::tuple(job->waitForPreIDs[0], job->waitForPreIDs[4], job->waitForPreIDs[31]), std::tuple(8, 9, 126));
+    job->waitForPreIDCount = 255;  // a damaged record
+    job->addWaitForPreID(6);
+    EXPECT_EQ(job->jobID, 0U) << "the field behind the list";
 }
 
 TEST(JobText, KnowsItsPasswordByItsHash) {

@@ -55,11 +55,9 @@ const _copyCase copyCases[] = {
 class JobCopies : public testing::TestWithParam<_copyCase> {};
 
 TEST_P(JobCopies, FollowTheirPatterns) {
-    vxTest::freshScanState();
-    vxTest::_loader loader;
-    ASSERT_EQ(loader.load(GetParam().scene), resultSuccess);
+    const auto loader = vxTest::loaded(GetParam().scene);
     std::string rows;
-    for (int i = GetParam().patterns; i < loader.count(); ++i) rows += rowOf(loader.job(i));
+    for (int i = GetParam().patterns; i < loader->count(); ++i) rows += rowOf(loader->job(i));
     EXPECT_EQ(rows, GetParam().copies);
 }
 
@@ -114,25 +112,8 @@ TEST(JobCopiesInAFullArray, FillItToItsLastRecord) {
     munmap(pages, bytes);
 }
 
-TEST(WedgePlaceholders, StayInNoJob) {
-    const QByteArray aov = "|ar_aov_separate_file1=/i/$WEDGE/$WEDGENUM.$F4.exr";
-    for (const char* prefix : {"$WEDGE", "${WEDGE}$WEDGENUM", "$WED$WEDGEGE"}) {
-        vxTest::freshScanState();
-        vxTest::_loader loader;
-        ASSERT_EQ(loader.load(driver("vm_picture=/$WEDGE/$WED$WEDGEGE.exr" + aov, "out/b") + pair +
-                              wedge("steps1=3|prefix=" + QByteArray(prefix))),
-                  resultSuccess);
-        ASSERT_EQ(loader.count(), 1 + 2 + 2 * 3);
-        for (int i = 0; i < loader.count(); ++i)
-            for (const auto* name : {&loader.job(i).imageDir, &loader.job(i).imageFileName,
-                                     &loader.job(i).channels[0].fileName, &loader.job(i).sceneName})
-                EXPECT_FALSE(name->contains(u"$WEDGE") || name->contains(u"${WEDGE")) << i << plainOf(*name);
-    }
-}
-
 TEST(SecondLoad, FindsTheWedgesAndTakesOfTheFirst) {
-    vxTest::freshScanState();
-    ASSERT_EQ(vxTest::_loader().load(twoSteps), resultSuccess);
+    vxTest::loaded(twoSteps);
     nodeActiveTakes[_vxString<150>(u"/out/a")] = QStringLiteral("old");
     vxTest::_loader second;
     ASSERT_EQ(second.load(takes + single), resultSuccess);

@@ -1,5 +1,6 @@
 // The allocator of this whole program, Qt's and the plug-in's calls included, fails on demand: each allocation of a
-// load once, in a process in which nothing was loaded before. A sanitizer's operator new does not come by here.
+// load once, in a process in which nothing was loaded before, but Qt has its record of the thread, whose lack it does
+// not survive. A sanitizer's operator new does not come by here.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -99,31 +100,25 @@ namespace {
 using vxTest::driver;
 
 /// Something for every reader, copies of both kinds, and few jobs: each load moves them all for every further one.
-QByteArray sceneOfEverything() {
-    return "set -g _HIP_SAVEVERSION = '19.5.640'\nset -g JOB = '/proj/a_shot'\nset -g HtoA_KickVersion = '7.1.2'\n"
-           "frange 1001 1100\ntake name Main\ntake name wide\n" +
-           driver("res=1920\t1080", "obj/stereocam1") + driver("picture=$HIP/k.$F4.exr|take=wide", "stage/karma1") +
-           driver(
-               "camera=/cameras/cam1|xn__redshiftglobalRS_archive_enable=on|"
-               "xn__redshiftglobalRS_archive_fileName=$HIP/a.$F4.usd",
-               "stage/rendersettings1") +
-           driver(
-               "trange=normal|f=1\t20\t2|camera=/obj/stereocam1|vm_picture=${JOB}/$OS.$F4.exr|soho_outputmode=on|"
-               "soho_diskfile=$HIP/$HIPNAME.$F4.ifd",
-               "out/mantra1") +
-           driver(
-               "ar_picture=$JOB/a.$F4.exr|ar_aov_separate_file1=$HIP/z.$F4.exr|take=wide|camera=/obj/cam2|"
-               "ar_ass_export_enable=on|ar_ass_file=$HIP/a_sim_.$F4.ass",
-               "out/arnold_sim_1") +
-           driver(
-               "RS_outputFileNamePrefix=$HIP/$OS.$AOV.$F4|RS_outputFileFormat=.exr|RS_aovSuffix_1=Z|"
-               "RS_aovCustomPrefix_1=$HIP/$AOV.$F4|RS_aovFileFormat_1=.exr|take=wide",
-               "out/redshift1") +
-           driver("outputimage=$HIP/u.$F4.exr|lopoutput=$HIP/u.$F4.usd|renderer=BRAY_HdKarma|take=wide",
-                  "stage/usdrender_rop1") +
-           driver("vm_picture=ip", "out/shown1") +
-           driver("driver=../redshift1|wedgemethod=channel|name1=key|steps1=2|range1=1\t2", "out/wedge1");
-}
+const QByteArray sceneOfEverything =
+    "set -g _HIP_SAVEVERSION = '19.5.640'\nset -g JOB = '/proj/a_shot'\nset -g HtoA_KickVersion = '7.1.2'\n"
+    "frange 1001 1100\ntake name Main\ntake name wide\n" +
+    driver("res=1920\t1080", "obj/stereocam1") + driver("picture=$HIP/k.$F4.exr|take=wide", "stage/karma1") +
+    driver("camera=/c|xn__redshiftglobalRS_archive_fileName=$HIP/a.usd", "stage/rendersettings1") +
+    driver(
+        "trange=normal|f=1\t20\t2|camera=/obj/stereocam1|vm_picture=${JOB}/$OS.$F4.exr|soho_outputmode=on|"
+        "soho_diskfile=$HIP/$HIPNAME.$F4.ifd",
+        "out/mantra1") +
+    driver(
+        "ar_picture=$JOB/a.$F4.exr|ar_aov_separate_file1=$HIP/z.$F4.exr|take=wide|camera=/obj/cam2|"
+        "ar_ass_export_enable=on|ar_ass_file=$HIP/a_sim_.$F4.ass",
+        "out/arnold_sim_1") +
+    driver(
+        "RS_outputFileNamePrefix=$HIP/$OS.$AOV.$F4|RS_outputFileFormat=.exr|RS_aovSuffix_1=Z|take=wide|"
+        "RS_aovCustomPrefix_1=$HIP/$AOV.$F4|RS_aovFileFormat_1=.exr",
+        "out/redshift1") +
+    driver("outputimage=$HIP/u.$F4.exr|lopoutput=$HIP/u.$F4.usd|renderer=BRAY_HdKarma|take=wide", "stage/usdrender_1") +
+    driver("driver=../redshift1|wedgemethod=channel|name1=key|steps1=2|range1=1\t2", "out/wedge1");
 
 #ifdef __SANITIZE_ADDRESS__
 constexpr long step = 10;  // a process takes its time there
@@ -195,7 +190,7 @@ class ScarceMemory : public testing::TestWithParam<bool> {};
 
 TEST_P(ScarceMemory, EndsALoadAndHarmsNoLaterOne) {
     const vxTest::_sceneFolder folder;
-    const QString scene = folder.write(sceneOfEverything());
+    const QString scene = folder.write(sceneOfEverything);
     try {
         throw std::bad_alloc();  // the first exception leaves blocks behind
     } catch (const std::bad_alloc&) {
@@ -207,7 +202,7 @@ TEST_P(ScarceMemory, EndsALoadAndHarmsNoLaterOne) {
     EXPECT_EQ(2 * sound.scarce.jobs - sound.later.jobs, jobsOfScene);
     EXPECT_EQ(sound.scarce.content, sound.later.content);
     long number = 1;
-    for (; !HasFailure(); number += step * (GetParam() ? 4 : 1)) {
+    for (; !HasFailure(); number += step * (GetParam() ? 8 : 1)) {
         SCOPED_TRACE(testing::Message() << "allocation " << number);
         outcome = outcomeInAChild(scene, number, GetParam());
         ASSERT_NE(outcome, nullptr);
@@ -220,7 +215,7 @@ TEST_P(ScarceMemory, EndsALoadAndHarmsNoLaterOne) {
         EXPECT_EQ(outcome->later.code, vxP::resultSuccess);
         EXPECT_EQ(outcome->later.content, sound.later.content);
         EXPECT_FALSE(outcome->isOpen) << "the scene was left open";
-        EXPECT_EQ(outcome->blocks, sound.blocks);
+        EXPECT_LE(outcome->blocks, sound.blocks) << "something was not released";
         if (!outcome->wasScarce) break;
     }
     EXPECT_GT(number, 500);

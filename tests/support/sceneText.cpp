@@ -62,6 +62,26 @@ qint32 _loader::scan(const QByteArray& scene) {
     return vxP::scanScene(loadRecord, buffer, sceneFacts);
 }
 
+namespace {
+
+std::unique_ptr<_loader> succeeded(qint32 (_loader::*action)(const QByteArray&), const QByteArray& scene) {
+    freshScanState();
+    auto loader = std::make_unique<_loader>();
+    if (const qint32 code = ((*loader).*action)(scene); code != vxP::resultSuccess)
+        throw std::runtime_error("code " + std::to_string(code));
+    return loader;
+}
+
+}  // namespace
+
+std::unique_ptr<_loader> scanned(const QByteArray& scene) {
+    return succeeded(&_loader::scan, scene);
+}
+
+std::unique_ptr<_loader> loaded(const QByteArray& scene) {
+    return succeeded(&_loader::load, scene);
+}
+
 std::string outputOf(const vxJ::_JobBasics_largePath& job) {
     return (job.imageDir.toQString() + u'|' + job.imageFileName.toQString() + u'|' + job.imageExtension.toQString())
         .toStdString();

@@ -55,6 +55,10 @@ class _loader {
     vxP::_sceneFacts sceneFacts;
 };
 
+/// A scene that was scanned, or loaded, from fresh state, to success.
+std::unique_ptr<_loader> scanned(const QByteArray& scene);
+std::unique_ptr<_loader> loaded(const QByteArray& scene);
+
 /// Folder, file and extension of a job's output, parted by "|".
 std::string outputOf(const vxJ::_JobBasics_largePath& job);
 
