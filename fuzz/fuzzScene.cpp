@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "fuzz/fuzzRecords.h"
+#include "scan/scanState.h"
 
 namespace vxFuzz {
 
@@ -44,6 +45,7 @@ void expectNoWedgePlaceholder(const _JobBasics_largePath& job) {
     };
     expectNone(job.imageDir);
     expectNone(job.imageFileName);
+    if (job.app.toQString() != appNameHoudini) expectNone(job.sceneName);
     for (const _channelSlot& slot : job.channels) expectNone(slot.fileName);
 }
 
