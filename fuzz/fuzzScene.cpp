@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "fuzz/fuzzRecords.h"
+#include "jobs/renderers.h"
 #include "scan/scanState.h"
 
 namespace vxFuzz {
@@ -45,7 +46,7 @@ void expectNoWedgePlaceholder(const _JobBasics_largePath& job) {
     };
     expectNone(job.imageDir);
     expectNone(job.imageFileName);
-    if (job.app.toQString() != appNameHoudini) expectNone(job.sceneName);
+    if (job.app.toQString() != vxP::appNameHoudini) expectNone(job.sceneName);
     for (const _channelSlot& slot : job.channels) expectNone(slot.fileName);
 }
 

@@ -5,6 +5,7 @@
 #include "plugin/vxSceneParserHoudini.h"
 #include "tests/support/pieces.h"
 #include "tests/support/sceneText.h"
+#include "tests/testText.h"
 
 namespace vxP {
 
