@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLatin1String>
+#include <QtGlobal>
 #include <string>
 
 namespace vxV {

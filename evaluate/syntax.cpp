@@ -52,7 +52,7 @@ class _reader {
     bool take(std::string_view sign);
     _part fail(_reason reason, std::string_view culprit);
     _part failHere();
-    static _syntax leaf(_form form, std::string text) { return {form, std::move(text)}; }
+    static _syntax leaf(_form form, std::string text);
     _part node(_form form, std::string text, std::vector<_syntax> parts);
 
     _tokens words;
@@ -87,6 +87,13 @@ _reader::_part _reader::fail(_reason reason, std::string_view culprit) {
 _reader::_part _reader::failHere() {
     if (token.kind == _tokenKind::uncertain) return fail(_reason::uncertain, token.source);
     return fail(_reason::syntax, token.kind == _tokenKind::end ? "its end" : token.source);
+}
+
+_syntax _reader::leaf(_form form, std::string text) {
+    _syntax made;
+    made.form = form;
+    made.text = std::move(text);
+    return made;
 }
 
 _reader::_part _reader::node(_form form, std::string text, std::vector<_syntax> parts) {

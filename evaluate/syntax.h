@@ -1,6 +1,7 @@
 // An expression as a tree.
 #pragma once
 
+#include <QtGlobal>
 #include <memory>
 #include <string>
 #include <vector>

@@ -1,6 +1,7 @@
 // The words of an expression: numbers, texts, names, variables and signs.
 #pragma once
 
+#include <QtGlobal>
 #include <string>
 #include <string_view>
 

@@ -1,0 +1,51 @@
+// Tokens of menus in their order.
+#include "evaluate/menus.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace vxV {
+
+namespace {
+
+/// The names of parameters that have a menu: they end so, and begin with anything where they are promoted from a node
+/// to the asset around it.
+struct _menu {
+    std::string_view nameEnd;  ///< "#": a digit
+    std::span<const std::string_view> tokens;
+};
+
+constexpr std::array<std::string_view, 2> switchTokens{"off", "on"};
+constexpr std::array<std::string_view, 3> rangeTokens{"off", "normal", "on"};
+constexpr std::array<std::string_view, 6> transformOrders{"srt", "str", "rst", "rts", "tsr", "trs"};
+constexpr std::array<std::string_view, 6> rotationOrders{"xyz", "xzy", "yxz", "yzx", "zxy", "zyx"};
+constexpr std::array<std::string_view, 7> rampBases{"constant", "linear",  "catmull-rom", "monotonecubic",
+                                                    "bezier",   "bspline", "hermite"};
+constexpr std::array<std::string_view, 2> fileMethods{"constructed", "explicit"};
+constexpr std::array<std::string_view, 2> pathParameters{"uniform", "arc"};
+
+constexpr std::array menus{
+    // first match wins
+    _menu{"trange", rangeTokens},          _menu{"xOrd", transformOrders},     _menu{"rOrd", rotationOrders},
+    _menu{"#interp", rampBases},            _menu{"filemethod", fileMethods},   _menu{"uparmtype", pathParameters},
+    _menu{"pathparmtype", pathParameters}, _menu{"", switchTokens},
+};
+
+bool endsLike(std::string_view name, std::string_view end) {
+    if (!end.starts_with('#')) return name.ends_with(end);
+    if (!name.ends_with(end.substr(1)) || name.size() < end.size()) return false;
+    const char digit = name[name.size() - end.size()];
+    return digit >= '0' && digit <= '9';
+}
+
+}  // namespace
+
+std::optional<double> menuNumber(std::string_view name, std::string_view token) {
+    const auto menu = std::find_if(menus.begin(), menus.end(), [&](const _menu& m) { return endsLike(name, m.nameEnd); });
+    const auto place = std::find(menu->tokens.begin(), menu->tokens.end(), token);
+    if (place == menu->tokens.end()) return {};
+    return static_cast<double>(place - menu->tokens.begin());
+}
+
+}  // namespace vxV
