@@ -15,7 +15,7 @@ class _byteSource {
  public:
     virtual ~_byteSource() = default;
     /// Bytes that there are. May change while the source is read; what is gone then is not there for `readAt`.
-    virtual qint64 size() const = 0;
+    virtual qint64 byteCount() const = 0;
     /// @return bytes read into `data`, fewer than `most` only at the end; -1 after an error
     virtual qint64 readAt(qint64 offset, char* data, qint64 most) const = 0;
 };
@@ -24,7 +24,7 @@ class _byteSource {
 class _memorySource : public _byteSource {
  public:
     explicit _memorySource(std::string_view content) : bytes(content) {}
-    qint64 size() const override { return static_cast<qint64>(bytes.size()); }
+    qint64 byteCount() const override { return static_cast<qint64>(bytes.size()); }
     qint64 readAt(qint64 offset, char* data, qint64 most) const override;
 
  private:
@@ -77,7 +77,7 @@ class _archive {
     /// The next entry in file order, without the trailer; none at the end. Throws `_budgetExceeded`.
     std::optional<_entry> next();
     /// Meaningful when `next` gave none.
-    _archiveEnd end() const { return archiveEnd; }
+    _archiveEnd end() const;
     /// Bytes of a body, the first `most` of it; shorter where the source has become shorter.
     std::string read(const _body& body, qint64 most);
 
@@ -86,21 +86,35 @@ class _archive {
         std::string name;
         qint64 start;
         qint64 bodyStart;
-        qint64 bodySize;  ///< -1: not told
+        qint64 bodySize;  ///< told by the open kind alone
     };
 
-    std::string_view bytesAt(qint64 offset, qint64 wanted);
+    void hold(_entry entry);
+    void endArchive(const _entry& trailer);
+    _entry takeEntry();
+    qint64 endBySize(const _header& header);
+    qint64 endBySearch(const _header& header);
     std::optional<_header> headerAt(qint64 offset);
     std::optional<_header> searchHeader(qint64 from);
+    std::string_view bytesAt(qint64 offset, qint64 wanted);
+    std::string_view blockFrom(qint64 offset, qint64 wanted);
+    void readBlock(qint64 offset, qint64 count);
 
     const _byteSource& source;
-    qint64 sourceSize = 0;
+    qint64 sourceSize;
     _archiveKind archiveKind = _archiveKind::none;
     _archiveEnd archiveEnd = _archiveEnd::cut;
-    std::optional<_header> ahead;
-    std::deque<_entry> held;  ///< entries that may turn out to lie within a definition
+    bool isSized = false;  ///< sizes lead from header to header; else each is searched for
+    bool readFailed = false;
+    std::optional<_header> ahead;  ///< of the entry that comes next
+    std::deque<_entry> held;       ///< entries that may turn out to lie within a definition
+    std::size_t decided = 0;       ///< of these, that do not
     std::string block;
     qint64 blockStart = 0;
+    qint64 furthest = 0;  ///< end of what was read
 };
+
+/// Bytes of a body as `_archive::read` gives them. Throws `_budgetExceeded`.
+std::string readBody(const _byteSource& source, const _body& body, qint64 most);
 
 }  // namespace vxN

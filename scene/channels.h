@@ -81,7 +81,7 @@ class _channels {
     friend class _channelReader;
 
     std::string source;
-    std::deque<std::string> unescaped;
+    std::deque<std::string> made;  ///< texts that do not stand in the source as they are
     std::vector<_segment> segments;
     std::vector<_channel> channels;
     std::vector<quint32> byName;

@@ -57,6 +57,8 @@ struct _input {
 
     bool isWired() const { return !source.empty() || subnetInput >= 0; }
 };
+/// @param source  as it is stored: a name, "(dot)", "(0)", empty
+_input makeInput(quint32 index, std::string_view source, quint32 output);
 
 /// What a node's entry ".def" tells.
 struct _nodeDefinition {
@@ -68,6 +70,8 @@ struct _nodeDefinition {
 
     /// None: the scene does not say.
     std::optional<bool> isOn(_flag flag) const;
+    /// What it takes in memory, roughly.
+    qint64 bytes() const;
 };
 
 /// Texts of a definition, by the rules of `_parameters`.
@@ -122,6 +126,10 @@ class _node {
     _node inputNode(quint32 index) const;
 
  private:
+    _node at(qint32 index) const;
+    _input storedInput(quint32 index) const;
+    _input inputOfDot(std::string_view dot) const;
+
     const _sceneStore* scene = nullptr;
     qint32 position = -1;
 };

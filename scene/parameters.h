@@ -51,11 +51,15 @@ class _parameters {
  private:
     friend class _parameterReader;
 
+    const _value* letteredComponent(std::string_view channel) const;
+    const _value* numberedComponent(std::string_view channel) const;
+
     std::string source;
-    std::deque<std::string> unescaped;  ///< texts that do not stand in the source as they are
+    std::deque<std::string> made;  ///< texts that do not stand in the source as they are
     std::vector<_value> values;
     std::vector<_parameter> parameters;
-    std::vector<quint32> byName;
+    std::vector<quint32> byName;     ///< positions of parameters
+    std::vector<quint32> byChannel;  ///< positions of driven values
     bool whole = true;
 };
 
