@@ -15,13 +15,6 @@ namespace {
 constexpr std::size_t bytesAroundResult = 200;
 constexpr std::size_t bytesForExpressionByte = 80;
 
-/// A result that depends on where the evaluation began.
-bool isOfThisWay(const _valueOutcome& outcome) {
-    if (outcome) return false;
-    const _reason reason = outcome.why().reason;
-    return reason == _reason::cycle || reason == _reason::tooDeep || reason == _reason::tooMuchWork;
-}
-
 bool isPython(const vxN::_node& node, const vxN::_segment& segment) {
     if (!segment.language.empty()) return segment.language == "python";
     return node.definition()->expressionLanguage == "python";
@@ -58,12 +51,21 @@ _valueOutcome _evaluation::remembered(_key key, Work work) {
     const auto [place, isNew] = results.try_emplace(std::move(key));
     if (!isNew) {
         current |= place->second.dependence;
-        return place->second.outcome ? *place->second.outcome
-                                     : unknown(_reason::cycle, std::get<std::string>(place->first));
+        if (place->second.outcome) return *place->second.outcome;
+        effort.isCut = true;
+        return unknown(_reason::cycle, std::get<std::string>(place->first));
     }
     const _dependence around = std::exchange(current, {});
-    _valueOutcome outcome = work();
-    if (effort.depth > 0 && isOfThisWay(outcome)) {
+    const bool wasCut = std::exchange(effort.isCut, false);
+    _valueOutcome outcome = unknown(_reason::cycle);
+    try {
+        outcome = work();
+    } catch (...) {
+        results.erase(place);
+        throw;
+    }
+    const bool isOfThisWay = effort.isCut && effort.depth > 0 && !outcome;
+    if (isOfThisWay) {
         results.erase(place);
     } else {
         place->second = {outcome, current};
@@ -72,6 +74,7 @@ _valueOutcome _evaluation::remembered(_key key, Work work) {
             resultBytes += std::get<std::string>(*outcome).size();
     }
     current |= around;
+    effort.isCut |= wasCut;
     return outcome;
 }
 
@@ -121,14 +124,18 @@ _valueOutcome _evaluation::computeText(const vxN::_node& node, std::string_view 
 }
 
 _valueOutcome _evaluation::computeChannel(const vxN::_node& node, const vxN::_channel& channel, double frame) {
+    const auto expressionAt = [&](const vxN::_segment& segment, double at) -> _valueOutcome {
+        if (isPython(node, segment)) return unknown(_reason::python, std::string(segment.expression));
+        return computeExpression(node, segment.expression, at);
+    };
+    if (channel.isExpression()) return expressionAt(channel.segments[0], frame);
     _clock then = clock;
     then.frame = frame;
     const auto seconds = then.time();
     if (!seconds) return unknown(_reason::unsetVariable, "FPS");
-    if (!channel.isExpression()) current.time = true;
-    return channelAtTime(channel, *seconds, [&](const vxN::_segment& segment, double at) -> _valueOutcome {
-        if (isPython(node, segment)) return unknown(_reason::python, std::string(segment.expression));
-        return computeExpression(node, segment.expression, *then.frameAt(at));
+    current.time |= channel.segments.size() > 1;
+    return channelAtTime(channel, *seconds, [&](const vxN::_segment& segment, double at) {
+        return expressionAt(segment, *then.frameAt(at));
     });
 }
 

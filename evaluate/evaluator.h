@@ -64,7 +64,8 @@ class _evaluator {
     _evaluator(const _evaluator&) = delete;
     _evaluator& operator=(const _evaluator&) = delete;
 
-    const _clock& clock() const;
+    /// The frame at which values are asked for; 1 where neither the options nor the scene tell one.
+    double frame() const;
     void setFrame(double frame);
 
     /// A component's number: of the channel that drives it, or literal.

@@ -44,9 +44,10 @@ class _walk {
 
 std::optional<_unknown> _walk::step(const _syntax& node) {
     _effort& effort = surroundings.effort();
-    if (++effort.steps > mostSteps) return unknown(_reason::tooMuchWork, node.text);
-    if (effort.depth >= deepestEvaluation) return unknown(_reason::tooDeep, node.text);
     vxP::spendWork(workPerStep);
+    effort.isCut |= ++effort.steps > mostSteps || effort.depth >= deepestEvaluation;
+    if (effort.steps > mostSteps) return unknown(_reason::tooMuchWork, node.text);
+    if (effort.depth >= deepestEvaluation) return unknown(_reason::tooDeep, node.text);
     return {};
 }
 

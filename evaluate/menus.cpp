@@ -22,8 +22,6 @@ constexpr std::array<std::string_view, 6> transformOrders{"srt", "str", "rst", "
 constexpr std::array<std::string_view, 6> rotationOrders{"xyz", "xzy", "yxz", "yzx", "zxy", "zyx"};
 constexpr std::array<std::string_view, 7> rampBases{"constant", "linear",  "catmull-rom", "monotonecubic",
                                                     "bezier",   "bspline", "hermite"};
-constexpr std::array<std::string_view, 2> fileMethods{"constructed", "explicit"};
-constexpr std::array<std::string_view, 2> pathParameters{"uniform", "arc"};
 // Of the handle of a null object what a new one has; the rest of these menus is not certain.
 constexpr std::array<std::string_view, 1> nullDisplays{"icon"};
 constexpr std::array<std::string_view, 1> nullControls{"null"};
@@ -32,17 +30,10 @@ constexpr std::array<std::string_view, 1> nullOrientations{"xyz"};
 /// Of types that are built in, whose definitions no scene carries; the last row is for toggles.
 constexpr std::array menus{
     // first match wins
-    _menu{"trange", rangeTokens},
-    _menu{"xOrd", transformOrders},
-    _menu{"rOrd", rotationOrders},
-    _menu{"#interp", rampBases},
-    _menu{"filemethod", fileMethods},
-    _menu{"uparmtype", pathParameters},
-    _menu{"pathparmtype", pathParameters},
-    _menu{"displayicon", nullDisplays},
-    _menu{"controltype", nullControls},
-    _menu{"orientation", nullOrientations},
-    _menu{"", switchTokens},
+    _menu{"trange", rangeTokens},           _menu{"xOrd", transformOrders},
+    _menu{"rOrd", rotationOrders},          _menu{"#interp", rampBases},
+    _menu{"displayicon", nullDisplays},     _menu{"controltype", nullControls},
+    _menu{"orientation", nullOrientations}, _menu{"", switchTokens},
 };
 
 bool endsLike(std::string_view name, std::string_view end) {

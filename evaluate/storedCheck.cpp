@@ -117,7 +117,7 @@ _verdict _check::verdictOn(const vxN::_node& node, const vxN::_channel& channel,
 }
 
 bool _check::agreesAtOtherFrame(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored) {
-    const auto saved = evaluator.clock().frame;
+    const double saved = evaluator.frame();
     const vxN::_range frames = possibleFrames(scene.timeline());
     bool found = false;
     for (double frame = frames.first; frame <= frames.last && !found; ++frame) {
@@ -125,7 +125,7 @@ bool _check::agreesAtOtherFrame(const vxN::_node& node, const vxN::_channel& cha
         const _valueOutcome computed = evaluator.channelValue(node, channel.name);
         found = computed && isSameValue(stored.text, *computed);
     }
-    if (saved) evaluator.setFrame(*saved);
+    evaluator.setFrame(saved);
     return found;
 }
 

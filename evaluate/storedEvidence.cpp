@@ -20,6 +20,7 @@ constexpr int longestChain = 20;
 /// Stand for a folder and a name: no text of a scene holds them.
 constexpr std::string_view folderMark = "\x01";
 constexpr std::string_view nameMark = "\x02";
+constexpr std::string_view marks = "\x01\x02";
 
 /// A stored number; of a switch 0 or 1.
 bool storedNumber(std::string_view stored, double& number) {
@@ -42,16 +43,19 @@ _options placedAtMarks(const vxN::_byteSource& source) {
     return options;
 }
 
-/// A text with marks, each of which stands for any text.
+/// A text with marks, each of which stands for any text: what is between them has to follow in order.
 bool fits(std::string_view marked, std::string_view text) {
-    const std::size_t mark = std::min(marked.find_first_of("\x01\x02"), marked.size());
-    if (!text.starts_with(marked.substr(0, mark))) return false;
-    if (mark == marked.size()) return text.size() == mark;
-    const std::string_view behind = marked.substr(mark + 1);
-    for (text.remove_prefix(mark); !text.empty(); text.remove_prefix(1)) {
-        if (fits(behind, text)) return true;
+    for (bool isFirst = true;; isFirst = false) {
+        const std::size_t mark = std::min(marked.find_first_of(marks), marked.size());
+        const std::string_view part = marked.substr(0, mark);
+        const bool isLast = mark == marked.size();
+        if (isLast && !isFirst) return text.ends_with(part);
+        const std::size_t place = isFirst ? (text.starts_with(part) ? 0 : std::string_view::npos) : text.find(part);
+        if (place == std::string_view::npos) return false;
+        text.remove_prefix(place + part.size());
+        if (isLast) return text.empty();
+        marked.remove_prefix(mark + 1);
     }
-    return fits(behind, text);
 }
 
 }  // namespace
@@ -121,7 +125,7 @@ bool _storedEvidence::isOfOtherPlace(const vxN::_node& node, std::string_view ch
     elsewhere.setFrame(frame);
     const _valueOutcome computed = elsewhere.channelValue(node, channel);
     const auto* const text = computed ? std::get_if<std::string>(&*computed) : nullptr;
-    return text != nullptr && text->find_first_of("\x01\x02") != std::string::npos && fits(*text, stored);
+    return text != nullptr && text->find_first_of(marks) != std::string::npos && fits(*text, stored);
 }
 
 std::string handedOn(const vxN::_node& node, const vxN::_channel& channel) {

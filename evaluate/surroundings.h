@@ -12,6 +12,7 @@ namespace vxV {
 struct _effort {
     int depth = 0;
     int steps = 0;
+    bool isCut = false;  ///< a bound or a cycle ended something: what is unknown for that may be known from elsewhere
 };
 constexpr int deepestEvaluation = 500;
 constexpr int mostSteps = 200'000;

@@ -72,10 +72,10 @@ _textOutcome _expansion::next() {
         return take(1);
     }
     if (left.front() == '`') {
-        const std::size_t end = left.find('`', 1);
-        if (end == std::string_view::npos) return unknown(_reason::syntax, std::string(left));
-        const std::string expression = take(end + 1);
-        return sources.expression(std::string_view(expression).substr(1, end - 1));
+        const std::size_t end = std::min(left.find('`', 1), left.size());
+        const std::string_view expression = left.substr(1, end - 1);
+        left.remove_prefix(std::min(end + 1, left.size()));
+        return sources.expression(expression);
     }
     const _variableUse use = variableAtStart(left);
     if (use.name.empty()) {

@@ -22,7 +22,7 @@ struct _textSources {
 };
 
 /// The text with its variables and expressions replaced. A backslash in front of "$" or "`" takes their meaning and
-/// goes; any other one stays. A "$" without a name stays.
+/// goes; any other one stays. A "$" without a name stays, and the last back-quote may be missing.
 _textOutcome expandText(std::string_view text, const _textSources& sources);
 
 /// A part of a file name.
