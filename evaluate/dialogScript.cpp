@@ -11,6 +11,13 @@ namespace vxV {
 
 namespace {
 
+/// Of tokens with their labels behind them the tokens.
+std::vector<std::string> everySecond(const std::vector<std::string>& words) {
+    std::vector<std::string> taken;
+    for (std::size_t place = 0; place < words.size(); place += 2) taken.push_back(words[place]);
+    return taken;
+}
+
 class _reader {
  public:
     explicit _reader(std::string_view script) : words(script) {}
@@ -18,6 +25,7 @@ class _reader {
 
  private:
     _parameterDefinition parameter();
+    void readEntry(const vxN::_token& word, _parameterDefinition& made);
     /// The quoted words of a block in braces; none where it holds a script.
     std::vector<std::string> quotedWords(bool alsoScripts);
     std::string text(const vxN::_token& token);
@@ -44,21 +52,21 @@ _parameterDefinition _reader::parameter() {
     _parameterDefinition made;
     while (const auto word = words.next()) {
         if (word->is("}")) break;
-        if (word->is("name") || word->is("type")) {
-            if (const auto value = words.next()) (word->is("name") ? made.name : made.type) = text(*value);
-        } else if (!word->isQuoted && word->text.starts_with("menu") && words.take("{")) {
-            made.tokens = quotedWords(false);
-            // Labels stand between the tokens.
-            for (std::size_t place = 1; place < made.tokens.size(); ++place) {
-                made.tokens.erase(made.tokens.begin() + static_cast<std::ptrdiff_t>(place));
-            }
-        } else if (word->is("default") && words.take("{")) {
-            made.defaults = quotedWords(true);
-        } else if (word->is("{")) {
-            words.skipBlock();
-        }
+        readEntry(*word, made);
     }
     return made;
+}
+
+void _reader::readEntry(const vxN::_token& word, _parameterDefinition& made) {
+    if (word.is("name") || word.is("type")) {
+        if (const auto value = words.next()) (word.is("name") ? made.name : made.type) = text(*value);
+    } else if (!word.isQuoted && word.text.starts_with("menu") && words.take("{")) {
+        made.tokens = everySecond(quotedWords(false));
+    } else if (word.is("default") && words.take("{")) {
+        made.defaults = quotedWords(true);
+    } else if (word.is("{")) {
+        words.skipBlock();
+    }
 }
 
 std::vector<std::string> _reader::quotedWords(bool alsoScripts) {

@@ -58,6 +58,20 @@ bool fits(std::string_view marked, std::string_view text) {
     }
 }
 
+/// The one expression of a channel; null: it has none, or one that cannot be read.
+_tree expressionOf(const vxN::_node& node, std::string_view channel) {
+    const auto driver = node.channel(channel);
+    if (driver == nullptr || !driver->isExpression()) return {};
+    const auto tree = readExpression(driver->segments[0].expression);
+    return tree ? *tree : _tree();
+}
+
+bool isPlainReference(const _syntax& expression) {
+    if (expression.form != _form::call || (expression.text != "ch" && expression.text != "chs")) return false;
+    const _form path = expression.parts[0].form;
+    return path == _form::plainText || path == _form::variableText;
+}
+
 }  // namespace
 
 bool isSameValue(std::string_view stored, const _value& computed) {
@@ -76,19 +90,23 @@ bool _storedEvidence::isUntouched(const vxN::_node& node, const vxN::_channel& c
     if (stored.text == channel.segments.front().expression) return true;
     if (channel.defaultText && !stored.text.empty() && stored.text == *channel.defaultText) return true;
     double number = 0;
-    if (storedNumber(stored.text, number)) {
-        if (number == 0) return true;
-        if (channel.defaultNumber && isSameValue(stored.text, *channel.defaultNumber)) return true;
-    }
+    const bool isNumber = storedNumber(stored.text, number);
+    if (isNumber && (number == 0 || (channel.defaultNumber && isSameValue(stored.text, *channel.defaultNumber))))
+        return true;
     const auto parameters = node.parameters();
-    for (const vxN::_parameter& parameter : parameters->all()) {
-        for (std::size_t component = 0; component < parameter.values.size(); ++component) {
-            if (parameter.values[component].channel != channel.name) continue;
-            const _place place{&parameter, component};
-            return isDefault(node, place, stored.text) || isUsual(node, place, stored.text);
+    const _place place = placeOf(*parameters, channel.name);
+    return place.parameter != nullptr && (isDefault(node, place, stored.text) || isUsual(node, place, stored.text));
+}
+
+_storedEvidence::_place _storedEvidence::placeOf(const vxN::_parameters& parameters, std::string_view channel) {
+    for (const vxN::_parameter& parameter : parameters.all()) {
+        const auto driven = std::find_if(parameter.values.begin(), parameter.values.end(),
+                                         [&](const vxN::_value& value) { return value.channel == channel; });
+        if (driven != parameter.values.end()) {
+            return {&parameter, static_cast<std::size_t>(driven - parameter.values.begin())};
         }
     }
-    return false;
+    return {};
 }
 
 bool _storedEvidence::isDefault(const vxN::_node& node, const _place& place, std::string_view stored) {
@@ -133,17 +151,11 @@ std::string handedOn(const vxN::_node& node, const vxN::_channel& channel) {
     std::string name(channel.name);
     std::string source;
     for (int links = 0; links < longestChain; ++links) {
-        const auto driver = at.channel(name);
-        if (driver == nullptr) break;
-        const auto tree = readExpression(driver->isExpression() ? driver->segments[0].expression : std::string_view());
-        if (!tree) break;
-        const _syntax& whole = **tree;
-        if (whole.form == _form::variable) return "$" + whole.text;
-        const bool isReference =
-            whole.form == _form::call && (whole.text == "ch" || whole.text == "chs") &&
-            (whole.parts[0].form == _form::plainText || whole.parts[0].form == _form::variableText);
-        if (!isReference) break;
-        const auto target = resolveReference(at, whole.parts[0].text);
+        const auto tree = expressionOf(at, name);
+        if (tree == nullptr) break;
+        if (tree->form == _form::variable) return "$" + tree->text;
+        const auto target = isPlainReference(*tree) ? resolveReference(at, tree->parts[0].text)
+                                                    : _outcome<_reference>(unknown(_reason::uncertain));
         if (!target) break;
         at = target->node;
         name = std::string(target->name);

@@ -33,6 +33,7 @@ class _storedEvidence {
         std::size_t component = 0;
     };
 
+    static _place placeOf(const vxN::_parameters& parameters, std::string_view channel);
     bool isDefault(const vxN::_node& node, const _place& place, std::string_view stored);
     bool isUsual(const vxN::_node& node, const _place& place, std::string_view stored);
     void listTypes();
