@@ -11,8 +11,11 @@
 #include "input/sceneFile.h"
 #include "scan/scanBudget.h"
 #include "scene/scene.h"
+#include "tests/support/archiveText.h"
 
 namespace {
+
+using vxTest::openEntry;
 
 struct _counts {
     double openSeconds = 0;
@@ -83,23 +86,16 @@ void print(const char* name, const _counts& counts) {
                 counts.withoutParameter, counts.inputs, counts.wires, counts.overrides, counts.incomplete, name);
 }
 
-std::string entryOf(const std::string& name, const std::string& body) {
-    char header[77];
-    std::snprintf(header, sizeof header, "070707%06o%06o%06o%06o%06o%06o%06o%011o%06zo%011zo", 1U, 0U, 0666U, 0U, 0U,
-                  1U, 0U, 0U, name.size() + 1, body.size());
-    return header + name + '\0' + body;
-}
-
 int write(const char* path, int megabytes) {
     std::ofstream scene(path, std::ios::binary);
     const std::string geometry(std::size_t{1} << 20, 'g');
     for (int i = 0; i < megabytes; ++i) {
         const std::string node = "obj/geo" + std::to_string(i);
-        scene << entryOf(node + ".init", "type = geo\nmatchesdef = 0\n")
-              << entryOf(node + ".parm", "{\nversion 0.8\nscale\t[ 0\tlocks=0 ]\t(\t1\t)\n}\n")
-              << entryOf(node + ".data", geometry);
+        scene << openEntry({node + ".init", "type = geo\nmatchesdef = 0\n"})
+              << openEntry({node + ".parm", "{\nversion 0.8\nscale\t[ 0\tlocks=0 ]\t(\t1\t)\n}\n"})
+              << openEntry({node + ".data", geometry});
     }
-    scene << entryOf("TRAILER!!!", "");
+    scene << openEntry({"TRAILER!!!", ""});
     return scene ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

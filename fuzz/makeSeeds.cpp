@@ -11,6 +11,7 @@
 #include "catalogues/wedges.h"
 #include "drivers/outNodeRules.h"
 #include "input/sceneTexts.h"
+#include "tests/support/archiveText.h"
 #include "tests/support/sceneText.h"
 
 namespace {
@@ -184,6 +185,36 @@ std::vector<_seed> recordSeeds() {
     };
 }
 
+std::vector<_seed> treeSeeds() {
+    const QByteArray parameters =
+        "{\nversion 0.8\nf\t[ 0\tlocks=0 ]\t(\t[ f1\t1 ] \t\"a \\\"b\\\"\"\t\\\"c\\\"\t)\n}\n";
+    const QByteArray channels =
+        "{\n    channel f1 {\n      lefttype = extend\n      default = 1\n      defaultString = \\\"a\\\"\n      "
+        "segment { "
+        "options = {\t autoslope }\n\n length = 1 value = 0 1 slope = 0 5 expr = bezier() }\n      segment { length = "
+        "0 "
+        "expr = \"ch(\\\"../a\\\") + 1\" language = python }\n    }\n  }\n";
+    const QByteArray takes =
+        QByteArray("HoudiniTakeFile 1.0\ntake name Main kids 1\n\0\0\0\7s 0 /a\n\0\0\0\6s 1 f\n", 63) +
+        QByteArray("\0\0\0\14d 0 1\n\0\0\0\2on\0\0\0\2e\ntake name b kids 0\n\0\0\0\2e\n", 47);
+    const QByteArray inputs =
+        "flags = bypass on display off\ninputs\n{\n0 \t(__dot1) 0 1\n1 \t(0) 0 1\n2 \ta 0 1\n}\nend\n";
+    QByteArray lines = QByteArray("\1.start\nfps 24;tset 0 10;\na.init\ntype = null;\na.def\n") +
+                       QByteArray(inputs).replace('\n', ';') +
+                       "\na/__dot1.networkdotinit\n{\"input\":\"a 0 1\"}\na.parm\n{}\na.order\n1;b;\n.takes\nx\n";
+    const std::string archive = vxTest::openArchive({{"a.init", "type = null\n"}, {"a.def", inputs.toStdString()}});
+    const std::string licensed =
+        vxTest::licensedArchive({{".OPdummydefs", vxTest::licensedArchive({{"b.parm", ""}}) +
+                                                      "a dialog script of some length, as they all are"},
+                                 {"a.parm", parameters.toStdString()}});
+    return {{"parameters", parameters},
+            {"nodeChannels", channels},
+            {"takes", takes},
+            {"archive", lines},
+            {"archive", zeros(1) + QByteArray::fromStdString(archive)},
+            {"archive", zeros(1) + QByteArray::fromStdString(licensed)}};
+}
+
 void write(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
@@ -242,7 +273,7 @@ int main(int count, char** arguments) {
     const QDir folder(QString::fromLocal8Bit(arguments[1]));
     folder.mkpath(QStringLiteral("."));
     for (const auto& seeds :
-         {sceneSeeds(scenes(folder.path(), arguments[2])), textSeeds(), expressionSeeds(), recordSeeds()})
+         {sceneSeeds(scenes(folder.path(), arguments[2])), textSeeds(), treeSeeds(), expressionSeeds(), recordSeeds()})
         writeSeeds(folder, seeds);
     write(folder.filePath(QStringLiteral("scene.dict")), dictionary());
     return EXIT_SUCCESS;

@@ -14,7 +14,8 @@ namespace {
 constexpr qint64 blockBytes = qint64{64} * 1024;
 constexpr qint64 behindBytes = qint64{4} * 1024;  ///< of a block: small bodies in front of the header looked at
 constexpr qint64 longestName = 4096;
-constexpr qint64 workPerEntry = 200;
+constexpr qint64 workPerEntry = 500;
+constexpr qint64 workPerMagic = 300;
 constexpr qint64 workPerByteOfBody = 4;  ///< with what its reader makes of it
 constexpr qint64 bytesAroundEntry = 64;
 
@@ -23,21 +24,15 @@ constexpr qint64 bytesAroundEntry = 64;
 struct _headerForm {
     _archiveKind kind;
     std::string_view magic;
-    std::string_view digits;  ///< that it is written in
-    qint64 fixedBytes;        ///< in front of the name
-    std::size_t rareAt;       ///< place in the magic of the byte that is found least elsewhere
+    char lastNumeral;   ///< of the digits, which letters follow where it is 9
+    qint64 fixedBytes;  ///< in front of the name
+    std::string_view trailer;
 };
 
 constexpr std::array headerForms{
-    _headerForm{_archiveKind::open, "070707", "01234567", 76, 1},
-    _headerForm{_archiveKind::nonCommercial,
-                "HouNC\x1a"
-                "1",
-                "0123456789abcdef", 34, 5},
-    _headerForm{_archiveKind::limitedCommercial,
-                "HouLC\x1a"
-                "1",
-                "0123456789abcdef", 34, 5},
+    _headerForm{_archiveKind::open, "070707", '7', 76, "TRAILER!!!"},
+    _headerForm{_archiveKind::nonCommercial, "HouNC\0321", '9', 34, "NON_COMMERCIAL_FILE!!!"},
+    _headerForm{_archiveKind::limitedCommercial, "HouLC\0321", '9', 34, "LIMITED_COMMERCIAL_FILE!!!"},
 };
 
 // Places of the sizes in an open header.
@@ -46,18 +41,14 @@ constexpr std::size_t nameSizeDigits = 6;
 constexpr std::size_t bodySizeAt = 65;
 constexpr std::size_t bodySizeDigits = 11;
 
-constexpr std::array<std::string_view, 3> trailers{"TRAILER!!!", "NON_COMMERCIAL_FILE!!!",
-                                                   "LIMITED_COMMERCIAL_FILE!!!"};
-
 /// Entries whose bodies hold archives.
 constexpr std::array<std::string_view, 2> definitionEntries{".OPdummydefs", ".defotl"};
 
 /// The one scene-wide entry whose name does not begin with a dot.
 constexpr std::string_view functionsEntry = "expression.func";
 
-template <std::size_t Count>
-bool isOneOf(std::string_view name, const std::array<std::string_view, Count>& names) {
-    return std::find(names.begin(), names.end(), name) != names.end();
+bool holdsArchives(std::string_view name) {
+    return std::find(definitionEntries.begin(), definitionEntries.end(), name) != definitionEntries.end();
 }
 
 bool isSceneWide(std::string_view name) {
@@ -80,20 +71,25 @@ bool endsName(char byte) {
 }
 
 bool hasForm(std::string_view fixed, const _headerForm& form) {
+    const auto isDigit = [&](char byte) {
+        const bool isLetter = form.lastNumeral == '9' && byte >= 'a' && byte <= 'f';
+        return isLetter || (byte >= '0' && byte <= form.lastNumeral);
+    };
     return static_cast<qint64>(fixed.size()) == form.fixedBytes && fixed.starts_with(form.magic) &&
-           fixed.find_first_not_of(form.digits, form.magic.size()) == std::string_view::npos;
+           std::all_of(fixed.begin() + form.magic.size(), fixed.end(), isDigit);
 }
 
 /// Position of the magic in the text; npos: none.
-std::size_t findMagic(std::string_view text, const _headerForm& form) {
-    std::size_t at = form.rareAt;
-    for (; at < text.size(); ++at) {
-        const void* const found = std::memchr(text.data() + at, form.magic[form.rareAt], text.size() - at);
-        if (found == nullptr) break;
-        at = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
-        if (text.substr(at - form.rareAt).starts_with(form.magic)) return at - form.rareAt;
-    }
-    return std::string_view::npos;
+std::size_t findMagic(std::string_view text, std::string_view magic) {
+    const void* const found = memmem(text.data(), text.size(), magic.data(), magic.size());
+    if (found == nullptr) return std::string_view::npos;
+    return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+}
+
+/// Bytes of the name that stands in front of a NUL; 0: there is none.
+std::size_t nameSizeIn(std::string_view text) {
+    const auto* const end = std::find_if(text.begin(), text.end(), endsName);
+    return end != text.end() && *end == '\0' ? static_cast<std::size_t>(end - text.begin()) : 0;
 }
 
 qint64 bytesOf(const _entry& entry) {
@@ -142,29 +138,27 @@ std::optional<_entry> _archive::next() {
 /// Keeps an entry until it is clear that it lies in no definition: where sizes are not known, what stands between a
 /// definition and a trailer which is not the last one belongs to the definition.
 void _archive::hold(_entry entry) {
-    if (isOneOf(entry.name, trailers)) return endArchive(entry);
-    const bool maySpan = !isSized && isOneOf(entry.name, definitionEntries);
+    if (entry.name == formOf(archiveKind).trailer) return endArchive(entry);
+    const bool maySpan = !isSized && holdsArchives(entry.name);
     const bool settles = held.empty() || isSceneWide(entry.name);
     vxP::keepMemory(bytesOf(entry));
     held.push_back(std::move(entry));
     if (settles) decided = held.size() - (maySpan ? 1 : 0);
 }
 
-/// The scene's archive, or one in a definition.
+/// A trailer: of the scene, or of an archive within a definition.
 void _archive::endArchive(const _entry& trailer) {
-    if (!ahead) {
-        const bool isLast = isSized || trailer.body.size < headerForms.back().fixedBytes;
-        if (isLast && archiveEnd == _archiveEnd::cut) archiveEnd = _archiveEnd::complete;
+    if (!ahead && (isSized || trailer.body.size < headerForms.back().fixedBytes)) {
+        if (archiveEnd == _archiveEnd::cut) archiveEnd = _archiveEnd::complete;
         return;
     }
     if (held.empty()) return;
-    held.front().body.size = ahead->start - held.front().body.offset;
+    held.front().body.size = (ahead ? ahead->start : sourceSize) - held.front().body.offset;
     for (; held.size() > 1; held.pop_back()) vxP::keepMemory(-bytesOf(held.back()));
 }
 
 /// The entry of the header ahead, and the next header.
 _entry _archive::takeEntry() {
-    vxP::spendWork(workPerEntry);
     _header header = std::move(*ahead);
     ahead.reset();
     const qint64 end = isSized ? endBySize(header) : endBySearch(header);
@@ -173,10 +167,10 @@ _entry _archive::takeEntry() {
 
 qint64 _archive::endBySize(const _header& header) {
     const qint64 end = header.bodyStart + header.bodySize;
-    const bool isLast = isOneOf(header.name, trailers) || end == sourceSize;
+    const bool isLast = header.name == formOf(archiveKind).trailer || end == sourceSize;
     if (!isLast && end < sourceSize) ahead = headerAt(end);
     // Headers in the rest of a definition would be those of archives in it.
-    const bool isCut = end > sourceSize && isOneOf(header.name, definitionEntries);
+    const bool isCut = end > sourceSize && holdsArchives(header.name);
     if (isLast || isCut || ahead) return std::min(end, sourceSize);
     isSized = false;
     const qint64 found = endBySearch(header);
@@ -192,31 +186,36 @@ qint64 _archive::endBySearch(const _header& header) {
 
 std::optional<_archive::_header> _archive::headerAt(qint64 offset) {
     const _headerForm& form = formOf(archiveKind);
-    const auto fixedBytes = static_cast<std::size_t>(form.fixedBytes);
     const std::string_view bytes = bytesAt(offset, form.fixedBytes + longestName);
-    if (!hasForm(bytes.substr(0, fixedBytes), form)) return std::nullopt;
-    const std::string_view behind = bytes.substr(fixedBytes);
-    const auto nameSize =
-        static_cast<std::size_t>(std::find_if(behind.begin(), behind.end(), endsName) - behind.begin());
-    if (nameSize == 0 || nameSize == behind.size() || behind[nameSize] != '\0') return std::nullopt;
-    _header header{std::string(behind.substr(0, nameSize)), offset, 0, 0};
+    const std::string_view fixed = bytes.substr(0, static_cast<std::size_t>(form.fixedBytes));
+    if (!hasForm(fixed, form)) return std::nullopt;
+    std::string_view behind = bytes.substr(fixed.size());
+    _header header{{}, offset, 0, 0};
+    if (archiveKind == _archiveKind::open) {
+        const qint64 nameSize = octalIn(fixed.substr(nameSizeAt, nameSizeDigits));
+        if (nameSize > longestName) return std::nullopt;
+        behind = behind.substr(0, static_cast<std::size_t>(nameSize));
+        header.bodySize = octalIn(fixed.substr(bodySizeAt, bodySizeDigits));
+    }
+    vxP::spendWork(workPerEntry);
+    const std::size_t nameSize = nameSizeIn(behind);
+    const bool isTold = archiveKind != _archiveKind::open || nameSize + 1 == behind.size();
+    if (nameSize == 0 || !isTold) return std::nullopt;
+    header.name = behind.substr(0, nameSize);
     header.bodyStart = offset + form.fixedBytes + static_cast<qint64>(nameSize) + 1;
-    if (archiveKind != _archiveKind::open) return header;
-    header.bodySize = octalIn(bytes.substr(bodySizeAt, bodySizeDigits));
-    const qint64 toldNameSize = octalIn(bytes.substr(nameSizeAt, nameSizeDigits));
-    if (toldNameSize != static_cast<qint64>(nameSize) + 1) return std::nullopt;
     return header;
 }
 
 /// The next header at or behind an offset.
 std::optional<_archive::_header> _archive::searchHeader(qint64 from) {
-    const _headerForm& form = formOf(archiveKind);
-    const auto magicBytes = static_cast<qint64>(form.magic.size());
-    for (std::string_view bytes = blockFrom(from, magicBytes); static_cast<qint64>(bytes.size()) >= magicBytes;
+    const std::string_view magic = formOf(archiveKind).magic;
+    const auto magicBytes = static_cast<qint64>(magic.size());
+    for (std::string_view bytes = blockFrom(from, magicBytes); bytes.size() >= magic.size();
          bytes = blockFrom(from, magicBytes)) {
-        const std::size_t found = findMagic(bytes, form);
-        from += static_cast<qint64>(std::min(found, bytes.size() - form.magic.size() + 1));
+        const std::size_t found = findMagic(bytes, magic);
+        from += static_cast<qint64>(std::min(found, bytes.size() - magic.size() + 1));
         if (found == std::string_view::npos) continue;
+        vxP::spendWork(workPerMagic);
         if (auto header = headerAt(from)) return header;
         ++from;
     }

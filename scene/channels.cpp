@@ -91,7 +91,7 @@ class _channelReader {
     bool readChannel() {
         const auto name = tokens.next();
         if (!name || into.channels.size() >= mostChannels) return false;
-        if (!tokens.take("{")) return true;
+        if (name->isQuoted || !tokens.take("{")) return true;
         into.channels.push_back({});
         into.channels.back().name = name->text;
         const bool isComplete = readChannelKeys(into.channels.back());

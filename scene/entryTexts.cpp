@@ -105,7 +105,8 @@ std::vector<_sceneVariable> parseVariables(std::string_view text) {
         }
         text = words.rest();
         _sceneVariable variable{std::string(name), std::string(takeVariableValue(text)), isGlobal};
-        vxP::keepMemory(static_cast<qint64>(sizeof variable + variable.name.capacity() + variable.value.capacity()));
+        vxP::keepMemory(qint64{sizeof variable} +
+                        static_cast<qint64>(variable.name.capacity() + variable.value.capacity()));
         variables.push_back(std::move(variable));
     }
     return variables;

@@ -7,9 +7,10 @@
 
 namespace vxN {
 
-constexpr qint64 largestBody = qint64{16} * 1024 * 1024;  ///< bytes of one entry
-constexpr std::size_t mostValues = 200'000;               ///< of one node, over all of its parameters
+constexpr qint64 largestBody = qint64{8} * 1024 * 1024;  ///< bytes of one entry
+constexpr std::size_t mostValues = 200'000;              ///< of one node, over all of its parameters
 constexpr std::size_t mostParameters = 100'000;
+constexpr std::size_t mostComponents = 64;     ///< of a parameter, to be found by the endings of their names
 constexpr std::size_t mostSegments = 200'000;  ///< of one node, over all of its channels
 constexpr std::size_t mostChannels = 100'000;
 constexpr quint32 mostInputs = 10'000;    ///< of one node

@@ -39,13 +39,13 @@ const Item* findLast(const std::vector<Item>& items, const std::vector<quint32>&
 
 template <typename Item>
 qint64 bytesOfItems(const std::vector<Item>& items) {
-    return static_cast<qint64>(items.capacity() * sizeof(Item));
+    return static_cast<qint64>(items.capacity()) * qint64{sizeof(Item)};
 }
 
 /// Of a text and of what was made from its parts.
 inline qint64 bytesOfText(const std::string& source, const std::deque<std::string>& made) {
     std::size_t bytes = source.capacity();
-    for (const std::string& text : made) bytes += sizeof text + text.capacity();
+    for (const std::string& text : made) bytes += sizeof(std::string) + text.capacity();
     return static_cast<qint64>(bytes);
 }
 

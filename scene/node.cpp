@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "scan/scanBudget.h"
 #include "scene/entryTexts.h"
 #include "scene/limits.h"
 #include "scene/sceneStore.h"
@@ -33,7 +34,10 @@ qint32 _sceneStore::childOf(qint32 parent, std::string_view name) const {
 
 std::string _sceneStore::textOf(qint32 index, _nodeEntry entry) const {
     const _body& body = record(index).entries[static_cast<std::size_t>(entry)];
-    return body.size == 0 ? std::string() : readBody(source, body, largestBody);
+    if (body.size == 0) return {};
+    std::string text = readBody(source, body, largestBody);
+    if (static_cast<qint64>(text.size()) < std::min(body.size, largestBody)) archiveEnd = _archiveEnd::unreadable;
+    return text;
 }
 
 std::string_view _node::name() const {
@@ -136,9 +140,12 @@ std::vector<_multiparmLink> _node::multiparmLinks() const {
 
 _input _node::storedInput(quint32 index) const {
     const auto own = definition();
+    const std::vector<_input>& inputs = own->inputs;
+    if (index < inputs.size() && inputs[index].index == index) return inputs[index];
+    vxP::spendWork(static_cast<qint64>(inputs.size()));
     const auto input =
-        std::find_if(own->inputs.begin(), own->inputs.end(), [&](const _input& one) { return one.index == index; });
-    return input == own->inputs.end() ? _input() : *input;
+        std::find_if(inputs.begin(), inputs.end(), [&](const _input& one) { return one.index == index; });
+    return input == inputs.end() ? _input() : *input;
 }
 
 /// @param dot  beside this node, in brackets

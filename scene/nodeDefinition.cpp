@@ -3,6 +3,7 @@
 #include <array>
 
 #include "scene/limits.h"
+#include "scene/nameIndex.h"
 #include "scene/node.h"
 #include "scene/textTokens.h"
 
@@ -80,7 +81,7 @@ std::optional<bool> _nodeDefinition::isOn(_flag flag) const {
 }
 
 qint64 _nodeDefinition::bytes() const {
-    return static_cast<qint64>(sizeof *this + inputs.capacity() * sizeof(_input));
+    return qint64{sizeof *this} + bytesOfItems(inputs);
 }
 
 _nodeDefinition parseNodeDefinition(std::string_view text) {

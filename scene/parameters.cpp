@@ -31,12 +31,17 @@ constexpr auto channelOf = [](const _value& value) { return value.channel; };
 /// True when the channels that drive components of this parameter have the names that `endingOf` gives.
 template <typename Ending>
 bool areNamedBy(const _parameter& parameter, Ending endingOf) {
+    if (parameter.values.size() > mostComponents) return false;
     for (std::size_t i = 0; i < parameter.values.size(); ++i) {
         const std::string_view channel = parameter.values[i].channel;
         const bool fits = channel.starts_with(parameter.name) && endingOf(i) == channel.substr(parameter.name.size());
         if (!channel.empty() && !fits) return false;
     }
     return true;
+}
+
+bool isName(_token token) {
+    return !token.isQuoted && token.text != "{" && token.text != "[";
 }
 
 }  // namespace
@@ -59,8 +64,7 @@ class _parameterReader {
     bool readBlock() {
         while (const auto token = tokens.next()) {
             if (token->is("}")) return true;
-            const bool beginsParameter = !token->isQuoted && tokens.take("[");
-            if (beginsParameter && !readParameter(token->text)) return false;
+            if (isName(*token) && tokens.take("[") && !readParameter(token->text)) return false;
         }
         return false;
     }
@@ -109,7 +113,7 @@ class _parameterReader {
     std::string_view readChannelName() {
         tokens.take("[");
         const auto name = tokens.next();
-        return name ? name->text : std::string_view();
+        return name && !name->isQuoted ? name->text : std::string_view();
     }
 
     void setSpans() {

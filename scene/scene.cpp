@@ -11,6 +11,7 @@
 #include "scan/scanBudget.h"
 #include "scene/entryTexts.h"
 #include "scene/limits.h"
+#include "scene/nameIndex.h"
 #include "scene/sceneStore.h"
 #include "scene/textTokens.h"
 
@@ -21,6 +22,8 @@ namespace {
 constexpr qint32 noRank = std::numeric_limits<qint32>::max();
 constexpr qint64 workPerName = 200;
 constexpr qint64 bytesAroundKey = 80;  ///< of a map's entry
+
+constexpr auto nameOf = [](const _sceneVariable& variable) { return std::string_view(variable.name); };
 
 bool isNodeName(std::string_view name) {
     return !name.empty() && name != "." && name != "..";
@@ -66,8 +69,13 @@ class _sceneReader {
 
     void readSceneEntry(const _entry& entry) {
         if (entry.name == ".start") store.timeline = parseTimeline(archive.read(entry.body, largestBody));
-        if (entry.name == ".variables") store.variables = parseVariables(archive.read(entry.body, largestBody));
+        if (entry.name == ".variables") readVariables(entry.body);
         if (entry.name == ".takes") store.takes = std::make_unique<_takes>(archive.read(entry.body, largestBody));
+    }
+
+    void readVariables(const _body& body) {
+        store.variables = parseVariables(archive.read(body, largestBody));
+        store.variablesByName = indexByName(store.variables, nameOf);
     }
 
     void keepDot(std::string_view path, const _body& body) {
@@ -217,9 +225,8 @@ std::span<const _sceneVariable> _scene::variables() const {
 }
 
 std::optional<std::string_view> _scene::variable(std::string_view name) const {
-    const auto last = std::find_if(store->variables.rbegin(), store->variables.rend(),
-                                   [&](const _sceneVariable& one) { return one.name == name; });
-    return last == store->variables.rend() ? std::nullopt : std::optional<std::string_view>(last->value);
+    const _sceneVariable* const found = findLast(store->variables, store->variablesByName, name, nameOf);
+    return found == nullptr ? std::nullopt : std::optional<std::string_view>(found->value);
 }
 
 std::string_view _scene::saveVersion() const {

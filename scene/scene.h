@@ -54,6 +54,7 @@ class _scene {
     ~_scene();
 
     _archiveKind archiveKind() const;  ///< none: this is no scene, and there are no nodes but the root
+    /// Unreadable also when the entries of a node could not be read later.
     _archiveEnd archiveEnd() const;
 
     _node root() const;

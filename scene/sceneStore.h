@@ -46,7 +46,7 @@ struct _sceneStore {
 
     const _byteSource& source;
     _archiveKind archiveKind = _archiveKind::none;
-    _archiveEnd archiveEnd = _archiveEnd::cut;
+    mutable _archiveEnd archiveEnd = _archiveEnd::cut;  ///< reading a node may find out more
 
     std::deque<_nodeRecord> nodes;  ///< in the order of the scene, the root first; they stay where they are
     std::map<std::pair<qint32, std::string_view>, qint32> byName;  ///< by parent and name
@@ -56,6 +56,7 @@ struct _sceneStore {
 
     _timeline timeline;
     std::vector<_sceneVariable> variables;
+    std::vector<quint32> variablesByName;
     std::unique_ptr<_takes> takes;
 
     mutable _nodeCache<_nodeDefinition> definitions;

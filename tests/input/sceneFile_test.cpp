@@ -158,6 +158,21 @@ TEST_F(SceneFile, NeedsThePermissionToRead) {
     EXPECT_EQ(codeWithMode(0), resultCannotOpen);
 }
 
+TEST_F(SceneFile, IsReadAtAnyPlace) {
+    write(scene, "0123456789");
+    const _sceneFile file(scene);
+    EXPECT_EQ(file.byteCount(), 10);
+    std::string bytes(4, '-');
+    EXPECT_EQ(file.readAt(8, bytes.data(), 4), 2);
+    EXPECT_EQ(bytes, "89--");
+    ASSERT_TRUE(QFile::resize(scene, 3));
+    EXPECT_EQ(file.readAt(5, bytes.data(), 4), 0);
+
+    const _sceneFile none(folder.path());
+    EXPECT_EQ(none.byteCount(), 0);
+    EXPECT_EQ(none.readAt(0, bytes.data(), 4), -1);
+}
+
 int leased = -1;
 
 /// Another program, for example a file server, may have to be asked to let go of the file.
