@@ -226,6 +226,21 @@ QByteArray changedText(bool wide) {
     return bytes;
 }
 
+std::vector<_seed> expressionSeeds() {
+    std::vector<_seed> seeds{
+        {"definitions", "parm { name \"mode\" type ordinal default { \"a\" } menu { \"a\" \"A\" \"b\" \"B\" } }"},
+        {"definitions", QByteArray("INDX\0\0\0\0\0\0\0\0\0\0\0\1\0\0\0\1s\0\0\0\0\0\0\0\2\0\0\0\0xy", 35)},
+    };
+    for (const char* const text :
+         {"$HIP/${OS:r}.$F4.`padzero(4, $F)`\\$x", "-12.5e-3",
+          "`ifs(strcmp(chs(\"name\"), 'a') != 0 || !ch(\"../b/flag\"), strreplace(\"a.b\", '.', $OS), \"\" + 4)`",
+          "`{ s = \"\"; for (i = 0; i < 3; i++) { if (i % 2 == 1) s += i; else s -= 1; } return s; }`",
+          "`fit(ch(\"tz\"), $FSTART, $FEND, 0, 2 ^ 3) + opdigits(opinputpath(\".\", 0))`",
+          "`{ float a = 1; while (a < 100) { a *= 2; a++; } return max(a, @b.x); }`"})
+        seeds.push_back({"expressions", text});
+    return seeds;
+}
+
 std::vector<_seed> recordSeeds() {
     using vxJ::_JobSettingsScene;
     constexpr std::size_t store = offsetof(_JobSettingsScene, customDataCount);
@@ -348,7 +363,8 @@ int main(int count, char** arguments) {
     if (count != 3) return EXIT_FAILURE;
     const QDir folder(QString::fromLocal8Bit(arguments[1]));
     folder.mkpath(QStringLiteral("."));
-    for (const auto& seeds : {sceneSeeds(scenes(folder.path(), arguments[2])), textSeeds(), treeSeeds(), recordSeeds()})
+    for (const auto& seeds :
+         {sceneSeeds(scenes(folder.path(), arguments[2])), textSeeds(), treeSeeds(), expressionSeeds(), recordSeeds()})
         writeSeeds(folder, seeds);
     write(folder.filePath(QStringLiteral("scene.dict")), dictionary());
     return EXIT_SUCCESS;
