@@ -6,14 +6,12 @@
 #include "grammar/imageOutVars.h"
 #include "grammar/paramRules.h"
 #include "grammar/paramSection.h"
+#include "jobs/renderers.h"
 #include "scan/scanObserver.h"
 
 namespace vxP {
 
 namespace {
-
-constexpr std::array settingsRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
-                                   QLatin1String{"obj/"}};
 
 // ---- one handler a parameter
 
@@ -85,7 +83,7 @@ qint32 updateJobs(const _USD_RendersettingNode& node, const QString& driver, _da
     for (qint32 i = 0; i < load.jobArray->count; ++i) {
         vxJ::_JobBasics_largePath* const job = load.jobArray->at(i);
         if (job == nullptr) return resultNoMoreJobs;
-        if (job->app.toQString() == appNameHoudini && job->layer == QStringView(driver))
+        if (job->app == appNameHoudini && job->layer == QStringView(driver))
             writeArchiveInstead(node, *load.sceneFileName, *job);
     }
     return resultSuccess;
@@ -134,7 +132,7 @@ qint32 _USD_RSList::add(_USD_RendersettingNode& node) {
 
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line) {
     _USD_RendersettingNode node;
-    node.lopName = nodePathOf(line, settingsRoots, _unendedPath::isEmpty);
+    node.lopName = nodePathOf(line, outputRoots, _unendedPath::isEmpty);
     tellReader(_sectionReader::usdRenderSettings, node.lopName);
     return readSection(
         stream, line,

@@ -13,14 +13,11 @@ namespace vxP {
 
 namespace {
 
-constexpr std::array wedgeRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
 constexpr QLatin1String channelMethod{"channel"};
 constexpr QLatin1String parentFolder{"../"};
 
 /// A scene never has more channels.
 constexpr int greatestInstance = 10000;
-
-constexpr qint64 workPerChannel = 800;
 
 /// Characters of a variant's name that a record can hold.
 constexpr _size longestVariantName = 1000;
@@ -172,7 +169,7 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
     int rest = wedgeIndex;
     for (const _wedgeParams& channel : params) {
         if (name.size() >= longestVariantName) break;
-        spendWork(workPerChannel);
+        spendWork(wedgeChannelCost);
         name += QLatin1Char('_') + channel.name + QLatin1Char('_') +
                 QString::number(channel.valueIdx(rest % channel.steps), 'f', 6);
         rest /= channel.steps;
@@ -182,7 +179,7 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
 
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
     _wedgeSection section;
-    section.node.nodePath = nodePathOf(line, wedgeRoots, _unendedPath::isEmpty);
+    section.node.nodePath = nodePathOf(line, objectRoots, _unendedPath::isEmpty);
     tellReader(_sectionReader::wedge, section.node.nodePath);
     const qint32 result = readSection(
         stream, line, [&](const QString& parameter) { return applyWedgeRules(section, parameter); },

@@ -11,8 +11,6 @@ namespace vxP {
 namespace {
 
 constexpr qint32 mostJobsBefore = 250;  ///< with more jobs than that, later drivers are passed over
-constexpr std::array driverRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
-                                 QLatin1String{"obj/"}};
 
 void restartFrameRange() {
     trange = false;
@@ -23,7 +21,7 @@ void restartFrameRange() {
 
 void passOver(const QString& header) {
     if (scanObserver == nullptr) return;
-    scanObserver->readerTakes(_sectionReader::driver, nodePathOf(header, driverRoots, _unendedPath::isWhole));
+    scanObserver->readerTakes(_sectionReader::driver, nodePathOf(header, outputRoots, _unendedPath::isWhole));
     scanObserver->remark(_remark::passedOver, QString::number(mostJobsBefore));
 }
 
@@ -40,7 +38,7 @@ qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& 
                    .activeTakeUsed = activeTakeUsed,
                    .majorVersion = majorVersion,
                    .versionText = versionText,
-                   .nodePath = nodePathOf(line, driverRoots, _unendedPath::isWhole)};
+                   .nodePath = nodePathOf(line, outputRoots, _unendedPath::isWhole)};
     tellReader(_sectionReader::driver, driver.nodePath);
     return readSection(
         stream, line, [&](const QString& parameter) { return applyOutNodeRules(driver, parameter); },

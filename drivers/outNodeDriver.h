@@ -6,12 +6,10 @@
 #include <array>
 
 #include "jobs/VX_DataTypes_plugin.h"
+#include "jobs/renderers.h"
 #include "scan/scanState.h"
 
 namespace vxP {
-
-/// Kinds of drivers. A section never names its kind; the parameters that it holds imply it.
-enum class _kind : quint8 { keep, arnold, redshift, openGL, geometry, alembic, vray, renderman, lop };
 
 /// The kinds that a section's parameters have implied so far: a driver may carry several.
 class _kinds {

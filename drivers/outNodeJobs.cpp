@@ -6,6 +6,7 @@
 #include "grammar/houdiniVariables.h"
 #include "scan/scanBudget.h"
 #include "scan/scanObserver.h"
+#include "shared/vxLatin.h"
 #include "shared/vxPath.h"
 
 namespace vxP {
@@ -34,7 +35,7 @@ constexpr std::array aovPlaceholders{
 
 /// A Karma driver renders the stage that it stands in: it is its own LOP node.
 void registerKarma(_driver& driver) {
-    if (!driver.nodePath.contains(QLatin1String("/karma"))) return;
+    if (!driver.nodePath.contains(vxS::latin(karmaNode))) return;
     _LOPNode node;
     node.lopName = driver.nodePath;
     node.imageName = driver.imageName;
@@ -69,7 +70,7 @@ QString translated(const QString& name, const _driver& driver, _JobBasics_largeP
 }
 
 void fillJob(const _driver& driver, _JobBasics_largePath& job) {
-    job.app = QString(appNameHoudini);
+    job.app = appNameHoudini;
     job.sceneDatabaseDir = DatabaseDir;
     job.sceneSettings.seqStart = seqStart;
     job.sceneSettings.seqEnd = seqEnd;

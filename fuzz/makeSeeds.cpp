@@ -5,12 +5,8 @@
 #include <cstddef>
 
 #include "bench/sceneGenerator.h"
-#include "catalogues/camList.h"
-#include "catalogues/lopList.h"
-#include "catalogues/usdRsList.h"
-#include "catalogues/wedges.h"
-#include "drivers/outNodeRules.h"
 #include "input/sceneTexts.h"
+#include "input/sectionKinds.h"
 #include "tests/support/sceneText.h"
 
 namespace {
@@ -203,9 +199,8 @@ constexpr QLatin1String notations[] = {QLatin1String{"$F4"},         QLatin1Stri
 
 QByteArray dictionary() {
     QList<QLatin1String> words;
-    for (const auto& names :
-         {outNodeParameters(), cameraParameters(), lopParameters(), usdRsParameters(), wedgeParameters()})
-        for (const QLatin1String name : names) words.append(name);
+    for (const _sectionKind& kind : sectionKinds())
+        for (const QLatin1String name : kind.parameters()) words.append(name);
     for (const std::string_view text :
          {sectionSuffix, frameRangeCommand, saveVersionName, variableCommand, assignment, takeCommand})
         words.append(latin(text));

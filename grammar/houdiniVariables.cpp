@@ -11,8 +11,6 @@ namespace vxP {
 
 namespace {
 
-constexpr qint64 workPerVariable = 2000;
-
 constexpr QChar variableMark{u'$'};
 constexpr std::array sceneExtensions{QLatin1String{".hiplc"}, QLatin1String{".hipnc"}, QLatin1String{".hip"}};
 
@@ -56,7 +54,7 @@ QString rootOf(QString value) {
 
 /// The plain forms go before the braced ones, each with ":r" first.
 void replaceSceneVariable(QString& text, const _namevalue& variable) {
-    spendWork(workPerVariable + variable.value.size());
+    spendWork(sceneVariableCost, variable.value.size());
     const QString root = rootOf(variable.value);
     for (const QString& form : {plainForm(variable.name), bracedForm(variable.name)}) {
         replaceInName(text, form + QLatin1String(":r"), root, Qt::CaseInsensitive);

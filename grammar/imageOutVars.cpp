@@ -11,8 +11,6 @@ namespace vxP {
 
 namespace {
 
-constexpr qint64 workPerName = 1500;
-
 /// A frame variable as scenes write it: the text before its digit.
 struct _frameVariable {
     QLatin1String name;
@@ -80,7 +78,7 @@ bool convertFrameVariable(QString& name, QLatin1String variable) {
 }
 
 bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& activeTakeUsed, bool& noFrameVariable) {
-    spendWork(workPerName);
+    spendWork(outputNameCost);
     const QString channelReference = QLatin1String("[ ") + parameterName(line);
     QString name = fileNameOf(line);
     writeFractionsAsPlain(name);
@@ -95,7 +93,7 @@ bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& 
         name = name.remove(channelReference).remove(QLatin1Char(']')).trimmed();
     }
     if (!isUsable(name)) return false;
-    if (prepend) spendWork(out.size());
+    if (prepend) spendWork(prefixedNameCost, out.size());
     out = (prepend ? name + out : name).left(longestName);
     return true;
 }

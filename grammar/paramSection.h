@@ -9,6 +9,7 @@
 #include <QLatin1String>
 #include <QString>
 #include <QTextStream>
+#include <array>
 #include <span>
 #include <string_view>
 
@@ -21,6 +22,14 @@ using vxS::_size;
 
 /// Ends the path in a section's header.
 constexpr std::string_view sectionSuffix{".parm"};
+
+// Roots of node paths, in the orders in which headers are searched for them.
+constexpr QLatin1String outRoot{"out/"};
+constexpr QLatin1String objRoot{"obj/"};
+constexpr QLatin1String imgRoot{"img/"};
+constexpr QLatin1String stageRoot{"stage/"};
+inline constexpr std::array objectRoots{outRoot, objRoot};
+inline constexpr std::array outputRoots{outRoot, stageRoot, imgRoot, objRoot};
 
 /// How far a section has been read.
 enum class _sectionStep {

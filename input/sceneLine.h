@@ -6,13 +6,16 @@
 
 namespace vxP {
 
-/// Lines that the scan acts on; the section kinds name the reader that takes the section.
-enum class _lineKind { other, saveVersion, take, wedge, camera, usdRenderSettings, lop, outNode };
+struct _sectionKind;
+
+/// Lines that the scan acts on.
+enum class _lineKind { other, saveVersion, take, section };
 
 struct _sceneLine {
     bool isFrameRange = false;  ///< the scene's frange command; such a line may be of a kind as well
     bool isVariable = false;    ///< a "set -g" line; such a line may be of a kind as well
     _lineKind kind = _lineKind::other;
+    const _sectionKind* section = nullptr;  ///< the kind of the section whose header the line is
 
     /// True when the scan does anything with the line.
     bool matters() const { return isFrameRange || isVariable || kind != _lineKind::other; }

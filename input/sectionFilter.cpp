@@ -6,13 +6,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "catalogues/camList.h"
-#include "catalogues/lopList.h"
-#include "catalogues/usdRsList.h"
-#include "catalogues/wedges.h"
-#include "drivers/outNodeRules.h"
 #include "grammar/paramRules.h"
 #include "input/asciiSpace.h"
+#include "input/sectionKinds.h"
 
 namespace vxP {
 
@@ -23,9 +19,8 @@ namespace {
 class _knownNames {
  public:
     _knownNames() {
-        for (const auto& names :
-             {outNodeParameters(), cameraParameters(), lopParameters(), usdRsParameters(), wedgeParameters()})
-            for (const QLatin1String name : names) add(name);
+        for (const _sectionKind& kind : sectionKinds())
+            for (const QLatin1String name : kind.parameters()) add(name);
     }
 
     /// @param line  begins with two ASCII characters

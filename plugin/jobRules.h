@@ -5,17 +5,14 @@
 
 #include "jobs/VX_DataTypes_plugin.h"
 #include "jobs/renderApp.h"
+#include "jobs/renderers.h"
 #include "plugin/sceneScan.h"
 
 namespace vxP {
 
-/// Versions of the renderers that render a scene description by themselves; major 0 where none is known.
-struct _rendererVersions {
-    vxRA::_RenderAppBasic arnold;
-    vxRA::_RenderAppBasic redshift;
-    vxRA::_RenderAppBasic vray;
-    vxRA::_RenderAppBasic renderman;
-};
+/// Versions of the applications that render a scene description, by the rows of `renderers`; major 0 where none is
+/// known.
+using _rendererVersions = std::array<vxRA::_RenderAppBasic, renderers.size()>;
 
 /// "7.1.2" -> major 7, minor "1" (filled up to five characters).
 vxRA::_RenderAppBasic rendererVersionOf(const QString& text);

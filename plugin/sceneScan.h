@@ -2,36 +2,14 @@
 #pragma once
 
 #include <QIODevice>
-#include <QStringList>
 #include <QTextStream>
 #include <functional>
-#include <set>
 
 #include "jobs/VX_DataTypes_plugin.h"
+#include "scan/sceneFacts.h"
 #include "shared/vxEnvironment.h"
 
 namespace vxP {
-
-/// The scene's takes, as its "take name" lines name them.
-struct _takes {
-    qint64 lines = 0;
-    QStringList names;        ///< in file order, each once, at most as many as a job array has records
-    std::set<QString> known;  ///< the same names
-
-    void add(const QString& name);
-};
-
-/// What one load learns about the scene as a whole, apart from the module-wide state.
-struct _sceneFacts {
-    bool activeTakeUsed = false;  ///< an output name holds the take variable
-    int majorVersion = 10;        ///< of Houdini, for example 19
-    QString fullVersion;          ///< for example "19.5.640"
-    QString minorText;            ///< for example "5640"; for the output-driver reader
-    QString versionMinorText;     ///< for example "5.640"; for the jobs
-    bool usesBuildVersion = true;
-    bool compressedIFD = false;
-    _takes takes;
-};
 
 /// Takes -houdiniBuildVersion and -houdiniCompressedIFD (any letter case) from the submitter's command line.
 void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts);

@@ -2,6 +2,7 @@
 #include <sys/mman.h>
 
 #include "catalogues/wedges.h"
+#include "jobs/renderers.h"
 #include "plugin/jobFinishing.h"
 #include "scan/scanState.h"
 #include "tests/support/sceneText.h"

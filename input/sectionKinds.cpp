@@ -1,0 +1,66 @@
+#include "input/sectionKinds.h"
+
+#include <array>
+
+#include "catalogues/camList.h"
+#include "catalogues/lopList.h"
+#include "catalogues/usdRsList.h"
+#include "catalogues/wedges.h"
+#include "drivers/outNode.h"
+#include "drivers/outNodeRules.h"
+#include "input/sceneTexts.h"
+#include "jobs/renderers.h"
+
+namespace vxP {
+
+namespace {
+
+template <qint32 (*reader)(_dataPARS_LoadSceneFile*, QTextStream&, QString&)>
+qint32 readBy(_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line, _sceneFacts& /*facts*/) {
+    return reader(&load, stream, line);
+}
+
+qint32 readDriver(_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line, _sceneFacts& facts) {
+    return loadOutNode(&load, stream, line, facts.activeTakeUsed, facts.majorVersion, facts.minorText);
+}
+
+constexpr std::string_view roots[] = {viewOf(outRoot), viewOf(objRoot)};
+constexpr std::span<const std::string_view> outOrObj{roots};
+constexpr auto out = outOrObj.first(1);
+constexpr auto obj = outOrObj.last(1);
+constexpr std::span<const std::string_view> anyOutput{};
+
+constexpr _headerMark wedgeMarks[] = {{"wedge", out}, {"/wedge", obj}};
+constexpr _headerMark cameraMarks[] = {{"/cam", outOrObj}, {"stereocam", outOrObj}};
+constexpr _headerMark renderSettingsMarks[] = {{renderSettingsNode, anyOutput}};
+constexpr _headerMark lopMarks[] = {{prmanNode, anyOutput}};
+constexpr _headerMark driverMarks[] = {{{}, anyOutput}};
+
+constexpr std::array kinds{
+    // first match wins
+    _sectionKind{_sectionReader::wedge, QLatin1String{"wedge"}, wedgeMarks, readBy<loadWedgeNode>, wedgeParameters},
+    _sectionKind{_sectionReader::camera, QLatin1String{"camera"}, cameraMarks, readBy<loadCamNode>, cameraParameters},
+    _sectionKind{_sectionReader::usdRenderSettings, QLatin1String{"usdRenderSettings"}, renderSettingsMarks,
+                 readBy<load_USD_RS_Node>, usdRsParameters},
+    _sectionKind{_sectionReader::lop, QLatin1String{"lop"}, lopMarks, readBy<loadLOPNode>, lopParameters},
+    _sectionKind{_sectionReader::driver, QLatin1String{"driver"}, driverMarks, readDriver, outNodeParameters},
+};
+
+constexpr bool rowsFollowTheReaders() {
+    for (std::size_t row = 0; row < kinds.size(); ++row)
+        if (kinds[row].reader != static_cast<_sectionReader>(row)) return false;
+    return true;
+}
+static_assert(rowsFollowTheReaders(), "the values of _sectionReader stand in the order of these rows");
+
+}  // namespace
+
+std::span<const _sectionKind> sectionKinds() {
+    return kinds;
+}
+
+const _sectionKind& sectionKindOf(_sectionReader reader) {
+    return kinds[static_cast<std::size_t>(reader)];
+}
+
+}  // namespace vxP
