@@ -26,7 +26,7 @@ struct _camNode {
 /// Cameras in the order in which they were met; entries are never removed, so an index stays valid.
 class _camList {
  public:
-    /// First camera of that name, or a new blank entry (also its name is blank) that the caller fills at once.
+    /// First camera of that name, or a new blank entry (its name is blank too) that the caller fills at once.
     qint32 findCamIndex(const _vxString8_allSize<150>& name);
     /// First camera that lists the driver (compared exactly), or -1.
     qint32 findCamIndexByRenderNode(const QString& renderNode) const;

@@ -1,4 +1,4 @@
-// LOP nodes of the scene: a USD driver's output image and renderer stand on the LOP node that it renders.
+// LOP nodes of the scene: the output image and the renderer of a USD driver are on the LOP node that it renders.
 #pragma once
 
 #include <QList>

@@ -24,7 +24,7 @@ void readCamera(_USD_RendersettingNode& node, const QString& line) {
     if (!hasExpression(camera)) node.cameraName = camera;
 }
 
-/// Both control parameters share one flag, the later line counts: deliberate.
+/// Both control parameters share one flag, and the later line counts; no job depends on it.
 void readControl(_USD_RendersettingNode& node, const QString& line) {
     node.archiveControlSet = valueOf(line).contains(QLatin1String("set"));
 }
@@ -44,7 +44,7 @@ struct _settingsRule {
 };
 
 constexpr std::array settingsRules{
-    // first match wins: a name stands before those that begin it
+    // first match wins: a name comes before those that it begins with
     _settingsRule{QLatin1String{"camera\t"}, readCamera},
     _settingsRule{QLatin1String{"xn__redshiftglobalRS_archive_enable_control"}, readControl},
     _settingsRule{QLatin1String{"xn__redshiftglobalRS_archive_enable"}, readEnable},
@@ -52,7 +52,7 @@ constexpr std::array settingsRules{
     _settingsRule{QLatin1String{"xn__redshiftglobalRS_archive_fileName"}, readFileName},
 };
 
-constexpr auto settingsNames = namesOf(settingsRules);
+constexpr auto settingsNames = ruleNames(settingsRules);
 
 void applySettingsRules(_USD_RendersettingNode& node, const QString& line) {
     for (const auto& rule : settingsRules)
@@ -89,7 +89,8 @@ qint32 updateJobs(const _USD_RendersettingNode& node, const QString& driver, _da
     return resultSuccess;
 }
 
-/// No other reader attaches drivers to settings, so this changes no job as it stands: deliberate.
+/// No reader attaches drivers to settings, so this changes no job: hosts match jobs by their output, which stays the
+/// driver's own.
 qint32 closeSection(_USD_RendersettingNode& node, _dataPARS_LoadSceneFile& load) {
     const qint32 index = USD_RSList.add(node);
     const QStringList drivers = USD_RSList.entries().at(index).renderNodes;

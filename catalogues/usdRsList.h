@@ -31,8 +31,8 @@ class _USD_RSList {
     qint32 findIndexByROP(const QString& renderNode) const;
     /// Notes that a driver uses settings. @return their index
     qint32 addFromROP(QString name, const QString& renderNode);
-    /// Stores path, camera, archive switch and archive file. The other flags of the stored entry stay as they were:
-    /// deliberate, hosts never saw them. @return the entry's index
+    /// Stores path, camera, archive switch and archive file. The other flags of the stored entry stay as they were: no
+    /// job that a host is given depends on them. @return the entry's index
     qint32 add(_USD_RendersettingNode& node);
 
     const QList<_USD_RendersettingNode>& entries() const { return settings.entries(); }

@@ -39,7 +39,7 @@ struct _driver {
     _dataPARS_LoadSceneFile& load;
     bool& activeTakeUsed;
     const int& majorVersion;
-    const QString& versionText;  ///< version behind the major number
+    const QString& versionText;  ///< version after the major number
 
     // What the section says.
     QString nodePath{};

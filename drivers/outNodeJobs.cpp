@@ -33,7 +33,7 @@ constexpr std::array aovPlaceholders{
     _aovPlaceholder{QLatin1String{"$AOV_"}, QLatin1String{"<ValueVar @$AOV_>"}},
 };
 
-/// A Karma driver renders the stage that it stands in: it is its own LOP node.
+/// A Karma driver renders the stage that it is in: it is its own LOP node.
 void registerKarma(_driver& driver) {
     if (!driver.nodePath.contains(vxS::latin(karmaNode))) return;
     _LOPNode node;
@@ -46,15 +46,15 @@ void registerKarma(_driver& driver) {
     driver.kinds.clear(_kind::openGL);
 }
 
-bool isUsable(const QString& name, _remark whenEmpty, _remark whenViewerOnly) {
+bool writesAFile(const QString& name, _remark whenEmpty, _remark whenViewerOnly) {
     if (name.isEmpty()) tell(whenEmpty);
     if (name == viewerOnly) tell(whenViewerOnly, name);
     return !name.isEmpty() && name != viewerOnly;
 }
 
 bool hasUsableOutput(const _driver& driver) {
-    return isUsable(driver.imageName, _remark::noImageName, _remark::imageViewerOnly) &&
-           (!driver.isExport || isUsable(driver.exportName, _remark::noExportName, _remark::exportViewerOnly));
+    return writesAFile(driver.imageName, _remark::noImageName, _remark::imageViewerOnly) &&
+           (!driver.isExport || writesAFile(driver.exportName, _remark::noExportName, _remark::exportViewerOnly));
 }
 
 void removeBraces(QString& name) {
@@ -161,7 +161,7 @@ qint32 addJobsOf(_driver& driver) {
         if (added != resultSuccess) return added;
         job = jobs.at(first);
     }
-    // The render job was copied before and goes without.
+    // The render job was copied before and does not get it.
     if (job->layer.contains(QString(simulationMark)))
         job->sceneSettings.customDataSet_Str(vxJ::CUSTOMSubmitterParameter, simulationParameters);
     return resultSuccess;

@@ -65,7 +65,7 @@ void nameJobOfExport(const _driver& driver, bool oneExportFile, vxJ::_JobBasics_
     job.app = oneExportFile ? stage.oneFileApplication : stage.application;
     const _LOPNode* const lop = lopOf(driver);
     job.appRenderer = lop == nullptr ? QString() : lop->renderer;
-    // Whatever number of files the stage is in: it is for the one application that hosts have always been given here.
+    // Also for a stage in one file: hosts match jobs by their application, so it stays the one that they know.
     if (lop != nullptr && lop->renderer == arnold.renderJob) job.app = arnold.application;
 }
 

@@ -54,7 +54,7 @@ _step readTrange(_driver&, const QString& line) {
 }
 
 /// `[ f1<TAB>1 ] <TAB>[ f2<TAB>240 ] <TAB>1`. Without "f2" the end value stays in front of the step, which reads as 0:
-/// deliberate, hosts know such drivers by it.
+/// hosts match the jobs of two loads by their frames as well, so such drivers keep it.
 void readChannelRange(QString value) {
     constexpr QLatin1String startChannel{"f1"};
     constexpr QLatin1String endChannel{"f2"};
@@ -246,7 +246,7 @@ constexpr std::array outNodeRules{
     _paramRule{QLatin1String{"render_export_filepath"}, hasNoExportName, _kind::vray, readExportFile},
 };
 
-/// No row that always counts stands before a row whose name it begins.
+/// No row that always counts comes before a row whose name begins with its own.
 template <std::size_t Size>
 constexpr bool everyRowReachable(const std::array<_paramRule, Size>& rules) {
     for (std::size_t earlier = 0; earlier < Size; ++earlier)
@@ -257,7 +257,7 @@ constexpr bool everyRowReachable(const std::array<_paramRule, Size>& rules) {
 
 static_assert(everyRowReachable(outNodeRules), "an earlier, shorter name hides a later row");
 
-constexpr auto outNodeNames = namesOf(outNodeRules);
+constexpr auto outNodeNames = ruleNames(outNodeRules);
 constexpr _rowsByLetter<outNodeRules.size()> outNodeRows{outNodeRules};
 
 }  // namespace

@@ -82,23 +82,23 @@ enum class _unendedPath { isEmpty, isWhole };
 /// Node path of a section: "/" and the header from the first of `roots` that occurs in it up to ".parm".
 QString nodePathOf(const QString& header, std::span<const QLatin1String> roots, _unendedPath unended);
 
-/// Text between the first "(" and the first ")" behind it, trimmed. Without "(" from the line's begin, without ")" to
-/// its end.
+/// Text between the first "(" and the first ")" after it, trimmed. Without "(" it begins with the line, without ")" it
+/// ends with it.
 QString parenthesised(const QString& line);
 /// The same up to the line's last ")": file names may hold parentheses themselves.
 QString outerParenthesised(const QString& line);
 /// `parenthesised` without any double quote, trimmed.
 QString unquoted(const QString& line);
-/// A value without the double quote at its begin and the one at its end, each by itself.
+/// A value without the double quote at its beginning and the one at its end, each by itself.
 QString withoutOuterQuotes(QString value);
 
 /// Text before the first separator; the whole text when there is none.
 QString textBefore(const QString& text, QChar separator);
-/// Text behind the first separator; the whole text when there is none.
+/// Text after the first separator; the whole text when there is none.
 QString textBehind(const QString& text, QChar separator);
-/// First of the fields that TABs part.
+/// First of the fields, which TABs separate.
 QString firstField(const QString& value);
-/// All fields behind the first one, trimmed; the whole value when there is only one.
+/// All fields after the first one, trimmed; the whole value when there is only one.
 QString nextFields(const QString& value);
 /// Base-10 number; white space around it is accepted, anything else (also a number beyond 32 bits) gives 0.
 qint32 integerOf(const QString& text);

@@ -35,7 +35,7 @@ struct _byteSets {
     }
 };
 
-/// An anchor stands where three bytes follow each other that share a set, each in its own table.
+/// An anchor is where three successive bytes share a set, each looked up in the table of its place.
 struct _anchorSets {
     std::array<_byteSets, 3> places;
 
@@ -76,7 +76,7 @@ constexpr _anchorSets anchors = makeAnchorSets();
 
 // ---- is it one?
 
-/// However many carriage returns stand between two bytes of a text, there is an anchor.
+/// However many carriage returns there are between two bytes of a text, there is an anchor.
 constexpr bool everyJoinHasAnAnchor() {
     for (int before = 0; before < 128; ++before) {
         for (int behind = 0; behind < 128; ++behind) {
@@ -118,7 +118,7 @@ template <typename Bits>
     return end;
 }
 
-// The vector paths look up the sets of 32 or 64 bytes, and of the two bytes behind each, in one go.
+// The vector paths look up the sets of 32 or 64 bytes, and of the two bytes after each, in one go.
 
 [[gnu::target("avx2")]] __m256i setsAvx2(const char* bytes, const _byteSets& sets) {
     const __m256i half = _mm256_set1_epi8(15);

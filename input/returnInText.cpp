@@ -11,7 +11,7 @@ constexpr std::size_t longestText =
     std::max_element(searchedTexts.begin(), searchedTexts.end(),
                      [](const auto& a, const auto& b) { return a.text.size() < b.text.size(); }) -> text.size();
 
-/// What stands around a place of its line when the carriage returns are gone, as far as a text reaches to either side.
+/// What is around a place of its line when the carriage returns are gone, as far as a text reaches to either side.
 struct _surroundings {
     std::string text;
     bool isWhole = true;  ///< false: more may follow than there are bytes
@@ -38,7 +38,7 @@ bool holdsText(std::string_view bytes) {
 
 }  // namespace
 
-/// Nearly all carriage returns stand between bytes that are no neighbours anyway.
+/// Nearly all carriage returns are between bytes that are no neighbours anyway.
 bool isReturnInText(std::string_view bytes, std::size_t at) {
     std::size_t before = at;
     while (before > 0 && bytes[before] == carriageReturn) --before;

@@ -13,7 +13,7 @@ namespace vxP {
 constexpr char carriageReturn = '\r';
 
 /// Bytes of the texts, in two groups of which each is about a product of lower and upper halves. A carriage return
-/// between two of them may stand inside a text.
+/// between two of them may be inside a text.
 inline constexpr std::array textBytes{std::string_view{"aeghikmnofAEGHIKMNOF"}, std::string_view{"prstv_PRSTV_ -."}};
 
 /// Which bytes follow each other in one of the texts.

@@ -14,7 +14,7 @@ namespace vxP {
 
 namespace {
 
-constexpr std::string_view archiveMagic{"Hou"};  ///< the header of an archive entry stands on its first line
+constexpr std::string_view archiveMagic{"Hou"};  ///< an archive entry has its header on its first line
 
 constexpr std::array markedRoots{viewOf(objRoot), viewOf(imgRoot), viewOf(stageRoot)};
 
@@ -86,7 +86,7 @@ bool hasInAnyCase(_text<Char> text, std::string_view part) {
     return false;
 }
 
-/// The command, not a parameter of that name: parameters hold a flags group behind a TAB.
+/// The command, not a parameter of that name: parameters have a flags group after a TAB.
 template <typename Char>
 bool isFrameRange(_text<Char> line) {
     if (!begins(line, frameRangeCommand)) return false;
@@ -144,7 +144,7 @@ bool isOutput(_text<Char> line) {
     return has(line, viewOf(outRoot)) || (hasMarkedRoot(line) && hasNodeTypeMark(line));
 }
 
-/// The kind of the section that the header begins; null when no reader takes it.
+/// The kind of the section that the header opens; null when no reader takes it.
 template <typename Char>
 const _sectionKind* sectionKind(_text<Char> header) {
     std::optional<bool> output;  // not cheap to tell

@@ -21,7 +21,7 @@ struct _sceneLine {
     bool matters() const { return isFrameRange || isVariable || kind != _lineKind::other; }
 };
 
-/// Letter case is folded as Qt folds it: also a long s is an "s".
+/// Letter case is folded as Qt folds it: a long s is an "s", too.
 /// @param line  trimmed
 _sceneLine classifyLine(const QString& line);
 
@@ -34,9 +34,9 @@ enum class _notTaken : quint8 {
     comment,    ///< its header's line is a comment
     otherLine,  ///< its header's line is taken for a command
     noHeader,   ///< the line does not end with "{"
-    noRoot,     ///< the node's path has no root that drivers stand under
+    noRoot,     ///< the node's path has no root that drivers are under
     noMark,     ///< no part of the path tells a driver
-    ruledOut,   ///< a part of the path does, another one says that it is none
+    ruledOut,   ///< a part of the path tells a driver, another one says that it is none
 };
 
 struct _notTakenReason {

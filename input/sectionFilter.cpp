@@ -14,8 +14,8 @@ namespace vxP {
 
 namespace {
 
-/// The names that the readers know, by their first two characters in small: most parameters differ from all of them
-/// there.
+/// The names that the readers know, by their first two characters in lower case: most parameters differ from all of
+/// them there.
 class _knownNames {
  public:
     _knownNames() {

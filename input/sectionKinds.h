@@ -22,7 +22,7 @@ struct _sectionKind {
     _sectionReader reader;
     QLatin1String name;  ///< in explanations
     std::span<const _headerMark> marks;
-    /// Takes the section whose header stands in `line`.
+    /// Takes the section whose header is in `line`.
     /// @param[in,out] line  in: the header; out: the last line read
     /// @return resultSuccess, or what the load ends with
     qint32 (*read)(_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line, _sceneFacts& facts);

@@ -35,7 +35,7 @@ bool isVersionSwitch(const QString& argument, const _renderer& renderer) {
     return !renderer.versionSwitch.isEmpty() && argument.compare(renderer.versionSwitch, Qt::CaseInsensitive) == 0;
 }
 
-/// A switch in last place has no version behind it and is ignored.
+/// A switch in last place has no version after it and is ignored.
 void takeVersionsOfSubmitter(const _submitterSettings& settings, _rendererVersions& versions) {
     const QStringList arguments = argumentsOf(settings);
     for (_size i = 0; i + 1 < arguments.size(); ++i)
@@ -72,7 +72,7 @@ qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts) {
     _rendererVersions versions;
     forbidLocalSceneCopy(jobs);
     skipSceneCheck(jobs);
-    hVariables.orderByLength();  // so that a name goes before those that begin it
+    hVariables.orderByLength();  // so that a name comes before those that it begins with
     takeVersionsOfScene(versions);
     takeVersionsOfSubmitter(*load.settings, versions);
     completeJobs(load, facts, versions);

@@ -27,7 +27,7 @@ constexpr QStringView compressedExtension{u".gz"};
 constexpr int longestExtensionToCompress = 22;  ///< characters; a longer one has no room for ".gz"
 constexpr QStringView exportMark{u"create"};
 
-/// The text alone: assigned as a whole it would bring the bytes behind it, whatever they are, into the shared record.
+/// The text alone: assigned as a whole it would copy the bytes after it, whatever they are, into the shared record.
 void setMinorVersion(_JobBasics_largePath& job, const vxRA::_RenderAppBasic& version) {
     job.appVersionMinor = version.versionMinor.view();
 }

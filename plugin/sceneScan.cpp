@@ -108,8 +108,8 @@ void tellSection(bool open, qint64 byte, qint32 jobs) {
         scanObserver->sectionEnds(jobs);
 }
 
-/// While it is made, Qt's text stream does not look whether it gets the few hundred bytes that it asks for: where they
-/// are missing the process ends. A shortage has to show before that.
+/// While it is made, Qt's text stream does not check that it gets the few hundred bytes that it asks for: without them
+/// the process ends. A shortage has to show before that.
 void ensureRoomForStream() {
     constexpr int enough = 8192;
     QByteArray(enough, Qt::Uninitialized);

@@ -23,7 +23,7 @@ struct _wedgePlaceholder {
 };
 
 constexpr std::array wedgePlaceholders{
-    // a longer one goes before the one that begins it
+    // a longer one comes before the one that it begins with
     _wedgePlaceholder{u"${WEDGENUM}", &_variant::number},
     _wedgePlaceholder{u"$WEDGENUM", &_variant::number},
     _wedgePlaceholder{u"${WEDGE}", &_variant::name},

@@ -22,7 +22,7 @@ struct _workCost {
 
 // What uses up work, and the unit of its size.
 constexpr _workCost sceneLineCost{500, 4};       ///< a line that the scan looks at; characters
-constexpr _workCost sectionCost{1000};           ///< a section, its lines aside
+constexpr _workCost sectionCost{1000};           ///< a section, apart from its lines
 constexpr _workCost parameterLineCost{500, 10};  ///< a line that a reader looks at; characters
 constexpr _workCost outputNameCost{1500};        ///< an output name, taken out of its line and rewritten
 constexpr _workCost prefixedNameCost{0, 1};      ///< a name that another is put in front of; characters

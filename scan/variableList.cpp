@@ -41,7 +41,7 @@ qint64 _variableList::bytesOf(QStringView name, QStringView value) {
 
 void _variableList::append(QStringView name, QStringView value) {
     const bool isWide = !isLatin(name) || !isLatin(value);
-    if (isWide && texts.size() % 2 != 0) texts.append('\0');  // 16-bit characters stand at even places
+    if (isWide && texts.size() % 2 != 0) texts.append('\0');  // 16-bit characters are at even places
     const _entry entry{static_cast<quint32>(texts.size()), static_cast<quint32>(name.size()),
                        static_cast<quint32>(value.size()), isWide};
     store(name, isWide);
@@ -58,7 +58,7 @@ void _variableList::store(QStringView text, bool isWide) {
 }
 
 void _variableList::orderByLength() {
-    // Texts stand in the order in which they were appended, and sorting by it needs no second list.
+    // Texts are in the order in which they were appended; sorting by their places needs no second list.
     std::sort(entries.begin(), entries.end(), [](const _entry& a, const _entry& b) {
         return a.nameLength != b.nameLength ? a.nameLength > b.nameLength : a.start < b.start;
     });
@@ -119,7 +119,7 @@ _size _variableList::firstOf(quint32 hash, QStringView name, _size from) const {
     return -1;
 }
 
-/// The first variable whose name begins the text, or -1.
+/// The first variable with whose name the text begins, or -1.
 _size _variableList::firstBeginning(QStringView text, _size from) const {
     _size first = -1;
     quint32 hash = hashOfNothing;

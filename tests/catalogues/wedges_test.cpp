@@ -59,6 +59,19 @@ TEST_P(WedgeSection, NamesItsVariants) {
 
 INSTANTIATE_TEST_SUITE_P(Table, WedgeSection, testing::ValuesIn(wedgeCases), vxTest::rowName);
 
+TEST(Wedges, ReadWhatFollowsTheWordOfABareLine) {
+    const std::tuple<const char*, int, const char*> cases[] = {{"name1\n", 5, "p_1_0.000000"},
+                                                               {"Name1\tx\n", 5, "p_1\tx_0.000000"},
+                                                               {"steps1\nrange1\t3\n", 1, "p_c_nan"},
+                                                               {"range1\t3\n", 5, "p_c_1.000000"}};
+    for (const auto& [lines, total, name] : cases) {
+        readWedge("0707out/wedge1.parm {", params(begin) + lines + "}\n");
+        ASSERT_EQ(wedges.size(), 1) << lines;
+        EXPECT_EQ(wedges[0].totalWedges(), total) << lines;
+        EXPECT_EQ(plain(wedges[0].getWedgeFileName(0)), name) << lines;
+    }
+}
+
 TEST(Wedges, FindTheirDriverFromTheirOwnFolder) {
     for (const auto& [header, path] : {std::pair{"0707out/wedge1.parm {", "/out/../a"},
                                        {"obj/x/out/s/wedge1.parm {", "/out/s/../a"},

@@ -39,8 +39,8 @@ TEST(JobArray, NewRecordsAreInitialisedAndNoneIsTakenAway) {
     ASSERT_TRUE(array.setArraySize(2));
     ASSERT_TRUE(array.setArraySize(5));
     _JobBasics_largePath* const kept = array.jobs;
-    EXPECT_TRUE(array.setArraySize(1));
-    for (const qint32 outOfBounds : {16385, -1}) EXPECT_FALSE(array.setArraySize(outOfBounds));
+    for (const qint32 roomFor : {1, 0, -1}) EXPECT_TRUE(array.setArraySize(roomFor));
+    EXPECT_FALSE(array.setArraySize(16385));
     EXPECT_EQ(array.jobs, kept);
     EXPECT_EQ(array.allocated, 5);
     const auto fresh = std::make_unique<_JobBasics_largePath>();
