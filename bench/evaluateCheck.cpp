@@ -61,7 +61,7 @@ int main(int count, char** words) {
         const vxN::_memorySource source({bytes.constData(), static_cast<std::size_t>(bytes.size())});
         const vxN::_scene scene(source);
         const auto begin = std::chrono::steady_clock::now();
-        const _storedCounts counts = checkStoredValues(scene, [&](const _checkedChannel& checked) {
+        const _storedCounts counts = checkStoredValues(scene, source, [&](const _checkedChannel& checked) {
             if (all || checked.verdict == _verdict::differs) print(checked);
         });
         const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;

@@ -5,7 +5,6 @@
 
 #include "evaluate/interpreter.h"
 #include "evaluate/keys.h"
-#include "evaluate/menus.h"
 #include "evaluate/nodeSurroundings.h"
 
 namespace vxV {
@@ -28,19 +27,15 @@ bool isPython(const vxN::_node& node, const vxN::_segment& segment) {
     return node.definition()->expressionLanguage == "python";
 }
 
-/// The number that is stored for a component. Menus and toggles are quoted words, texts bare where they are one word.
-_numberOutcome literalNumber(const vxN::_value& stored, std::string_view name) {
-    double number = 0;
-    if (!stored.isQuoted && readNumber(stored.text, number)) return number;
-    const bool isToken = stored.isQuoted && !stored.text.empty() && stored.text.find(' ') == std::string_view::npos;
-    if (!isToken) return unknown(_reason::notANumber, std::string(stored.text));
-    if (const auto place = menuNumber(name, stored.text)) return *place;
-    return unknown(_reason::menuOrder, std::string(name));
+/// Menus and toggles are stored as quoted words, texts without quotes where they are one word.
+bool isToken(const vxN::_value& stored) {
+    return stored.isQuoted && !stored.text.empty() && stored.text.find(' ') == std::string_view::npos;
 }
 
 }  // namespace
 
-_evaluation::_evaluation(const vxN::_scene& ofScene, _options with) : scene(ofScene), options(std::move(with)) {
+_evaluation::_evaluation(const vxN::_scene& ofScene, _options with)
+    : scene(ofScene), options(std::move(with)), menus(options.source) {
     const vxN::_timeline& timeline = scene.timeline();
     clock = {timeline.fps, {}, timeline.globalRange, timeline.frameRange};
     clock.frame = options.frame;
@@ -63,7 +58,8 @@ _valueOutcome _evaluation::remembered(_key key, Work work) {
     const auto [place, isNew] = results.try_emplace(std::move(key));
     if (!isNew) {
         current |= place->second.dependence;
-        return place->second.outcome ? *place->second.outcome : unknown(_reason::cycle, std::get<std::string>(place->first));
+        return place->second.outcome ? *place->second.outcome
+                                     : unknown(_reason::cycle, std::get<std::string>(place->first));
     }
     const _dependence around = std::exchange(current, {});
     _valueOutcome outcome = work();
@@ -72,7 +68,8 @@ _valueOutcome _evaluation::remembered(_key key, Work work) {
     } else {
         place->second = {outcome, current};
         resultBytes += bytesAroundResult + std::get<std::string>(place->first).size();
-        if (outcome && std::holds_alternative<std::string>(*outcome)) resultBytes += std::get<std::string>(*outcome).size();
+        if (outcome && std::holds_alternative<std::string>(*outcome))
+            resultBytes += std::get<std::string>(*outcome).size();
     }
     current |= around;
     return outcome;
@@ -92,7 +89,11 @@ _numberOutcome _evaluation::number(const vxN::_node& node, std::string_view chan
     }
     const auto stored = node.component(channel);
     if (stored == nullptr || stored->isDriven()) return unknown(_reason::missingParameter, std::string(channel));
-    return literalNumber(*stored, channel);
+    double literal = 0;
+    if (!stored->isQuoted && readNumber(stored->text, literal)) return literal;
+    if (!isToken(*stored)) return unknown(_reason::notANumber, std::string(stored->text));
+    const auto place = menus.numberOf(node, channel, stored->text);
+    return place ? _numberOutcome(*place) : _numberOutcome(unknown(_reason::menuOrder, std::string(channel)));
 }
 
 _textOutcome _evaluation::text(const vxN::_node& node, std::string_view parameter, double frame) {
@@ -104,6 +105,9 @@ _textOutcome _evaluation::text(const vxN::_node& node, std::string_view paramete
 _valueOutcome _evaluation::computeText(const vxN::_node& node, std::string_view parameter, double frame) {
     if (node.channel(parameter) != nullptr) {
         const _valueOutcome value = channelValue(node, parameter, frame);
+        const auto* const number = value ? std::get_if<double>(&*value) : nullptr;
+        const auto token = number != nullptr ? menus.tokenOf(node, parameter, *number) : std::nullopt;
+        if (token) return _value(*token);
         return value ? asValue(textOf(*value)) : value;
     }
     const auto stored = node.component(parameter);

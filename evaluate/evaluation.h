@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "evaluate/evaluator.h"
+#include "evaluate/menus.h"
 #include "evaluate/surroundings.h"
 #include "evaluate/syntax.h"
 #include "evaluate/textExpansion.h"
@@ -24,7 +25,6 @@ class _evaluation {
     _numberOutcome number(const vxN::_node& node, std::string_view channel, double frame);
     _textOutcome text(const vxN::_node& node, std::string_view parameter, double frame);
     _valueOutcome channelValue(const vxN::_node& node, std::string_view channel, double frame);
-    /// @param memoKey  what the text is, for finding texts that need themselves
     _textOutcome expand(const vxN::_node& node, std::string_view text, double frame);
 
     /// A variable in a number or a text, not one that is kept.
@@ -68,6 +68,7 @@ class _evaluation {
     std::optional<_valueOutcome> timeVariable(std::string_view name, double frame);
     std::optional<std::string> givenVariable(std::string_view name) const;
 
+    _menus menus;
     std::map<_key, _known> results;
     std::size_t resultBytes = 0;
     std::unordered_map<std::string, _outcome<_tree>> trees;

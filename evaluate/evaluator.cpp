@@ -16,7 +16,8 @@ double frameOf(const _evaluation& evaluation) {
 }  // namespace
 
 _evaluator::_evaluator(const vxN::_scene& scene, _options options)
-    : evaluation(std::make_unique<_evaluation>(scene, std::move(options))) {}
+    : evaluation(std::make_unique<_evaluation>(scene, std::move(options))) {
+}
 
 _evaluator::~_evaluator() = default;
 
@@ -41,8 +42,7 @@ _textOutcome _evaluator::expand(const vxN::_node& node, std::string_view text, _
 }
 
 _valueOutcome _evaluator::channelValue(const vxN::_node& node, std::string_view channel, _dependence* dependence) {
-    return evaluation->begin(dependence,
-                             [&] { return evaluation->channelValue(node, channel, frameOf(*evaluation)); });
+    return evaluation->begin(dependence, [&] { return evaluation->channelValue(node, channel, frameOf(*evaluation)); });
 }
 
 }  // namespace vxV

@@ -1,6 +1,6 @@
 // Values of a scene's parameters, computed from its expressions.
 //
-//     vxV::_evaluator evaluator(scene, {.sceneFile = "/shots/a.hip"});
+//     vxV::_evaluator evaluator(scene, {.source = &source, .sceneFile = "/shots/a.hip"});
 //     const vxV::_textOutcome file = evaluator.text(driver, "sopoutput");
 //     if (file) ...                                        // *file
 //     else vxV::wordsOf(file.why().reason).text ...        // why().culprit
@@ -26,13 +26,16 @@ struct _variable {
 
 /// What a scene is evaluated with.
 struct _options {
+    /// Of the scene, has to outlive the evaluator: its definitions tell the order of menus. Null: only that of menus
+    /// which every scene shares is known.
+    const vxN::_byteSource* source = nullptr;
     std::optional<double> frame;  ///< none: the scene's current one
     /// Where the scene file lies: gives $HIP, $HIPNAME and $HIPFILE, which are unknown else.
     std::string sceneFile;
     bool storedPlace = false;  ///< take these three as they were when the scene was saved
     std::vector<_variable> environment;
-    /// Variables that texts keep as they are written; one that ends with "*" stands for all that begin so. Digits behind
-    /// a name are its padding: "F" keeps $F4 too.
+    /// Variables that texts keep as they are written; one that ends with "*" stands for all that begin so. Digits
+    /// behind a name are its padding: "F" keeps $F4 too.
     std::vector<std::string> keptVariables;
 };
 

@@ -63,20 +63,30 @@ _valueOutcome _walk::valueOf(const _syntax& node) {
 
 _valueOutcome _walk::valueOfForm(const _syntax& node) {
     switch (node.form) {
-        case _form::number: return _value(node.number);
-        case _form::plainText: return _value(node.text);
-        case _form::variableText: return asValue(surroundings.expanded(node.text));
-        case _form::word: return word(node);
-        case _form::variable: return surroundings.variable(node.text);
-        case _form::contextOption: return unknown(_reason::contextOption, node.text);
-        case _form::unary: return unary(node);
-        case _form::binary: return node.binary->operands == _operands::values ? binary(node) : logical(node);
-        case _form::call: return call(node);
+        case _form::number:
+            return _value(node.number);
+        case _form::plainText:
+            return _value(node.text);
+        case _form::variableText:
+            return asValue(surroundings.expanded(node.text));
+        case _form::word:
+            return word(node);
+        case _form::variable:
+            return surroundings.variable(node.text);
+        case _form::contextOption:
+            return unknown(_reason::contextOption, node.text);
+        case _form::unary:
+            return unary(node);
+        case _form::binary:
+            return node.binary->operands == _operands::values ? binary(node) : logical(node);
+        case _form::call:
+            return call(node);
         case _form::block:
         case _form::branch:
         case _form::loop:
         case _form::assignment:
-        case _form::giveBack: break;
+        case _form::giveBack:
+            break;
     }
     const auto result = run(node);
     return result ? *result : _valueOutcome(unknown(_reason::noResult));
@@ -154,10 +164,14 @@ std::optional<_valueOutcome> _walk::run(const _syntax& statement) {
 
 std::optional<_valueOutcome> _walk::runForm(const _syntax& statement) {
     switch (statement.form) {
-        case _form::block: return runBlock(statement);
-        case _form::branch: return runBranch(statement);
-        case _form::loop: return runLoop(statement);
-        case _form::giveBack: return valueOf(statement.parts[0]);
+        case _form::block:
+            return runBlock(statement);
+        case _form::branch:
+            return runBranch(statement);
+        case _form::loop:
+            return runLoop(statement);
+        case _form::giveBack:
+            return valueOf(statement.parts[0]);
         case _form::assignment: {
             const _valueOutcome value = valueOf(statement.parts[0]);
             if (!value) return value;
@@ -172,7 +186,8 @@ std::optional<_valueOutcome> _walk::runForm(const _syntax& statement) {
         case _form::contextOption:
         case _form::unary:
         case _form::binary:
-        case _form::call: break;
+        case _form::call:
+            break;
     }
     return valueOf(statement);
 }

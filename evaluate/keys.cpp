@@ -27,16 +27,20 @@ double cubicAt(const _segment& segment, double into) {
 
 _valueOutcome between(const _segment& segment, double into) {
     switch (segment.interpolation) {
-        case _interpolation::constant: return _value(segment.value.in);
+        case _interpolation::constant:
+            return _value(segment.value.in);
         case _interpolation::linear:
             return finite(segment.value.in + (segment.value.out - segment.value.in) * into / segment.length, "linear");
-        case _interpolation::bezier: return asValue(bezierAt(segment, into));
-        case _interpolation::cubic: return finite(cubicAt(segment, into), "cubic");
+        case _interpolation::bezier:
+            return asValue(bezierAt(segment, into));
+        case _interpolation::cubic:
+            return finite(cubicAt(segment, into), "cubic");
         case _interpolation::expression:
         case _interpolation::spline:
         case _interpolation::ease:
         case _interpolation::easein:
-        case _interpolation::easeout: break;
+        case _interpolation::easeout:
+            break;
     }
     return unknown(_reason::interpolation, std::string(segment.expression));
 }
@@ -102,12 +106,15 @@ _valueOutcome channelAtTime(const _channel& channel, double seconds, const _segm
     if (channel.segments.size() < 2 || (!isBefore && !isBehind)) return insideKeys(channel, seconds, expression);
     const _extend rule = isBefore ? channel.before : channel.behind;
     switch (rule) {
-        case _extend::extend: return insideKeys(channel, seconds, expression);
+        case _extend::extend:
+            return insideKeys(channel, seconds, expression);
         case _extend::cycle:
-        case _extend::cycleoffset: break;
+        case _extend::cycleoffset:
+            break;
         case _extend::hold:
         case _extend::slope:
-        case _extend::other: return unknown(_reason::interpolation, "outside the keys");
+        case _extend::other:
+            return unknown(_reason::interpolation, "outside the keys");
     }
     if (length <= 0) return unknown(_reason::interpolation, "outside the keys");
     const _folded within = fold(channel, seconds, length);

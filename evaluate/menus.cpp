@@ -24,12 +24,25 @@ constexpr std::array<std::string_view, 7> rampBases{"constant", "linear",  "catm
                                                     "bezier",   "bspline", "hermite"};
 constexpr std::array<std::string_view, 2> fileMethods{"constructed", "explicit"};
 constexpr std::array<std::string_view, 2> pathParameters{"uniform", "arc"};
+// Of the handle of a null object what a new one has; the rest of these menus is not certain.
+constexpr std::array<std::string_view, 1> nullDisplays{"icon"};
+constexpr std::array<std::string_view, 1> nullControls{"null"};
+constexpr std::array<std::string_view, 1> nullOrientations{"xyz"};
 
+/// Of types that are built in, whose definitions no scene carries; the last row is for toggles.
 constexpr std::array menus{
     // first match wins
-    _menu{"trange", rangeTokens},          _menu{"xOrd", transformOrders},     _menu{"rOrd", rotationOrders},
-    _menu{"#interp", rampBases},            _menu{"filemethod", fileMethods},   _menu{"uparmtype", pathParameters},
-    _menu{"pathparmtype", pathParameters}, _menu{"", switchTokens},
+    _menu{"trange", rangeTokens},
+    _menu{"xOrd", transformOrders},
+    _menu{"rOrd", rotationOrders},
+    _menu{"#interp", rampBases},
+    _menu{"filemethod", fileMethods},
+    _menu{"uparmtype", pathParameters},
+    _menu{"pathparmtype", pathParameters},
+    _menu{"displayicon", nullDisplays},
+    _menu{"controltype", nullControls},
+    _menu{"orientation", nullOrientations},
+    _menu{"", switchTokens},
 };
 
 bool endsLike(std::string_view name, std::string_view end) {
@@ -41,8 +54,29 @@ bool endsLike(std::string_view name, std::string_view end) {
 
 }  // namespace
 
-std::optional<double> menuNumber(std::string_view name, std::string_view token) {
-    const auto menu = std::find_if(menus.begin(), menus.end(), [&](const _menu& m) { return endsLike(name, m.nameEnd); });
+_menus::_menus(const vxN::_byteSource* source) {
+    if (source != nullptr) definitions.emplace(*source);
+}
+
+std::optional<double> _menus::numberOf(const vxN::_node& node, std::string_view parameter, std::string_view token) {
+    const _parameterDefinition* const defined = definitions ? definitions->find(node, parameter) : nullptr;
+    if (defined == nullptr || !defined->isMenu()) return sharedMenuNumber(parameter, token);
+    const auto place = std::find(defined->tokens.begin(), defined->tokens.end(), token);
+    if (place == defined->tokens.end()) return {};
+    return static_cast<double>(place - defined->tokens.begin());
+}
+
+std::optional<std::string> _menus::tokenOf(const vxN::_node& node, std::string_view parameter, double number) {
+    const _parameterDefinition* const defined = definitions ? definitions->find(node, parameter) : nullptr;
+    if (defined == nullptr) return {};
+    if (defined->isSwitch()) return std::string(switchTokens[number != 0 ? 1 : 0]);
+    if (!defined->isMenu() || number < 0 || number >= static_cast<double>(defined->tokens.size())) return {};
+    return defined->tokens[static_cast<std::size_t>(number)];
+}
+
+std::optional<double> sharedMenuNumber(std::string_view parameter, std::string_view token) {
+    const auto menu =
+        std::find_if(menus.begin(), menus.end(), [&](const _menu& m) { return endsLike(parameter, m.nameEnd); });
     const auto place = std::find(menu->tokens.begin(), menu->tokens.end(), token);
     if (place == menu->tokens.end()) return {};
     return static_cast<double>(place - menu->tokens.begin());

@@ -41,9 +41,9 @@ _valueOutcome sign(const _call& call) {
     return _value(number < 0 ? -1.0 : 1.0);
 }
 
+/// Where the limits are swapped the upper one counts, as stored values show.
 _valueOutcome clamped(const _call& call) {
-    if (call.number(1) > call.number(2)) return unknown(_reason::uncertain, "clamp between swapped limits");
-    return _value(std::clamp(call.number(0), call.number(1), call.number(2)));
+    return _value(std::min(std::max(call.number(0), call.number(1)), call.number(2)));
 }
 
 using _in = const _call&;
@@ -67,12 +67,13 @@ constexpr std::array functions{
                   return finite(std::hypot(x, c.number(4) - c.number(1), c.number(5) - c.number(2)), "distance");
               }},
     _function{"exp", "n", [](_in c) { return finite(std::exp(c.number(0)), "exp"); }},
-    _function{"fit", "nnnnn",
-              [](_in c) {
-                  return finite(fitted(c.number(0), c.number(1), c.number(2), c.number(3), c.number(4)), "fit");
-              }},
-    _function{"fit01", "nnn", [](_in c) { return finite(fitted(c.number(0), 0, 1, c.number(1), c.number(2)), "fit01"); }},
-    _function{"fit10", "nnn", [](_in c) { return finite(fitted(c.number(0), 1, 0, c.number(1), c.number(2)), "fit10"); }},
+    _function{
+        "fit", "nnnnn",
+        [](_in c) { return finite(fitted(c.number(0), c.number(1), c.number(2), c.number(3), c.number(4)), "fit"); }},
+    _function{"fit01", "nnn",
+              [](_in c) { return finite(fitted(c.number(0), 0, 1, c.number(1), c.number(2)), "fit01"); }},
+    _function{"fit10", "nnn",
+              [](_in c) { return finite(fitted(c.number(0), 1, 0, c.number(1), c.number(2)), "fit10"); }},
     _function{"fit11", "nnn",
               [](_in c) { return finite(fitted(c.number(0), -1, 1, c.number(1), c.number(2)), "fit11"); }},
     _function{"float", "n", [](_in c) -> _valueOutcome { return _value(c.number(0)); }},
@@ -92,8 +93,7 @@ constexpr std::array functions{
     _function{"round", "n", nearest},
     _function{"sign", "n", sign},
     _function{"sin", "n", [](_in c) { return finite(std::sin(c.number(0) / degreesPerRadian), "sin"); }},
-    _function{"smooth", "nnn",
-              [](_in c) { return finite(smoothed(c.number(0), c.number(1), c.number(2)), "smooth"); }},
+    _function{"smooth", "nnn", [](_in c) { return finite(smoothed(c.number(0), c.number(1), c.number(2)), "smooth"); }},
     _function{"sqrt", "n", [](_in c) { return finite(std::sqrt(c.number(0)), "sqrt"); }},
     _function{"tan", "n", [](_in c) { return finite(std::tan(c.number(0) / degreesPerRadian), "tan"); }},
 };

@@ -11,7 +11,8 @@ namespace {
 constexpr std::size_t longestCulprit = 200;
 
 constexpr std::array words{
-    _reasonWords{_reason::geometry, QLatin1String("geometry"), QLatin1String("needs geometry, which only cooking makes")},
+    _reasonWords{_reason::geometry, QLatin1String("geometry"),
+                 QLatin1String("needs geometry, which only cooking makes")},
     _reasonWords{_reason::simulation, QLatin1String("simulation"), QLatin1String("needs the data of a simulation")},
     _reasonWords{_reason::stage, QLatin1String("stage"), QLatin1String("needs a composed USD stage")},
     _reasonWords{_reason::cooking, QLatin1String("cooking"), QLatin1String("needs data that only cooking makes")},
@@ -39,8 +40,7 @@ constexpr std::array words{
     _reasonWords{_reason::unknownFunction, QLatin1String("unknownFunction"), QLatin1String("is no known function")},
     _reasonWords{_reason::wrongArguments, QLatin1String("wrongArguments"),
                  QLatin1String("is called with arguments that it does not take")},
-    _reasonWords{_reason::notANumber, QLatin1String("notANumber"),
-                 QLatin1String("is a text where a number is needed")},
+    _reasonWords{_reason::notANumber, QLatin1String("notANumber"), QLatin1String("is a text where a number is needed")},
     _reasonWords{_reason::numberAsText, QLatin1String("numberAsText"),
                  QLatin1String("is a number whose digits in a text are not certain")},
     _reasonWords{_reason::undefinedResult, QLatin1String("undefinedResult"),

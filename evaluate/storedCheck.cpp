@@ -3,82 +3,89 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
+
+#include "evaluate/storedEvidence.h"
 
 namespace vxV {
 
 namespace {
 
-constexpr std::array<std::string_view, 2> switchWords{"off", "on"};
-/// Stored numbers may have gone through 32-bit floats.
-constexpr double tolerance = 1e-5;
-constexpr double mostFrames = 2000;
+/// Frames beyond the scene's ranges that may have been current: a range is often made shorter later.
+constexpr double framesAround = 500;
+constexpr double mostFrames = 3000;
 
 constexpr std::array verdictNames{
-    QLatin1String("agrees"),  QLatin1String("other frame"), QLatin1String("never evaluated"),
-    QLatin1String("stamped"), QLatin1String("differs"),     QLatin1String("unknown"),
+    QLatin1String("agrees"),        QLatin1String("other frame"), QLatin1String("other place"),
+    QLatin1String("not evaluated"), QLatin1String("earlier"),     QLatin1String("stamped"),
+    QLatin1String("differs"),       QLatin1String("no value"),
 };
 static_assert(verdictNames.size() == verdictCount);
 
-bool isNear(double a, double b) {
-    return std::fabs(a - b) <= tolerance * std::max({1.0, std::fabs(a), std::fabs(b)});
-}
-
-/// A stored number; of a switch 0 or 1.
-bool storedNumber(const vxN::_value& stored, double& number) {
-    const auto word = std::find(switchWords.begin(), switchWords.end(), stored.text);
-    if (word != switchWords.end()) {
-        number = static_cast<double>(word - switchWords.begin());
-        return true;
-    }
-    return readNumber(stored.text, number);
-}
-
-bool agrees(const vxN::_value& stored, const _value& computed) {
-    if (const auto* const text = std::get_if<std::string>(&computed); text != nullptr && *text == stored.text) return true;
-    const _numberOutcome number = numberOf(computed);
-    double before = 0;
-    return number && storedNumber(stored, before) && isNear(*number, before);
-}
-
-/// The stored value is what a channel has before anything evaluates it: 0, its expression, or what the parameter had
-/// before there was a channel.
-bool isUntouched(const vxN::_value& stored, const vxN::_channel& channel) {
-    if (stored.text == channel.segments.front().expression) return true;
-    if (channel.defaultText && !stored.text.empty() && stored.text == *channel.defaultText) return true;
-    double number = 0;
-    if (!storedNumber(stored, number)) return false;
-    return number == 0 || (channel.defaultNumber && isNear(number, *channel.defaultNumber));
-}
-
-class _check {
- public:
-    _check(const vxN::_scene& ofScene, const std::function<void(const _checkedChannel&)>& telling)
-        : scene(ofScene), tell(telling), evaluator(ofScene, withStoredPlace()) {}
-
-    _storedCounts run();
-
- private:
-    static _options withStoredPlace();
-    void checkNode(const vxN::_node& node);
-    _verdict verdictOn(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored,
-                       const _valueOutcome& computed, const _dependence& dependence);
-    bool agreesAtOtherFrame(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored);
-    vxN::_range frames() const;
-
-    const vxN::_scene& scene;
-    const std::function<void(const _checkedChannel&)>& tell;
-    _evaluator evaluator;
-    _storedCounts counts;
-};
-
-_options _check::withStoredPlace() {
+_options withStoredPlace(const vxN::_byteSource& source) {
     _options options;
+    options.source = &source;
     options.storedPlace = true;
     return options;
 }
 
-_storedCounts _check::run() {
+/// Frames at which the scene may have been evaluated.
+vxN::_range possibleFrames(const vxN::_timeline& timeline) {
+    vxN::_range frames = timeline.frameRange.value_or(vxN::_range{1, 1});
+    if (timeline.globalRange && timeline.fps) {
+        frames.first = std::min(frames.first, timeline.globalRange->first * *timeline.fps + 1);
+        frames.last = std::max(frames.last, timeline.globalRange->last * *timeline.fps);
+    }
+    frames.first = std::round(std::min(frames.first, 1.0));
+    frames.last = std::min(std::round(frames.last) + framesAround, frames.first + mostFrames);
+    return frames;
+}
+
+class _check {
+ public:
+    _check(const vxN::_scene& ofScene, const vxN::_byteSource& source)
+        : scene(ofScene), evaluator(ofScene, withStoredPlace(source)), evidence(ofScene, source) {}
+
+    _storedCounts run(const std::function<void(const _checkedChannel&)>& tell);
+
+ private:
+    /// A channel whose verdict waits for those that hand on the same value.
+    struct _checked {
+        vxN::_node node;
+        std::string channel;
+        std::string source;  ///< `handedOn`
+        _valueOutcome computed;
+        _verdict verdict;
+    };
+
+    void checkNode(const vxN::_node& node);
+    _verdict verdictOn(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored,
+                       const _valueOutcome& computed, const _dependence& dependence);
+    /// How the stored value agrees at a frame that is not the scene's.
+    bool agreesAtOtherFrame(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored);
+    bool agreesAtOtherPlace(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored,
+                            bool anyFrame);
+    void findEarlier();
+
+    const vxN::_scene& scene;
+    _evaluator evaluator;
+    _storedEvidence evidence;
+    std::vector<_checked> all;
+};
+
+_storedCounts _check::run(const std::function<void(const _checkedChannel&)>& tell) {
     for (qint32 index = 0; index < scene.nodeCount(); ++index) checkNode(scene.node(index));
+    findEarlier();
+    _storedCounts counts;
+    for (const _checked& one : all) {
+        ++counts.pairs;
+        ++counts.verdicts[static_cast<std::size_t>(one.verdict)];
+        if (!one.computed) ++counts.reasons[one.computed.why().reason];
+        if (!tell) continue;
+        const auto channel = one.node.channel(one.channel);
+        const auto stored = one.node.component(one.channel);
+        tell({one.node, one.channel, channel->segments.front().expression, stored->text, one.computed, one.verdict});
+    }
     return counts;
 }
 
@@ -91,48 +98,56 @@ void _check::checkNode(const vxN::_node& node) {
         _dependence dependence;
         const _valueOutcome computed = evaluator.channelValue(node, channel.name, &dependence);
         const _verdict verdict = verdictOn(node, channel, *stored, computed, dependence);
-        ++counts.pairs;
-        ++counts.verdicts[static_cast<std::size_t>(verdict)];
-        if (!computed) ++counts.reasons[computed.why().reason];
-        if (tell) {
-            tell({node, channel.name, channel.segments.front().expression, stored->text, computed, verdict});
-        }
+        const bool sharesValue = computed && !dependence.time;
+        all.push_back({node, std::string(channel.name), sharesValue ? handedOn(node, channel) : std::string(), computed,
+                       verdict});
     }
 }
 
 _verdict _check::verdictOn(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored,
                            const _valueOutcome& computed, const _dependence& dependence) {
-    if (!computed) return _verdict::unknown;
-    if (agrees(stored, *computed)) return _verdict::agrees;
-    if (isUntouched(stored, channel)) return _verdict::neverEvaluated;
+    if (!computed) return _verdict::noValue;
+    if (isSameValue(stored.text, *computed)) return _verdict::agrees;
+    if (evidence.isUntouched(node, channel, stored)) return _verdict::notEvaluated;
     if (dependence.stamp) return _verdict::stamped;
     if (dependence.time && agreesAtOtherFrame(node, channel, stored)) return _verdict::otherFrame;
+    const bool isText = std::holds_alternative<std::string>(*computed);
+    if (isText && agreesAtOtherPlace(node, channel, stored, dependence.time)) return _verdict::otherPlace;
     return _verdict::differs;
-}
-
-vxN::_range _check::frames() const {
-    const vxN::_timeline& timeline = scene.timeline();
-    vxN::_range frames = timeline.frameRange.value_or(vxN::_range{1, 1});
-    if (timeline.globalRange && timeline.fps) {
-        frames.first = std::min(frames.first, timeline.globalRange->first * *timeline.fps + 1);
-        frames.last = std::max(frames.last, timeline.globalRange->last * *timeline.fps);
-    }
-    frames.first = std::round(std::min(frames.first, 1.0));
-    frames.last = std::min(std::round(frames.last), frames.first + mostFrames);
-    return frames;
 }
 
 bool _check::agreesAtOtherFrame(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored) {
     const auto saved = evaluator.clock().frame;
-    const vxN::_range all = frames();
+    const vxN::_range frames = possibleFrames(scene.timeline());
     bool found = false;
-    for (double frame = all.first; frame <= all.last && !found; ++frame) {
+    for (double frame = frames.first; frame <= frames.last && !found; ++frame) {
         evaluator.setFrame(frame);
         const _valueOutcome computed = evaluator.channelValue(node, channel.name);
-        found = computed && agrees(stored, *computed);
+        found = computed && isSameValue(stored.text, *computed);
     }
     if (saved) evaluator.setFrame(*saved);
     return found;
+}
+
+bool _check::agreesAtOtherPlace(const vxN::_node& node, const vxN::_channel& channel, const vxN::_value& stored,
+                                bool anyFrame) {
+    vxN::_range frames = possibleFrames(scene.timeline());
+    if (!anyFrame) frames.last = frames.first;
+    for (double frame = frames.first; frame <= frames.last; ++frame) {
+        if (evidence.isOfOtherPlace(node, channel.name, stored.text, frame)) return true;
+    }
+    return false;
+}
+
+/// Where one channel has the computed value, another one that hands on the same has an earlier one.
+void _check::findEarlier() {
+    std::unordered_map<std::string, bool> agreeing;
+    for (const _checked& one : all) {
+        if (one.verdict == _verdict::agrees && !one.source.empty()) agreeing[one.source] = true;
+    }
+    for (_checked& one : all) {
+        if (one.verdict == _verdict::differs && agreeing.contains(one.source)) one.verdict = _verdict::earlier;
+    }
 }
 
 }  // namespace
@@ -148,8 +163,9 @@ _storedCounts& _storedCounts::operator+=(const _storedCounts& other) {
     return *this;
 }
 
-_storedCounts checkStoredValues(const vxN::_scene& scene, const std::function<void(const _checkedChannel&)>& tell) {
-    return _check(scene, tell).run();
+_storedCounts checkStoredValues(const vxN::_scene& scene, const vxN::_byteSource& source,
+                                const std::function<void(const _checkedChannel&)>& tell) {
+    return _check(scene, source).run(tell);
 }
 
 }  // namespace vxV

@@ -151,16 +151,23 @@ _reader::_part _reader::operand() {
             made.number = word.number;
             return made;
         }
-        case _tokenKind::plainText: return leaf(_form::plainText, word.text);
-        case _tokenKind::variableText: return leaf(_form::variableText, word.text);
-        case _tokenKind::variable: return leaf(_form::variable, std::string(word.source));
-        case _tokenKind::contextOption: return leaf(_form::contextOption, std::string(word.source));
+        case _tokenKind::plainText:
+            return leaf(_form::plainText, word.text);
+        case _tokenKind::variableText:
+            return leaf(_form::variableText, word.text);
+        case _tokenKind::variable:
+            return leaf(_form::variable, std::string(word.source));
+        case _tokenKind::contextOption:
+            return leaf(_form::contextOption, std::string(word.source));
         case _tokenKind::name:
             return take("(") ? call(word.source) : _part(leaf(_form::word, std::string(word.source)));
-        case _tokenKind::uncertain: return fail(_reason::uncertain, word.source);
+        case _tokenKind::uncertain:
+            return fail(_reason::uncertain, word.source);
         case _tokenKind::sign:
-        case _tokenKind::unreadable: return fail(_reason::syntax, word.source);
-        case _tokenKind::end: return fail(_reason::syntax, "its end");
+        case _tokenKind::unreadable:
+            return fail(_reason::syntax, word.source);
+        case _tokenKind::end:
+            return fail(_reason::syntax, "its end");
     }
     return {};
 }

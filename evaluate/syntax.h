@@ -24,11 +24,11 @@ enum class _form : quint8 {
     binary,
     call,
     // what is done in a block
-    block,        ///< parts: statements
-    branch,       ///< parts: condition, statement, and maybe the other one
-    loop,         ///< parts: condition, statement, and maybe what follows each round
-    assignment,   ///< text: the variable; parts: its new value
-    giveBack,     ///< parts: the value of the whole expression
+    block,       ///< parts: statements
+    branch,      ///< parts: condition, statement, and maybe the other one
+    loop,        ///< parts: condition, statement, and maybe what follows each round
+    assignment,  ///< text: the variable; parts: its new value
+    giveBack,    ///< parts: the value of the whole expression
 };
 
 struct _syntax {

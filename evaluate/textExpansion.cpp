@@ -96,11 +96,16 @@ std::string partOfName(const std::string& name, char part) {
     const std::size_t point = name.rfind('.');
     const bool hasExtension = point != std::string::npos && point > file;
     switch (part) {
-        case 'r': return hasExtension ? name.substr(0, point) : name;
-        case 'e': return hasExtension ? name.substr(point + 1) : std::string();
-        case 'h': return file > 0 ? name.substr(0, file - 1) : name;
-        case 't': return name.substr(file);
-        default: return name;
+        case 'r':
+            return hasExtension ? name.substr(0, point) : name;
+        case 'e':
+            return hasExtension ? name.substr(point + 1) : std::string();
+        case 'h':
+            return file > 0 ? name.substr(0, file - 1) : name;
+        case 't':
+            return name.substr(file);
+        default:
+            return name;
     }
 }
 

@@ -60,11 +60,12 @@ constexpr std::array variables{
 
 /// Set for each point, primitive, copy, step or pixel.
 constexpr std::array<std::string_view, 63> cookingVariables{
-    "AGE",   "ALPHA", "BBX",   "BBY",   "BBZ",   "C",    "CA",     "CB",    "CBP",    "CDEPTH", "CEX",   "CEY",  "CEZ",
-    "CG",    "CPIXA", "CR",    "CREASE", "CWP",  "CY",   "CYCLE",  "DIST",  "DOPNET", "GCX",    "GCY",   "GCZ",  "I",
-    "ID",    "IT",    "ITER",  "LIFE",  "MAPU",  "MAPV", "MAPW",   "N",     "NCY",    "NPT",    "NPR",   "NPRIM", "NSEG",
-    "NX",    "NY",    "NZ",    "OBJ",   "OBJID", "OBJNAME", "PR",  "PRIM",  "PT",     "PRX",    "SF",    "SFPS", "SIMFRAME",
-    "SIMTIME", "ST",  "TIMESTEP", "TX", "TY",    "TZ",   "V",      "WEIGHT", "XMIN",  "YMIN",   "ZMIN",
+    "AGE",     "ALPHA", "BBX",  "BBY",   "BBZ",    "C",      "CA",   "CB",       "CBP",     "CDEPTH", "CEX",
+    "CEY",     "CEZ",   "CG",   "CPIXA", "CR",     "CREASE", "CWP",  "CY",       "CYCLE",   "DIST",   "DOPNET",
+    "GCX",     "GCY",   "GCZ",  "I",     "ID",     "IT",     "ITER", "LIFE",     "MAPU",    "MAPV",   "MAPW",
+    "N",       "NCY",   "NPT",  "NPR",   "NPRIM",  "NSEG",   "NX",   "NY",       "NZ",      "OBJ",    "OBJID",
+    "OBJNAME", "PR",    "PRIM", "PT",    "PRX",    "SF",     "SFPS", "SIMFRAME", "SIMTIME", "ST",     "TIMESTEP",
+    "TX",      "TY",    "TZ",   "V",     "WEIGHT", "XMIN",   "YMIN", "ZMIN",
 };
 
 }  // namespace

@@ -12,9 +12,9 @@ namespace {
 constexpr std::string_view blanks = " \t\r\n";
 
 /// The longer ones first.
-constexpr std::array<std::string_view, 29> signs{"==", "!=", "<=", ">=", "&&", "||", "+=", "-=", "*=", "/=",
-                                                 "%=", "++", "--", "+",  "-",  "*",  "/",  "%",  "^",  "!",
-                                                 "<",  ">",  "(",  ")",  "{",  "}",  ",",  ";",  "="};
+constexpr std::array<std::string_view, 29> signs{
+    "==", "!=", "<=", ">=", "&&", "||", "+=", "-=", "*=", "/=", "%=", "++", "--", "+", "-",
+    "*",  "/",  "%",  "^",  "!",  "<",  ">",  "(",  ")",  "{",  "}",  ",",  ";",  "="};
 
 /// What a backslash may stand before: the character itself is meant then.
 constexpr std::string_view escapable = "\"'\\$`";
@@ -51,7 +51,8 @@ _token _tokens::next() {
     if (first == '"' || first == '\'') return quoted(first);
     if (first == '$') return variable();
     if (first == '@') {
-        const auto end = std::find_if_not(left.begin() + 1, left.end(), [](char c) { return isNamePart(c) || c == '.'; });
+        const auto end =
+            std::find_if_not(left.begin() + 1, left.end(), [](char c) { return isNamePart(c) || c == '.'; });
         return {_tokenKind::contextOption, take(static_cast<std::size_t>(end - left.begin())), {}, 0};
     }
     for (const std::string_view sign : signs) {
@@ -71,7 +72,8 @@ _token _tokens::quoted(char quote) {
             token.kind = _tokenKind::uncertain;
         }
         // What is escaped against the replacement of variables stays so until they are replaced.
-        if (escaped && quote == '"' && !left.empty() && (left.front() == '$' || left.front() == '`')) token.text += '\\';
+        if (escaped && quote == '"' && !left.empty() && (left.front() == '$' || left.front() == '`'))
+            token.text += '\\';
         const std::string_view character = take(1);
         token.text += character;
     }

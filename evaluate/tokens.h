@@ -23,7 +23,7 @@ enum class _tokenKind : quint8 {
 struct _token {
     _tokenKind kind = _tokenKind::end;
     std::string_view source;  ///< as it stands in the expression; of a variable and a sign the name and the sign
-    std::string text;          ///< of a text: what it says
+    std::string text;         ///< of a text: what it says
     double number = 0;
 };
 

@@ -14,8 +14,8 @@ namespace vxV {
 template <typename Content>
 class _outcome {
  public:
-    _outcome(Content known) : content(std::move(known)) {}          // NOLINT(google-explicit-constructor): reads as
-    _outcome(_unknown unknown) : content(std::move(unknown)) {}     // NOLINT(google-explicit-constructor): a return
+    _outcome(Content known) : content(std::move(known)) {}       // NOLINT(google-explicit-constructor): reads as
+    _outcome(_unknown unknown) : content(std::move(unknown)) {}  // NOLINT(google-explicit-constructor): a return
 
     explicit operator bool() const { return content.index() == 0; }
     const Content& operator*() const { return *std::get_if<0>(&content); }

@@ -35,7 +35,8 @@ _padding paddingOf(std::string_view name) {
 
 bool isMeant(const std::string& pattern, std::string_view name) {
     const std::string_view beginning(pattern.data(), pattern.size() - (pattern.ends_with('*') ? 1 : 0));
-    return pattern.ends_with('*') ? name.starts_with(beginning) : name == beginning || paddingOf(name).name == beginning;
+    return pattern.ends_with('*') ? name.starts_with(beginning)
+                                  : name == beginning || paddingOf(name).name == beginning;
 }
 
 }  // namespace
