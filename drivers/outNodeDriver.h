@@ -5,6 +5,7 @@
 #include <QTextStream>
 #include <array>
 
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 #include "jobs/renderers.h"
 #include "scan/scanState.h"
@@ -43,6 +44,7 @@ struct _driver {
 
     // What the section says.
     QString nodePath{};
+    const _nodeTraits* traits = nullptr;  ///< what the node's type tells; null: it is not known
     QString imageName{};
     QString exportName{};  ///< scene description that the driver writes instead of rendering
     QString take{};
@@ -55,6 +57,8 @@ struct _driver {
     std::array<_aovSlot, aovSlotCount> aovs{};
 
     bool has(_kind kind) const { return kinds.has(kind); }
+    bool writesOneFile() const { return traits != nullptr && traits->writesOneFile; }
+    bool exportsOnly() const { return traits != nullptr && traits->exportsOnly; }
 };
 
 }  // namespace vxP

@@ -94,7 +94,7 @@ _step readImage(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     const bool stored = replaceImageOutVars(line, driver.has(_kind::redshift), driver.imageName, driver.activeTakeUsed,
                                             noFrameVariable);
-    if (stored && noFrameVariable && driver.has(_kind::alembic)) driver.singleFile = true;
+    if (stored && noFrameVariable && (driver.has(_kind::alembic) || driver.writesOneFile())) driver.singleFile = true;
     return _step::next;
 }
 

@@ -12,7 +12,6 @@ namespace vxV {
 namespace {
 
 /// What a step costs of the budget of a load, in its units.
-constexpr qint64 workPerStep = 100;
 
 class _walk {
  public:
@@ -46,7 +45,7 @@ std::optional<_unknown> _walk::step(const _syntax& node) {
     _effort& effort = surroundings.effort();
     if (++effort.steps > mostSteps) return unknown(_reason::tooMuchWork, node.text);
     if (effort.depth >= deepestEvaluation) return unknown(_reason::tooDeep, node.text);
-    vxP::spendWork(workPerStep);
+    vxP::spendWork(vxP::evaluationStepCost);
     return {};
 }
 

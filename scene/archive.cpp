@@ -14,8 +14,6 @@ namespace {
 constexpr qint64 blockBytes = qint64{64} * 1024;
 constexpr qint64 behindBytes = qint64{4} * 1024;  ///< of a block: small bodies in front of the header looked at
 constexpr qint64 longestName = 4096;
-constexpr qint64 workPerEntry = 200;
-constexpr qint64 workPerByteOfBody = 4;  ///< with what its reader makes of it
 constexpr qint64 bytesAroundEntry = 64;
 
 /// How the headers of a kind of archive look: the magic, digits, for the open kind with the sizes of name and body
@@ -164,7 +162,7 @@ void _archive::endArchive(const _entry& trailer) {
 
 /// The entry of the header ahead, and the next header.
 _entry _archive::takeEntry() {
-    vxP::spendWork(workPerEntry);
+    vxP::spendWork(vxP::archiveEntryCost);
     _header header = std::move(*ahead);
     ahead.reset();
     const qint64 end = isSized ? endBySize(header) : endBySearch(header);
@@ -244,7 +242,7 @@ void _archive::readBlock(qint64 offset, qint64 count) {
     block.resize(static_cast<std::size_t>(std::max<qint64>(got, 0)));
     const qint64 end = blockStart + static_cast<qint64>(block.size());
     vxP::allowWorkFor(std::max<qint64>(end - std::max(furthest, blockStart), 0));
-    vxP::spendWork(end - blockStart);
+    vxP::spendWork(vxP::archiveSearchCost, end - blockStart);
     furthest = std::max(furthest, end);
 }
 
@@ -255,7 +253,7 @@ std::string _archive::read(const _body& body, qint64 most) {
 
 std::string readBody(const _byteSource& source, const _body& body, qint64 most) {
     const qint64 wanted = std::min({body.size, most, std::max<qint64>(source.byteCount() - body.offset, 0)});
-    vxP::spendWork(workPerByteOfBody * wanted);
+    vxP::spendWork(vxP::archiveBodyCost, wanted);
     std::string text(static_cast<std::size_t>(wanted), '\0');
     const qint64 got = source.readAt(body.offset, text.data(), wanted);
     text.resize(static_cast<std::size_t>(std::max<qint64>(got, 0)));

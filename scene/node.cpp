@@ -62,6 +62,11 @@ bool _node::isSaved() const {
     return scene != nullptr && scene->record(position).isSaved;
 }
 
+qint64 _node::parametersStart() const {
+    const auto entry = static_cast<std::size_t>(_nodeEntry::parameters);
+    return scene == nullptr ? 0 : scene->record(position).entries[entry].offset;
+}
+
 _node _node::parent() const {
     return at(scene == nullptr ? -1 : scene->record(position).parent);
 }
