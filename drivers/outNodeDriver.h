@@ -51,13 +51,14 @@ struct _driver {
     _kinds kinds{};
     bool isExport = false;
     bool singleFile = false;
+    bool oneImageFile = false;   ///< the image name holds no frame number ...
+    bool oneExportFile = false;  ///< ... that of the scene description
     bool cameraIsProxyExport = false;
     qint32 resolutionWidth = 0;   ///< pixels; 0: none given
     qint32 resolutionHeight = 0;  ///< pixels; 0: none given
     std::array<_aovSlot, aovSlotCount> aovs{};
 
     bool has(_kind kind) const { return kinds.has(kind); }
-    bool writesOneFile() const { return traits != nullptr && traits->writesOneFile; }
     bool exportsOnly() const { return traits != nullptr && traits->exportsOnly; }
 };
 

@@ -39,7 +39,7 @@ void nameRenderJob(const _driver& driver, vxJ::_JobBasics_largePath& job) {
     const _renderer& renderer = rendererWith(&_renderer::renderJob, driver);
     const bool oneFile = driver.singleFile && !renderer.oneFileRenderJob.isEmpty();
     job.appRenderer = oneFile ? renderer.oneFileRenderJob : renderer.renderJob;
-    if (oneFile || (driver.singleFile && driver.writesOneFile())) job.imageSingleOutputFile = true;
+    if (oneFile) job.imageSingleOutputFile = true;
 }
 
 void nameExportJob(_driver& driver, vxJ::_JobBasics_largePath& job, vxJ::_JobBasicsArray& jobs) {

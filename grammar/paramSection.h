@@ -33,7 +33,6 @@ inline constexpr std::array outputRoots{outRoot, stageRoot, imgRoot, objRoot};
 
 /// What the type of a node tells about it. A plain load knows no types.
 struct _nodeTraits {
-    bool writesOneFile = false;  ///< a driver: all frames go into one file, unless its name holds a frame number
     bool exportsOnly = false;    ///< a driver: writes a scene description that no job renders
     bool rendersStage = false;   ///< a driver: is the node of the stage that it renders
     bool isStereo = false;       ///< a camera

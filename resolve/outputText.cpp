@@ -57,7 +57,9 @@ vxV::_textOutcome textAt(int frame, vxV::_evaluator& evaluator, const vxN::_node
 
 std::unique_ptr<vxV::_evaluator> sectionEvaluator(const vxN::_scene& scene, const vxN::_byteSource& source,
                                                   const std::string& sceneFile) {
-    vxV::_options options{.source = &source, .sceneFile = sceneFile};
+    vxV::_options options;
+    options.source = &source;
+    options.sceneFile = sceneFile;
     options.keptVariables = vxV::outputVariables();
     options.keptVariables.insert(options.keptVariables.end(), placeVariables.begin(), placeVariables.end());
     for (const vxN::_sceneVariable& variable : scene.variables()) options.keptVariables.push_back(variable.name);
