@@ -179,8 +179,12 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
 }
 
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    return readWedgeNode({nodePathOf(line, objectRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 readWedgeNode(const _sectionNode& known, QTextStream& stream, QString& line) {
     _wedgeSection section;
-    section.node.nodePath = nodePathOf(line, objectRoots, _unendedPath::isEmpty);
+    section.node.nodePath = known.path;
     tellReader(_sectionReader::wedge, section.node.nodePath);
     const qint32 result = readSection(
         stream, line, [&](const QString& parameter) { return applyWedgeRules(section, parameter); },

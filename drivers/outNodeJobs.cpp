@@ -35,7 +35,9 @@ constexpr std::array aovPlaceholders{
 
 /// A Karma driver renders the stage that it is in: it is its own LOP node.
 void registerKarma(_driver& driver) {
-    if (!driver.nodePath.contains(vxS::latin(karmaNode))) return;
+    const bool isKarma =
+        driver.traits == nullptr ? driver.nodePath.contains(vxS::latin(karmaNode)) : driver.traits->rendersStage;
+    if (!isKarma) return;
     _LOPNode node;
     node.lopName = driver.nodePath;
     node.imageName = driver.imageName;
@@ -53,7 +55,9 @@ bool writesAFile(const QString& name, _remark whenEmpty, _remark whenViewerOnly)
 }
 
 bool hasUsableOutput(const _driver& driver) {
-    return writesAFile(driver.imageName, _remark::noImageName, _remark::imageViewerOnly) &&
+    const bool hasImage =
+        driver.exportsOnly() || writesAFile(driver.imageName, _remark::noImageName, _remark::imageViewerOnly);
+    return hasImage &&
            (!driver.isExport || writesAFile(driver.exportName, _remark::noExportName, _remark::exportViewerOnly));
 }
 
@@ -99,13 +103,20 @@ quint8 numberOfLastJob(const vxJ::_JobBasicsArray& jobs) {
     return static_cast<quint8>(jobs.count);
 }
 
+/// A name without a frame number is that of one file, which a plain load leaves open.
+void noteOneFile(const _driver& driver, bool hasNoFrame, _JobBasics_largePath& job) {
+    if (driver.traits != nullptr && hasNoFrame) job.imageSingleOutputFile = true;
+}
+
 void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_largePath& job) {
     if (driver.isExport) {
         job.imageFileName = driver.exportName;
         nameExportJob(driver, job, jobs);
+        noteOneFile(driver, driver.oneExportFile, job);
     } else {
         job.imageFileName = driver.imageName;
         nameRenderJob(driver, job);
+        noteOneFile(driver, driver.oneImageFile, job);
         addChannels(driver, job);
     }
     splitImageName(job.imageFileName.toQString(), driver, job);  // as far as the record holds it
@@ -132,6 +143,7 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
     job->imageDir.clear();
     job->imageExtension.clear();
     nameJobOfExport(driver, exportJob.imageSingleOutputFile, *job);
+    noteOneFile(driver, driver.oneImageFile, *job);
     addChannels(driver, *job);
     splitImageName(driver.imageName, driver, *job);
     return resultSuccess;
@@ -141,6 +153,7 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
 
 qint32 addJobsOf(_driver& driver) {
     registerKarma(driver);
+    driver.isExport |= driver.exportsOnly();
     if (!hasUsableOutput(driver)) {
         emptyNodesfound = true;
         return resultSuccess;
@@ -156,7 +169,7 @@ qint32 addJobsOf(_driver& driver) {
     nodeActiveTakes[_vxString<150>(driver.nodePath)] = driver.take;
     for (QString* const name : {&driver.imageName, &driver.exportName}) markAovVariables(*name);
     completeFirstJob(driver, jobs, *job);
-    if (driver.isExport && !driver.cameraIsProxyExport) {
+    if (driver.isExport && !driver.cameraIsProxyExport && !driver.exportsOnly()) {
         const qint32 added = addJobOfExport(driver, jobs);
         if (added != resultSuccess) return added;
         job = jobs.at(first);

@@ -94,6 +94,7 @@ _step readImage(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     const bool stored = replaceImageOutVars(line, driver.has(_kind::redshift), driver.imageName, driver.activeTakeUsed,
                                             noFrameVariable);
+    if (stored) driver.oneImageFile = noFrameVariable;
     if (stored && noFrameVariable && driver.has(_kind::alembic)) driver.singleFile = true;
     return _step::next;
 }
@@ -183,6 +184,7 @@ _step readExportFile(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     tell(_remark::exportName);
     const bool stored = replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable);
+    if (stored) driver.oneExportFile = noFrameVariable;
     if (stored && noFrameVariable && driver.has(_kind::vray)) driver.singleFile = true;
     return _step::next;
 }

@@ -13,7 +13,6 @@ namespace {
 constexpr std::string_view libraryEntry = ".OPdummydefs";
 constexpr std::string_view addedKind = "spareparmdef";
 constexpr std::string_view scriptSection = "DialogScript";
-constexpr qint64 workPerByte = 5;
 
 /// Takes numbers and texts from the front of bytes.
 class _bytes {
@@ -100,7 +99,7 @@ const _definitions::_script& _definitions::addedTo(const vxN::_node& node) {
     std::string script(static_cast<std::size_t>(std::min(entry->second.size, vxN::largestBody)), '\0');
     const qint64 length = source.readAt(entry->second.offset, script.data(), static_cast<qint64>(script.size()));
     script.resize(static_cast<std::size_t>(std::max<qint64>(0, length)));
-    vxP::spendWork(static_cast<qint64>(script.size()) * workPerByte);
+    vxP::spendWork(vxP::dialogScriptCost, static_cast<qint64>(script.size()));
     return place->second = readDialogScript(script);
 }
 
@@ -109,7 +108,7 @@ const _definitions::_script& _definitions::ofType(std::string_view type) {
     const auto [place, isNew] = read.try_emplace(std::string(type));
     if (!isNew || scripts.count(type) != 1) return place->second;
     const std::string_view script = scripts.find(type)->second;
-    vxP::spendWork(static_cast<qint64>(script.size()) * workPerByte);
+    vxP::spendWork(vxP::dialogScriptCost, static_cast<qint64>(script.size()));
     return place->second = readDialogScript(script);
 }
 

@@ -37,6 +37,7 @@ struct _options {
     /// Variables that texts keep as they are written; one that ends with "*" stands for all that begin so. Digits
     /// behind a name are its padding: "F" keeps $F4 too.
     std::vector<std::string> keptVariables;
+    bool keepsUnsetVariables = false;  ///< texts keep those, too, that neither the scene nor the environment sets
 };
 
 /// Variables that a file name keeps for the renderer, the frame, the take and the variant.

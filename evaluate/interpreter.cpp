@@ -12,7 +12,6 @@ namespace vxV {
 namespace {
 
 /// What a step costs of the budget of a load, in its units.
-constexpr qint64 workPerStep = 100;
 
 class _walk {
  public:
@@ -44,7 +43,7 @@ class _walk {
 
 std::optional<_unknown> _walk::step(const _syntax& node) {
     _effort& effort = surroundings.effort();
-    vxP::spendWork(workPerStep);
+    vxP::spendWork(vxP::evaluationStepCost);
     effort.isCut |= ++effort.steps > mostSteps || effort.depth >= deepestEvaluation;
     if (effort.steps > mostSteps) return unknown(_reason::tooMuchWork, node.text);
     if (effort.depth >= deepestEvaluation) return unknown(_reason::tooDeep, node.text);

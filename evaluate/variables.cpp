@@ -105,6 +105,8 @@ _valueOutcome _evaluation::variable(const vxN::_node& node, std::string_view nam
 _textOutcome _evaluation::variableText(const vxN::_node& node, const _variableUse& use, double frame) {
     if (isKept(use.name)) return std::string(use.written);
     const _valueOutcome value = variable(node, use.name, frame);
+    const bool isLeft = !value && options.keepsUnsetVariables && value.why().reason == _reason::unsetVariable;
+    if (isLeft) return std::string(use.written);
     if (!value) return value.why();
     const _textOutcome text = textOf(*value);
     return text && use.part != 0 ? _textOutcome(partOfName(*text, use.part)) : text;

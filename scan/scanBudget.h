@@ -36,6 +36,15 @@ constexpr _workCost nameComparisonCost{100, 1};  ///< a variable's name, compare
 constexpr _workCost cameraSearchCost{0, 10};     ///< a camera looked for one by one; cameras
 constexpr _workCost wedgeChannelCost{800};       ///< a channel in the name of a wedge's variant
 constexpr _workCost wedgeNameCost{200, 8};       ///< a name searched for wedge placeholders; characters
+constexpr _workCost archiveSearchCost{0, 1};     ///< bytes searched for an archive's next header; bytes
+constexpr _workCost archiveMagicCost{300};       ///< a place that looks like a header of the archive
+constexpr _workCost archiveEntryCost{500};       ///< an entry of the archive, its body left unread
+constexpr _workCost archiveBodyCost{0, 4};       ///< a body with what its reader makes of it; bytes
+constexpr _workCost childNameCost{200};          ///< a name in the order of a node's children
+constexpr _workCost nodeInputCost{0, 1};         ///< inputs of a node; inputs
+constexpr _workCost takeRecordCost{300};         ///< a record of the scene's takes
+constexpr _workCost dialogScriptCost{0, 5};      ///< the script that tells the menus of a type; bytes
+constexpr _workCost evaluationStepCost{100};     ///< a step of computing an expression
 constexpr _workCost customDataCost{2000};        ///< a value put into a job's custom data
 
 // Bytes that containers and the allocator add to what they hold.

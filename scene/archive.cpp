@@ -14,9 +14,6 @@ namespace {
 constexpr qint64 blockBytes = qint64{64} * 1024;
 constexpr qint64 behindBytes = qint64{4} * 1024;  ///< of a block: small bodies in front of the header looked at
 constexpr qint64 longestName = 4096;
-constexpr qint64 workPerEntry = 500;
-constexpr qint64 workPerMagic = 300;
-constexpr qint64 workPerByteOfBody = 4;  ///< with what its reader makes of it
 constexpr qint64 bytesAroundEntry = 64;
 
 /// How the headers of a kind of archive look: the magic, digits, for the open kind with the sizes of name and body
@@ -197,7 +194,7 @@ std::optional<_archive::_header> _archive::headerAt(qint64 offset) {
         behind = behind.substr(0, static_cast<std::size_t>(nameSize));
         header.bodySize = octalIn(fixed.substr(bodySizeAt, bodySizeDigits));
     }
-    vxP::spendWork(workPerEntry);
+    vxP::spendWork(vxP::archiveEntryCost);
     const std::size_t nameSize = nameSizeIn(behind);
     const bool isTold = archiveKind != _archiveKind::open || nameSize + 1 == behind.size();
     if (nameSize == 0 || !isTold) return std::nullopt;
@@ -215,7 +212,7 @@ std::optional<_archive::_header> _archive::searchHeader(qint64 from) {
         const std::size_t found = findMagic(bytes, magic);
         from += static_cast<qint64>(std::min(found, bytes.size() - magic.size() + 1));
         if (found == std::string_view::npos) continue;
-        vxP::spendWork(workPerMagic);
+        vxP::spendWork(vxP::archiveMagicCost);
         if (auto header = headerAt(from)) return header;
         ++from;
     }
@@ -243,7 +240,7 @@ void _archive::readBlock(qint64 offset, qint64 count) {
     block.resize(static_cast<std::size_t>(std::max<qint64>(got, 0)));
     const qint64 end = blockStart + static_cast<qint64>(block.size());
     vxP::allowWorkFor(std::max<qint64>(end - std::max(furthest, blockStart), 0));
-    vxP::spendWork(end - blockStart);
+    vxP::spendWork(vxP::archiveSearchCost, end - blockStart);
     furthest = std::max(furthest, end);
 }
 
@@ -254,7 +251,7 @@ std::string _archive::read(const _body& body, qint64 most) {
 
 std::string readBody(const _byteSource& source, const _body& body, qint64 most) {
     const qint64 wanted = std::min({body.size, most, std::max<qint64>(source.byteCount() - body.offset, 0)});
-    vxP::spendWork(workPerByteOfBody * wanted);
+    vxP::spendWork(vxP::archiveBodyCost, wanted);
     std::string text(static_cast<std::size_t>(wanted), '\0');
     const qint64 got = source.readAt(body.offset, text.data(), wanted);
     text.resize(static_cast<std::size_t>(std::max<qint64>(got, 0)));

@@ -66,6 +66,11 @@ bool _node::isSaved() const {
     return scene != nullptr && scene->record(position).isSaved;
 }
 
+qint64 _node::parametersStart() const {
+    const auto entry = static_cast<std::size_t>(_nodeEntry::parameters);
+    return scene == nullptr ? 0 : scene->record(position).entries[entry].offset;
+}
+
 _node _node::parent() const {
     return at(scene == nullptr ? -1 : scene->record(position).parent);
 }
@@ -142,7 +147,7 @@ _input _node::storedInput(quint32 index) const {
     const auto own = definition();
     const std::vector<_input>& inputs = own->inputs;
     if (index < inputs.size() && inputs[index].index == index) return inputs[index];
-    vxP::spendWork(static_cast<qint64>(inputs.size()));
+    vxP::spendWork(vxP::nodeInputCost, static_cast<qint64>(inputs.size()));
     const auto input =
         std::find_if(inputs.begin(), inputs.end(), [&](const _input& one) { return one.index == index; });
     return input == inputs.end() ? _input() : *input;

@@ -105,6 +105,8 @@ class _node {
     bool matchesDefinition() const;
     /// False: only its children have entries in the scene.
     bool isSaved() const;
+    /// Where the text of its parameters begins, in bytes from the scene's beginning; 0: it has none.
+    qint64 parametersStart() const;
 
     _node parent() const;
     /// In the order that the scene gives.

@@ -20,7 +20,6 @@ namespace vxN {
 namespace {
 
 constexpr qint32 noRank = std::numeric_limits<qint32>::max();
-constexpr qint64 workPerName = 200;
 constexpr qint64 bytesAroundKey = 80;  ///< of a map's entry
 
 constexpr auto nameOf = [](const _sceneVariable& variable) { return std::string_view(variable.name); };
@@ -99,7 +98,7 @@ class _sceneReader {
         std::string_view names = text;
         takeLine(names);  // how many there are
         for (qint32 rank = 0; !names.empty(); ++rank) {
-            vxP::spendWork(workPerName);
+            vxP::spendWork(vxP::childNameCost);
             const qint32 child = store.childOf(node, trimmed(takeLine(names)));
             if (child >= 0) store.record(child).rank = rank;
         }
@@ -126,7 +125,7 @@ class _sceneReader {
         qint32 node = 0;
         int depth = 0;
         for (std::string_view left = path; !left.empty() && node >= 0; ++depth) {
-            vxP::spendWork(workPerName);
+            vxP::spendWork(vxP::childNameCost);
             const std::size_t end = std::min(left.find('/'), left.size());
             const std::string_view name = left.substr(0, end);
             left.remove_prefix(std::min(end + 1, left.size()));

@@ -19,7 +19,6 @@ constexpr std::string_view nameMark = "s ";
 constexpr std::string_view overrideMark = "d ";
 constexpr std::string_view endMark = "e";
 constexpr std::size_t lengthBytes = 4;
-constexpr qint64 workPerRecord = 300;
 
 auto keyOf(const _takeOverride& override) {
     return std::tie(override.node, override.name);
@@ -68,7 +67,7 @@ class _takeReader {
         const std::string_view line = trimmed(takeLine(left));
         const std::size_t kids = line.rfind(kidsMark);
         if (!line.starts_with(takeMark) || kids == std::string_view::npos || kids < takeMark.size()) return false;
-        vxP::spendWork(workPerRecord);
+        vxP::spendWork(vxP::takeRecordCost);
         vxP::keepMemory(sizeof(_take) + sizeof(_open) + sizeof(std::size_t));
         into.takes.push_back({line.substr(takeMark.size(), kids - takeMark.size()), nextParent(), {}});
         open.push_back(
@@ -88,7 +87,7 @@ class _takeReader {
 
     bool readRecords() {
         while (auto record = takeCounted(left)) {
-            vxP::spendWork(workPerRecord);
+            vxP::spendWork(vxP::takeRecordCost);
             if (record->starts_with(nameMark)) readName(record->substr(nameMark.size()));
             if (record->starts_with(overrideMark)) readOverride(record->substr(overrideMark.size()));
             if (record->starts_with(endMark)) return true;
