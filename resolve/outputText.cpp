@@ -73,7 +73,7 @@ vxV::_textOutcome outputText(vxV::_evaluator& evaluator, const vxN::_node& node,
     vxV::_dependence dependence;
     const vxV::_textOutcome now = evaluator.expand(node, text, &dependence);
     if (!now || !dependence.time) return now;
-    const double frame = evaluator.clock().frame.value_or(1);
+    const double frame = evaluator.frame();
     const vxV::_textOutcome one = textAt(oneFrame, evaluator, node, text);
     const vxV::_textOutcome other = textAt(otherFrame, evaluator, node, text);
     evaluator.setFrame(frame);
