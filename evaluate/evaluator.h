@@ -35,7 +35,7 @@ struct _options {
     bool storedPlace = false;  ///< take these three as they were when the scene was saved
     std::vector<_variable> environment;
     /// Variables that texts keep as they are written; one that ends with "*" stands for all that begin so. Digits
-    /// behind a name are its padding: "F" keeps $F4 too.
+    /// behind a name are its padding: "F" keeps $F4 too. A function that measures a text measures what is kept.
     std::vector<std::string> keptVariables;
     bool keepsUnsetVariables = false;  ///< texts keep those, too, that neither the scene nor the environment sets
 };

@@ -43,6 +43,13 @@ bool endsLike(std::string_view name, std::string_view end) {
     return digit >= '0' && digit <= '9';
 }
 
+/// That of toggles where no other one has such a name.
+const _menu& sharedMenu(std::string_view parameter) {
+    return *std::find_if(menus.begin(), menus.end(), [&](const _menu& m) { return endsLike(parameter, m.nameEnd); });
+}
+
+constexpr std::size_t mostTokens = 100'000;
+
 }  // namespace
 
 _menus::_menus(const vxN::_byteSource* source) {
@@ -59,18 +66,19 @@ std::optional<double> _menus::numberOf(const vxN::_node& node, std::string_view 
 
 std::optional<std::string> _menus::tokenOf(const vxN::_node& node, std::string_view parameter, double number) {
     const _parameterDefinition* const defined = definitions ? definitions->find(node, parameter) : nullptr;
-    if (defined == nullptr) return {};
-    if (defined->isSwitch()) return std::string(switchTokens[number != 0 ? 1 : 0]);
-    if (!defined->isMenu() || number < 0 || number >= static_cast<double>(defined->tokens.size())) return {};
-    return defined->tokens[static_cast<std::size_t>(number)];
+    const auto place = number < 0 || number > mostTokens ? mostTokens : static_cast<std::size_t>(number);
+    if (defined != nullptr && defined->isSwitch()) return std::string(switchTokens[number != 0 ? 1 : 0]);
+    if (defined != nullptr && defined->isMenu() && place < defined->tokens.size()) return defined->tokens[place];
+    const _menu& shared = sharedMenu(parameter);
+    if (defined != nullptr || shared.nameEnd.empty() || place >= shared.tokens.size()) return {};
+    return std::string(shared.tokens[place]);
 }
 
 std::optional<double> sharedMenuNumber(std::string_view parameter, std::string_view token) {
-    const auto menu =
-        std::find_if(menus.begin(), menus.end(), [&](const _menu& m) { return endsLike(parameter, m.nameEnd); });
-    const auto place = std::find(menu->tokens.begin(), menu->tokens.end(), token);
-    if (place == menu->tokens.end()) return {};
-    return static_cast<double>(place - menu->tokens.begin());
+    const _menu& menu = sharedMenu(parameter);
+    const auto place = std::find(menu.tokens.begin(), menu.tokens.end(), token);
+    if (place == menu.tokens.end()) return {};
+    return static_cast<double>(place - menu.tokens.begin());
 }
 
 }  // namespace vxV

@@ -11,9 +11,9 @@ namespace {
 using vxN::_node;
 
 /// Nodes that hold a network of another kind than the one they are in, geometry objects among them.
-constexpr std::array<std::string_view, 16> networkTypes{
-    "dopnet",  "geo",    "sopnet", "objnet",  "ropnet", "lopnet", "chopnet", "copnet",
-    "cop2net", "matnet", "vopnet", "shopnet", "topnet", "img",    "popnet",  "lightfilterlibrary"};
+constexpr std::array<std::string_view, 15> networkTypes{"dopnet", "geo",     "sopnet", "objnet",  "ropnet",
+                                                        "lopnet", "chopnet", "copnet", "cop2net", "matnet",
+                                                        "vopnet", "shopnet", "topnet", "img",     "popnet"};
 
 bool holdsOwnNetwork(const _node& node) {
     const std::string_view name = vxN::splitNodeType(node.type()).name;

@@ -101,7 +101,7 @@ std::string partOfName(const std::string& name, char part) {
         case 'e':
             return hasExtension ? name.substr(point + 1) : std::string();
         case 'h':
-            return file > 0 ? name.substr(0, file - 1) : name;
+            return file > 0 ? name.substr(0, std::max<std::size_t>(file - 1, 1)) : name;
         case 't':
             return name.substr(file);
         default:

@@ -57,7 +57,7 @@ std::optional<std::string> _evaluation::placeVariable(std::string_view name) con
     const std::string& file = options.sceneFile;
     if (file.empty()) return {};
     if (name == "HIPFILE") return file;
-    if (name == "HIP") return partOfName(file, 'h');
+    if (name == "HIP") return file.find('/') == std::string::npos ? "." : partOfName(file, 'h');
     const bool withExtension = hasSceneExtension(scene.variable("HIPNAME").value_or(std::string_view()));
     const std::string fileName = partOfName(file, 't');
     return withExtension || !hasSceneExtension(fileName) ? fileName : partOfName(fileName, 'r');

@@ -61,6 +61,9 @@ TEST(Evaluator, KnowsThePlaceThatItIsTold) {
         return shown(asValue(_evaluator(small.scene, options).expand(small.scene.find("/obj"), "$HIP/$HIPNAME")));
     };
     EXPECT_EQ(folder({}), "scenePlace: HIP");
+    _options beside;
+    beside.sceneFile = "a.b.hipnc";
+    EXPECT_EQ(folder(beside), "'./a.b'");
     EXPECT_EQ(folder(small.options()), "'/shots/tt010'");
     _options stored;
     stored.storedPlace = true;

@@ -94,6 +94,7 @@ constexpr _case cases[] = {
     {"text_of_another_node", "chs(\"../b/file\")", "'/shots/b.5.geo'"},
     {"raw_text", "chsraw(\"../b/file\")", "'$HIP/$OS.$F.geo'"},
     {"number_as_text", "\"v\" + chs(\"../b/tx\")", "'v1'"},
+    {"driven_menu_as_text", "chs(\"../b/rOrd\") + chs(\"../b/driven\")", "'xzy6'"},
     {"menu_as_text", "chs(\"../b/mode\")", "'fast'"},
     {"no_parameter", "ch(\"../b/none\")", "missingParameter: none"},
     {"no_node", "ch(\"../none/tx\")", "missingNode: ../none"},
@@ -124,9 +125,10 @@ TEST_P(Expressions, HaveAValueOrAReason) {
         nodeText("obj/a", "geo", "x=[x 0]|tx=1", {{"x", GetParam().expression}}),
         {{"obj/a.def", "inputs\n{\n0 \tb 0 1\n}\n"}},
         nodeText("obj/b", "geo",
-                 "t=1 2 3|c=0.5 10 1|size=4 5|range=1 15|driven=[driven 0]|flag=\"on\"|unflag=\"off\"|trange=\"on\"|"
+                 "t=1 2 3|c=0.5 10 1|size=4 5|range=1 15|driven=[driven 0]|rOrd=[rOrd "
+                 "0]|flag=\"on\"|unflag=\"off\"|trange=\"on\"|"
                  "ramp2interp=\"linear\"|mode=\"fast\"|file=$HIP/$OS.$F.geo|node=../a|empty=\"\"",
-                 {{"driven", "$F + 1"}}),
+                 {{"driven", "$F + 1"}, {"rOrd", "1"}}),
         {{"obj/asset.init", "type = thing\nmatchesdef = 1\n"}, {"obj/asset.def", ""}, {"obj/asset.parm", "{\n}\n"}},
         nodeText("obj/mix12up3", "geo", ""),
         nodeText("obj/a7", "geo", ""),
