@@ -58,6 +58,10 @@ std::vector<_hostileScene> hostileScenes(int most) {
     const std::string open = "out/a.parm {\n";
     const std::string manySteps = std::to_string(most);
     const std::string longText(30000, '$');
+    const std::string strange = value("trange", "on") + value("file", "a");
+    std::string unknowns;
+    for (char a = 'a'; a <= 'z'; ++a)
+        for (char b = 'a'; b <= 'z'; ++b) unknowns += std::string("$") + a + b;
     const std::string longLine(500000, '/');
     std::string nested;
     for (int i = 0; i < 150; ++i) nested += "$WEDG";
@@ -103,6 +107,18 @@ std::vector<_hostileScene> hostileScenes(int most) {
         {"wedge of many variants", 1, 301, driver("a", ""), "", wedge(channels(1, "a", manySteps))},
         {"wedge placeholders in each other", 6, 301, driver("a", passes("$WEDGE")), "",
          wedge(value("prefix", nested) + channels(1, "a", manySteps))},
+        // What takes long to explain.
+        {"drivers without a name", 25, 0, "", section("out/@", "trange\n"), ""},
+        {"drivers of many names", 25, 0, "", section("out/@", times(200, value("vm_picture", "chs(@)"))), ""},
+        {"drivers that nobody knows", 1, 0, "", section("x@", strange), ""},
+        {"the same with long paths", 1, 0, "", section(times(650, "/karma"), strange), ""},
+        {"entries of channels", 1, 0, "", "a@.chn {\n}\n", ""},
+        {"long expressions", 25, 0, "",
+         "out/a@.chn {\nchannel f1 {\nexpr = " + times(650, "$FSTAR") + "\n}\n}\n" + section("out/a@", "f\t\n"), ""},
+        {"empty lines", 1, 0, "", "\n", ""},
+        {"undefined variables", 1, 250, manyDrivers(passes(unknowns)), "", ""},
+        {"variants of undefined variables", 1, 301, driver("a", passes(unknowns)), "",
+         wedge(channels(1, "a", manySteps))},
     };
 }
 

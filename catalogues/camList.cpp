@@ -77,7 +77,7 @@ qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
 void _camList::addCam(_camNode& node) {
     for (const QLatin1String mark : notACamera) {
         if (!node.camName.contains(vxS::viewOf(mark))) continue;
-        tell(_remark::notACamera, mark);
+        tellOfSection(_remark::notACamera, mark);
         return;
     }
     keepCam(node);

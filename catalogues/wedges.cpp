@@ -15,6 +15,7 @@ namespace {
 
 constexpr QLatin1String channelMethod{"channel"};
 constexpr QLatin1String parentFolder{"../"};
+constexpr QLatin1String stepsName{"steps"};
 
 /// A scene never has more channels.
 constexpr int greatestInstance = 10000;
@@ -81,7 +82,7 @@ _step readSteps(_wedgeSection& section, const QString& rest) {
     _wedgeParams* const channel = channelOf(section, instance);
     if (channel == nullptr) return _step::next;
     channel->steps = vxS::wholeNumber(unquoted(rest), &isNumber);
-    if (!isNumber) tell(_remark::stepsUnknown);
+    if (!isNumber && scanObserver != nullptr) tell(_remark::stepsUnknown, stepsName + rest);
     return _step::next;
 }
 
@@ -107,7 +108,7 @@ constexpr std::array wedgeRules{
     // first match wins
     _wedgeRule{QLatin1String{"prefix\t"}, readPrefix},      _wedgeRule{QLatin1String{"driver\t"}, readDriver},
     _wedgeRule{QLatin1String{"wedgemethod\t"}, readMethod}, _wedgeRule{QLatin1String{"name"}, readName, true},
-    _wedgeRule{QLatin1String{"steps"}, readSteps, true},    _wedgeRule{QLatin1String{"range"}, readRange, true},
+    _wedgeRule{stepsName, readSteps, true},    _wedgeRule{QLatin1String{"range"}, readRange, true},
 };
 
 constexpr auto wedgeNames = ruleNames(wedgeRules);
@@ -121,7 +122,7 @@ _step applyWedgeRules(_wedgeSection& section, const QString& line) {
 /// Channels that were left out have no steps, so that there is no variant: such a wedge goes without channels.
 void takeChannels(_wedgeSection& section) {
     const bool noneLeftOut = static_cast<int>(section.channels.size()) == section.channels.rbegin()->first;
-    if (!noneLeftOut) tell(_remark::channelsLeftOut);
+    if (!noneLeftOut) tellOfSection(_remark::channelsLeftOut);
     for (auto channel = section.channels.begin(); noneLeftOut && channel != section.channels.end(); ++channel)
         section.node.params.append(channel->second);
 }
@@ -138,9 +139,9 @@ bool isComplete(_wedgeNode& node) {
     const bool hasDriver = !node.driver.isEmpty();
     const bool hasVariants = node.totalWedges() >= 1;
     const bool variesChannels = node.wedgeMethod.compare(channelMethod, Qt::CaseInsensitive) == 0;
-    if (!hasDriver) tell(_remark::wedgeWithoutDriver);
-    if (!hasVariants) tell(_remark::wedgeWithoutVariants);
-    if (!variesChannels) tell(_remark::wedgeOfOtherMethod, node.wedgeMethod);
+    if (!hasDriver) tellOfSection(_remark::wedgeWithoutDriver);
+    if (!hasVariants) tellOfSection(_remark::wedgeWithoutVariants);
+    if (!variesChannels) tellOfSection(_remark::wedgeOfOtherMethod, node.wedgeMethod);
     return hasDriver && hasVariants && variesChannels;
 }
 

@@ -22,7 +22,7 @@ void restartFrameRange() {
 void passOver(const QString& nodePath) {
     if (scanObserver == nullptr) return;
     scanObserver->readerTakes(_sectionReader::driver, nodePath);
-    scanObserver->remark(_remark::passedOver, QString::number(mostJobsBefore));
+    tellOfSection(_remark::passedOver, QString::number(mostJobsBefore));
 }
 
 }  // namespace

@@ -82,7 +82,7 @@ void readPlainRange(const QString& value) {
 
 _step readFrameRange(_driver&, const QString& line) {
     const QString value = parenthesised(line);
-    tell(_remark::ownFrames);
+    tell(_remark::ownFrames, line);
     if (value.contains(QLatin1String("f1"), Qt::CaseInsensitive))
         readChannelRange(value);
     else
@@ -131,7 +131,7 @@ _step readLopPath(_driver& driver, const QString& line) {
 _step readLopOutput(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     driver.isExport = true;
-    tell(_remark::exportName);
+    tell(_remark::exportName, line);
     if (replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable))
         driver.singleFile = noFrameVariable;
     return _step::next;
@@ -182,7 +182,7 @@ _step leaveSection(_driver&, const QString&) {
 
 _step readExportFile(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
-    tell(_remark::exportName);
+    tell(_remark::exportName, line);
     const bool stored = replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable);
     if (stored) driver.oneExportFile = noFrameVariable;
     if (stored && noFrameVariable && driver.has(_kind::vray)) driver.singleFile = true;

@@ -92,7 +92,7 @@ qint32 _resolvedScan::readNode(const vxN::_node& node, _sectionResolver& section
         result = kind->readNode(load, {path, type == nullptr ? nullptr : &type->traits}, stream, line, facts);
     } else {
         tellReader(kind->reader, path);
-        tell(remarkOf(idle));
+        tellOfSection(remarkOf(idle));
     }
     if (scanObserver != nullptr) scanObserver->sectionEnds(load.jobArray->count);
     return result;
