@@ -2,9 +2,10 @@
 // having changed a job.
 #pragma once
 
-#include <QJsonValue>
 #include <QRegularExpression>
 #include <QString>
+
+#include "host/results/job.h"
 
 namespace vxH {
 
@@ -15,11 +16,12 @@ class _sceneMarks {
     /// @param scene  absolute path
     explicit _sceneMarks(const QString& scene);
 
-    QString marked(QString text) const;
-    /// The same for every text in a list or object.
-    QJsonValue marked(const QJsonValue& value) const;
+    /// The job with marks in all texts that hold paths.
+    _job marked(_job job) const;
 
  private:
+    void mark(QString& text) const;
+
     QString folder;  // with its separator
     QRegularExpression name;
 };
