@@ -15,6 +15,7 @@ _command diffCommand();
 _command infoCommand();
 
 /// In the order in which the help shows them.
-constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, varsCommand, diffCommand, infoCommand};
+inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand,
+                                        varsCommand, diffCommand,    infoCommand};
 
 }  // namespace vxH

@@ -91,12 +91,13 @@ void addOption(CLI::App& line, const _option& option) {
 
 /// An argument is known by its label, which the help shows as its name.
 void addArgument(CLI::App& line, const _option& argument) {
-    const std::function take = [&argument](const std::vector<std::string>& values) {
-        for (const auto& value : values) takeValue(argument, value);
+    const std::function take = [&argument](const std::string& value) { takeValue(argument, value); };
+    const std::function takeAll = [take](const std::vector<std::string>& values) {
+        for (const auto& value : values) take(value);
     };
-    auto* const added = line.add_option_function(argument.label, take, argument.description);
+    auto* const added = argument.repeats ? line.add_option_function(argument.label, takeAll, argument.description)
+                                         : line.add_option_function(argument.label, take, argument.description);
     added->required()->type_name("");
-    if (!argument.repeats) added->expected(1);
 }
 
 /// @param command  has to outlive the program: the parser hands its values to it

@@ -15,10 +15,6 @@ namespace vxH {
 namespace {
 
 constexpr QLatin1String jobsKey{"jobs"};
-constexpr QLatin1String factsKey{"facts"};
-constexpr QLatin1String warningsKey{"warnings"};
-constexpr QLatin1String sectionsKey{"sections"};
-constexpr QLatin1String notRecognisedKey{"notRecognised"};
 
 // Of a scene on its way.
 constexpr QLatin1String shownKey{"shown"};

@@ -111,7 +111,10 @@ const _case cases[] = {
      "changed 1  /out/a  x|    frames: 1-9 -> 0-1|changed 2  /out/b  x|    seqEnd: 1 -> 2|"
      "0 came, 0 went, 2 changed, 0 unchanged"},
     {"entries_of_lists_and_hostile_texts",
-     {{"/out/\x1b[1m", "x", "", "", 0, [](_job& job) { job.structureIDs = {1, 7}; }}},
+     {{"/out/\x1b[1m", "x", "", "", 0,
+       [](_job& job) {
+           job.structureIDs = {1, 7};
+       }}},
      {{"/out/\x1b[1m", "x", "", "\n", 0, [](_job& job) { job.structureIDs = {1}; }}},
      "changed 1  /out/?[1m  x|    imageFileName: \"\" -> ?|    structureIDs: [7] -> []|"
      "0 came, 0 went, 1 changed, 0 unchanged"},
@@ -170,7 +173,8 @@ TEST(JobDiff, LeavesOutWhatTheScenesOwnPathsExplain) {
         const auto b = sceneOf(newScene, now);
         const std::size_t shown = field == &_job::camera ? 1 : 2;  // the list holds paths, too
         EXPECT_EQ(differences(a, b).differences.size(), isShown ? shown : 0);
-        EXPECT_EQ(differences(a, b, _compared::everyField).differences.size(), vxTest::plain(a.jobs[0].*field) == now ? 0 : 2);
+        EXPECT_EQ(differences(a, b, _compared::everyField).differences.size(),
+                  vxTest::plain(a.jobs[0].*field) == now ? 0 : 2);
     }
 }
 

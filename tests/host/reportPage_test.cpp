@@ -30,8 +30,8 @@ TEST(ReportData, SkippedAreDriversAndWedgesWithoutAnOutcomeAndSectionsNotRecogni
     using _outcome = vxE::_outcomeKind;
     using _reader = vxP::_sectionReader;
     const std::tuple<const char16_t*, _reader, _outcome, bool> sections[] = {
-        {u"a", _reader::driver, _outcome::jobs, true}, {u"b", _reader::wedge, _outcome::none, false},
-        {u"c", _reader::wedge, _outcome::kept, false}, {u"d", _reader::camera, _outcome::none, true},
+        {u"a", _reader::driver, _outcome::jobs, true},  {u"b", _reader::wedge, _outcome::none, false},
+        {u"c", _reader::wedge, _outcome::kept, false},  {u"d", _reader::camera, _outcome::none, true},
         {u"e", _reader::driver, _outcome::none, false}, {u"f", _reader::driver, _outcome::none, true}};
     _explainedScene scene{};
     scene.explanation.isSceneRead = true;

@@ -44,9 +44,9 @@ TEST(JobWaits, MeanTheNearestJobBeforeOfTheSameDriverAndTake) {
         std::vector<int> waits;
         const char* cell;
     };
-    const _row rows[] = {{"a", "", 1, {}, ""},   {"b", "", 1, {}, ""},        {"a", "", 1, {}, ""},
+    const _row rows[] = {{"a", "", 1, {}, ""},   {"b", "", 1, {}, ""},         {"a", "", 1, {}, ""},
                          {"b", "", 2, {1}, "2"}, {"a", "", 3, {1, 2}, "3, 4"}, {"c", "", 4, {1, 4}, "3, id 4"},
-                         {"a", "t", 1, {}, ""},  {"a", "", 5, {1}, "3"},      {"c", "t", 6, {1}, "7"}};
+                         {"a", "t", 1, {}, ""},  {"a", "", 5, {1}, "3"},       {"c", "t", 6, {1}, "7"}};
     std::vector<_job> jobs;
     for (const auto& row : rows) {
         auto& job = jobs.emplace_back();
@@ -80,12 +80,11 @@ TEST(JobCells, SayFramesAndOutput) {
         const char* frames;
         const char* output;
     };
-    _row rows[] = {
-        {jobWith(1, 5, 2, u"<SceneFolder>../<Channel>/"), "n", 1, "1-5 x2", "/projects/n/a.#.exr"},
-        {jobWith(1.5, 2000000, 1, u"<Database>/<Channel>/"), "", 0, "1.5-2000000", "/db/<Channel>/a..exr"},
-        {jobWith(-5, 5, 1, u"<SceneFolder>../../../r/"), "", 4, "-5 to 5", "/../r/a.####.exr"},
-        {jobWith(undefined, 2, 1, u"/"), "", 0, "?-2", "/a..exr"},
-        {jobWith(3, 3, 2, u"/"), "", 0, "3", "/a..exr"}};
+    _row rows[] = {{jobWith(1, 5, 2, u"<SceneFolder>../<Channel>/"), "n", 1, "1-5 x2", "/projects/n/a.#.exr"},
+                   {jobWith(1.5, 2000000, 1, u"<Database>/<Channel>/"), "", 0, "1.5-2000000", "/db/<Channel>/a..exr"},
+                   {jobWith(-5, 5, 1, u"<SceneFolder>../../../r/"), "", 4, "-5 to 5", "/../r/a.####.exr"},
+                   {jobWith(undefined, 2, 1, u"/"), "", 0, "?-2", "/a..exr"},
+                   {jobWith(3, 3, 2, u"/"), "", 0, "3", "/a..exr"}};
     for (auto& [job, take, padding, frames, output] : rows) {
         job.channel = QString::fromUtf8(take);
         job.imagePadding = padding;

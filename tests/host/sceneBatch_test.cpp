@@ -102,7 +102,8 @@ TEST_F(SceneBatch, LateAndCrashingScenesAreResultsToo) {
     };
     const auto crashed = results(5, dieInTheMiddle, {2, milliseconds{600000}, 9});
     ASSERT_EQ(crashed.size(), 5);
-    for (const auto& result : crashed) EXPECT_EQ(result.result.code, numberOf(result.scene) == 2 ? vxH::hostCrashed : 1);
+    for (const auto& result : crashed)
+        EXPECT_EQ(result.result.code, numberOf(result.scene) == 2 ? vxH::hostCrashed : 1);
 }
 
 TEST_F(SceneBatch, OutputsAreWholeHoweverLong) {
