@@ -10,14 +10,14 @@
 
 namespace vxH {
 
-/// The entry point that loads a scene, or what stands for it.
+/// The entry point that loads a scene, or a function in its place.
 using _sceneLoader = std::function<qint32(vxP::_dataPARS_LoadSceneFile*)>;
 
 /// Loads the scene in this process. Jobs added before a failure are in the result.
 /// @param scene  absolute path of at most 500 characters
 _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments);
 
-/// The same in a process of its own, for a scene as named on the command line. What keeps the plug-in from answering
+/// The same in a child process, for a scene as named on the command line. What keeps the plug-in from answering
 /// is the result's code (a `_hostCode`) and error.
 _sceneResult loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments);
 

@@ -1,4 +1,4 @@
-// Work in a process of its own, so that a crash takes nothing else along.
+// Work in a child process, so that a crash takes nothing else with it.
 #pragma once
 
 #include <sys/types.h>
@@ -18,7 +18,7 @@ struct _child {
     QString problem;  ///< why it could not be started
 };
 
-/// What comes of the work, as it returns it or as the way the child ended tells.
+/// What came of the work: what it returned, or how the child ended.
 struct _childResult {
     qint32 code = 0;    ///< below 0: a `_hostCode`, and there is no output; else the work's own
     QString failure;    ///< one line, "crashed (signal 11)"; empty when all went well

@@ -13,7 +13,7 @@
 namespace vxH {
 
 /// Which names are those of scenes: the wildcards of "*.hip;*.hipnc;". Letter case counts, and as in a shell a "*" at
-/// the beginning stands for no point: hidden files are left out.
+/// the beginning matches no dot: hidden files are left out.
 class _nameFilter {
  public:
     explicit _nameFilter(const QString& filter);

@@ -6,7 +6,7 @@
 
 namespace vxH {
 
-/// Takes a list of paths apart while it arrives. The first block that holds a separator tells which it is: NUL where
+/// Takes a list of paths apart while it arrives. The first block that holds a separator shows which it is: NUL where
 /// the block holds one, else the line end, whose carriage return does not count. Empty paths are passed over.
 class _pathList {
  public:
@@ -15,7 +15,7 @@ class _pathList {
 
     /// The next bytes of the list.
     void add(const char* bytes, std::size_t count);
-    /// Nothing comes any more: what stands behind the last separator is a path too.
+    /// Nothing comes any more: what follows the last separator is a path too.
     void end();
 
     /// The next path, or why there is none in its place.

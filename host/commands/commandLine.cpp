@@ -39,7 +39,7 @@ std::string overallHelp() {
            "\nThe statuses of diff are those of diff(1): vxscene diff --help\n\n" + environment;
 }
 
-/// What a report of a fault has to tell, one fact a line.
+/// What a report of a fault should say, one fact a line.
 std::string versionText() {
     const auto plugin = printable(defaultPlugin()).toStdString();
     return std::string{"vxscene " VX_VERSION "\nQt "} + qVersion() +

@@ -19,7 +19,7 @@ struct _options {
     bool everyField = false;
 };
 
-/// Loads both scenes; both are told when both fail. @return exitSame while the jobs of all are known
+/// Loads both scenes; each that fails has its error line. @return exitSame while the jobs of all are known
 int load(const _options& options, const _submitterArguments& submitter, std::array<_sceneResult, 2>& results) {
     const auto plugin = QString::fromStdString(options.plugin);
     int status = exitSame;

@@ -12,7 +12,7 @@
 
 namespace vxH {
 
-/// What stands around results.
+/// What is printed around results.
 struct _frame {
     const char* begin;
     const char* between;

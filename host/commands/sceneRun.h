@@ -9,7 +9,7 @@
 
 namespace vxH {
 
-/// Which scenes there are and how one is loaded, in a process of its own.
+/// Which scenes there are and how one is loaded, in a child process.
 struct _sceneSource {
     QString fileFilter;  ///< which files of a folder are scenes: "*.hip;*.hipnc;"
     std::function<_explainedScene(const QString& absoluteScenePath)> load;
@@ -17,7 +17,7 @@ struct _sceneSource {
 
 /// What becomes of the results.
 struct _sceneUse {
-    /// What of a result is handed on; it runs in the scene's own process.
+    /// What of a result is handed on; it runs in the child process.
     std::function<QByteArray(const _explainedScene& scene)> pack;
     /// Gets it, in the order of the scenes. @return false to end the run
     std::function<bool(const QByteArray& packed)> take;

@@ -61,7 +61,7 @@ class _comparison {
         return !isAsItWas && !field.isEqual(before.jobs[pair.before], now.jobs[pair.now]);
     }
 
-    /// A number that no job has is compared as it stands.
+    /// A number that no job has is compared as it is.
     bool waitForOthers(const _job& oldJob, const _job& newJob) const {
         if (oldJob.waitsFor.size() != newJob.waitsFor.size()) return true;
         for (std::size_t i = 0; i < newJob.waitsFor.size(); ++i) {

@@ -9,7 +9,7 @@ namespace vxH {
 
 enum class _compared {
     jobs,        ///< not what follows from the scenes' own names and folders, nor from the jobs' numbers
-    everyField,  ///< every field as it stands
+    everyField,  ///< every field as it is
 };
 
 /// A scene made ready to be compared, once for any number of comparisons. The scene has to outlive it.

@@ -10,7 +10,7 @@
 namespace vxH {
 
 /// Puts marks in the place of the scene's folder, where a path begins with it, and of the scene's name, with or
-/// without its extension, where it is a whole word: no letter or digit stands before or behind it.
+/// without its extension, where it is a whole word: no letter or digit precedes or follows it.
 class _sceneMarks {
  public:
     /// @param scene  absolute path

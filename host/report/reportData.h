@@ -9,7 +9,7 @@
 
 namespace vxH {
 
-/// A scene as it gets into a report. It is made in a process of its own: see `toBytes`.
+/// A scene as it gets into a report. It is made in a child process, see `toBytes`.
 struct _reportScene {
     QJsonObject shown;    ///< the scene's part of the page's data
     _sceneResult result;  ///< for comparisons
@@ -26,7 +26,7 @@ QByteArray toBytes(const _reportScene& scene);
 _reportScene reportSceneFromBytes(const QByteArray& bytes);
 
 /// The page's data: `program` as given, `scenes` as above, and `comparisons`, which say what `vxscene diff` says of two
-/// scenes, by their places from 0: `left`, `right` (the one further behind), `came` and `went` (numbers of jobs), and
+/// scenes, by their places from 0: `left`, `right` (the later one), `came` and `went` (numbers of jobs), and
 /// `changed`: `left`, `right` (numbers of the job) and `fields`, each of `name`, `before` and `after`. Jobs of the
 /// right scene that are in none of them are unchanged.
 ///

@@ -1,4 +1,4 @@
-// What stands in the cells of the job table: texts made from a job for people to read.
+// The cells of the job table: texts made from a job for people to read.
 #pragma once
 
 #include <QString>

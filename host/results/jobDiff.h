@@ -20,7 +20,7 @@ struct _jobDifference {
 };
 
 struct _jobDiff {
-    std::vector<_jobDifference> differences;  ///< as in the new scene; behind them jobs that went, as in the old one
+    std::vector<_jobDifference> differences;  ///< as in the new scene; then jobs that went, as in the old one
     int unchanged = 0;                        ///< jobs
 };
 

@@ -8,7 +8,7 @@
 
 namespace vxH {
 
-/// Number that stands for all jobs of a scene.
+/// In place of a job's number: all jobs of a scene.
 constexpr int allJobs = 0;
 
 /// All jobs, with the jobs they wait for.

@@ -141,7 +141,7 @@ QString filledUp(const QString& text, int columns) {
     return harmless + QString(std::max(0, columns - columnsOf(harmless)), QLatin1Char(' '));
 }
 
-/// Widths of the columns in front of the outcome.
+/// Widths of the columns before the outcome.
 struct _widths {
     explicit _widths(const QList<_sectionRow>& rows) {
         for (const auto& row : rows) {

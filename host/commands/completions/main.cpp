@@ -1,5 +1,5 @@
 // Makes the completions of vxscene for a shell: vxCompletions bash|zsh|fish TEMPLATE >FILE
-// The line "@completions@" of the template gives way to what the program's own command line says.
+// The line "@completions@" of the template is replaced by what the program's own command line says.
 #include <cstdio>
 #include <exception>
 #include <fstream>

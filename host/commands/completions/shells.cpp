@@ -10,7 +10,7 @@ using namespace vxH;
 /// Extensions of scene files, without the point.
 constexpr std::array sceneExtensions{"hip", "hipnc", "hiplc"};
 
-/// The text with a backslash in front of each of the characters.
+/// The text with a backslash before each of the characters.
 std::string escaped(const std::string& text, const std::string& characters) {
     std::string result;
     for (const char character : text) {

@@ -199,7 +199,7 @@ function goTo(hash) {
 function followLinks() {
     document.addEventListener("click", (event) => {
         const link = event.target.closest?.("a[href^='#s']");
-        if (!link || link.getAttribute("href") !== location.hash) return;  // another place is told by hashchange
+        if (!link || link.getAttribute("href") !== location.hash) return;  // hashchange reports any other place
         event.preventDefault();
         goTo(location.hash);
     });
@@ -239,7 +239,7 @@ function handleKeys() {
     });
 }
 
-// What a bar stands for is shown beside it under the pointer and on focus.
+// A bar says what it means beside it, under the pointer and on focus.
 
 function showTips() {
     const tip = document.getElementById("tip");

@@ -1,4 +1,4 @@
-// What stands around the jobs of a scene: its figures, warnings, what gave no job, and the scene's facts.
+// The sections around the jobs of a scene: figures, warnings, what gave no job, and the facts of the scene.
 
 const MOST_LINKS = 24;
 
