@@ -17,8 +17,8 @@ using _sceneLoader = std::function<qint32(vxP::_dataPARS_LoadSceneFile*)>;
 /// @param scene  absolute path of at most 500 characters
 _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments);
 
-/// The same in a child process, for a scene as named on the command line. What keeps the plug-in from answering
-/// is the result's code (a `_hostCode`) and error.
+/// The same in a child process, for a scene as named on the command line. Why the plug-in did not answer is
+/// the result's code (a `_hostCode`) and error.
 _sceneResult loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments);
 
 /// The variables of the scene's jobs, in the same way.

@@ -36,7 +36,7 @@ QByteArray readAll(int descriptor) {
     }
 }
 
-/// The parent's end ends this process too, also when the parent has ended before it could be asked for.
+/// When the parent ends, this process ends too, even when the parent has ended already.
 void endWithParent(pid_t parent) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != parent) _exit(EXIT_FAILURE);

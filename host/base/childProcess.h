@@ -27,7 +27,7 @@ struct _childResult {
 using _childWork = std::function<_childResult()>;
 
 /// Runs the work in a child process, which ends afterwards without any clean-up, and at once when this process ends.
-/// What it writes to the standard output comes out of the error stream.
+/// What it writes to the standard output goes to the error stream.
 _child startChild(const _childWork& work);
 
 /// Waits for the child's result and for its end. Call it once for each child.

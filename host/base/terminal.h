@@ -25,7 +25,7 @@ bool canBeRedrawn(int descriptor);
 /// writing to it fails.
 void holdStandardStreams();
 
-/// Takes the character set of the environment, and UTF-8 where that is another one: paths are UTF-8 throughout.
+/// Uses the character set of the environment if it is UTF-8, else UTF-8: paths are UTF-8 throughout.
 void useUtf8Characters();
 
 /// Writes the text and a line end, as UTF-8.

@@ -25,7 +25,7 @@ struct _folderScenes::_names {
     std::vector<std::string> links;  // to folders
 
     void add(const fs::directory_entry& entry) {
-        std::error_code ignored;  // what cannot be asked about counts as a file: its load says why
+        std::error_code ignored;  // what cannot be examined counts as a file: its load says why
         const bool isFolder = entry.is_directory(ignored);
         auto& kind = !isFolder ? files : entry.is_symlink(ignored) ? links : folders;
         kind.push_back(entry.path().filename().native());

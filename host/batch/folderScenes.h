@@ -23,9 +23,9 @@ class _nameFilter {
     std::vector<std::string> wildcards;
 };
 
-/// Goes through a folder, one folder at a step. Each folder is read once, whichever links lead to it; links to folders
-/// wait until the folders themselves have been read. Hidden folders are left out, and so are links to a folder that the
-/// first one lies in.
+/// Goes through a folder and those below it, one at each step. Each folder is read once, whichever links lead to it;
+/// links to folders wait until the folders themselves have been read. Hidden folders are left out, and so are links to
+/// a folder that the first one lies in.
 class _folderScenes {
  public:
     /// @param recursive  the folders below it too

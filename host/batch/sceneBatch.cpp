@@ -113,7 +113,7 @@ bool _batch::hasRoom() const {
            places.size() < static_cast<std::size_t>(limits.window) && bytesHeld < mostBytesHeld;
 }
 
-/// Begins the next entry. @return false when there is no process to be had for it before another ends
+/// Begins the next entry. @return false when no process can be started for it before another ends
 bool _batch::start() {
     const auto& entry = scenes.ahead().front();
     if (!entry.problem.isEmpty()) return addOutcome({{}, {hostPathUnusable, entry.problem, {}}, false});
@@ -134,7 +134,7 @@ std::size_t _batch::addPlace(const QString& path) {
     return firstNumber + places.size() - 1;
 }
 
-/// Begins the next entry with its end.
+/// Begins and ends the next entry at once.
 bool _batch::addOutcome(const _batchResult& outcome) {
     setOutcome(addPlace(outcome.scene), outcome);
     return true;
@@ -151,7 +151,7 @@ bool _batch::readAhead() {
     return wantsEntries() && scenes.readOn();
 }
 
-/// Until something happens by time alone.
+/// Until something is due.
 milliseconds _batch::longestWait() const {
     auto longest = progress.dueIn().value_or(mostWait);
     if (limits.timeout == milliseconds{0}) return longest;

@@ -19,7 +19,7 @@ struct _batchLimits {
     std::chrono::milliseconds timeout{0};  ///< for each scene; 0: none
     int window = 0;                        ///< scenes that may be begun before the first of them is received
 
-    /// Leaves room for a scene that takes as long as many others.
+    /// Room for a scene that takes as long as many others together.
     static constexpr int windowFor(int parallel) { return 64 * parallel; }
 };
 

@@ -59,7 +59,7 @@ _option sceneArgument(const char* label, std::string& scene, const char* descrip
 /// The same for one or more, which may be folders.
 _option scenesArgument(const char* label, std::vector<std::string>& scenes, const char* description);
 
-/// What statuses mean, a line each, for the help.
+/// What statuses mean, one per line, for the help.
 template <class _statuses>
 std::string exitStatusHelp(const _statuses& statuses) {
     std::string help = "Exit status:\n";

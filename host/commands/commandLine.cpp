@@ -39,7 +39,7 @@ std::string overallHelp() {
            "\nThe statuses of diff are those of diff(1): vxscene diff --help\n\n" + environment;
 }
 
-/// What a report of a fault should say, one fact a line.
+/// What a report of a fault should say, one fact per line.
 std::string versionText() {
     const auto plugin = printable(defaultPlugin()).toStdString();
     return std::string{"vxscene " VX_VERSION "\nQt "} + qVersion() +
@@ -52,7 +52,7 @@ int wrongUsage(const char* problem) {
     return exitUsage;
 }
 
-/// Output is buffered and may fail as late as here.
+/// Output is buffered: it may fail only here.
 int withOutputWritten(int status, int failure) {
     std::cout.flush();
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
@@ -100,7 +100,7 @@ void addArgument(CLI::App& line, const _option& argument) {
     added->required()->type_name("");
 }
 
-/// @param command  has to outlive the program: the parser hands its values to it
+/// @param command  has to outlive the program, whose parser gives it the values
 CLI::App* addCommand(CLI::App& program, const _command& command) {
     auto* const line = program.add_subcommand(command.name, command.description);
     line->footer(command.footer);

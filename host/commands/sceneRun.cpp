@@ -1,4 +1,4 @@
-// A child packs what is handed on, so that this process has nothing to take apart.
+// Children pack what is handed on, so that this process only passes it along.
 #include "host/commands/sceneRun.h"
 
 #include <cerrno>
@@ -18,7 +18,7 @@ class _sceneReceiver {
         if (!outcome.isScene) return tellOfList(outcome.result.failure);
         const auto& [code, failure, output] = outcome.result;
         const auto head = failedHead(outcome.scene, code, failure);
-        const bool hasOutput = code >= 0 || !output.isEmpty();  // who knows what codes a plug-in has
+        const bool hasOutput = code >= 0 || !output.isEmpty();  // a plug-in may have codes of any kind
         if (use.printsToTerminal) progress.clear();
         if (!keepsOn(use.take(hasOutput ? output : use.pack({{head, {}}, {}})))) return false;
         if (head.isLoaded()) return true;

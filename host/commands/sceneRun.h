@@ -1,4 +1,4 @@
-// A command's work over many scenes: what `jobs` and its like have in common.
+// A command's work on many scenes: what `jobs` and similar commands have in common.
 #pragma once
 
 #include <QString>

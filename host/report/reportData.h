@@ -1,5 +1,5 @@
-// What the report page shows of explained scenes: one small row a job instead of its whole record, and what differs
-// between the scenes.
+// What the report page shows of explained scenes: one small row for each job instead of its whole record, and what
+// differs between the scenes.
 #pragma once
 
 #include <QJsonObject>

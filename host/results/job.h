@@ -1,4 +1,4 @@
-// A job as vxscene works with it: what its record says, in texts and lists that outlive the record.
+// A job as vxscene works with it: what its record says, in texts and lists that outlive it.
 #pragma once
 
 #include <QString>

@@ -23,7 +23,7 @@ struct _column {
     QString (*cell)(const _row&);
     QString (*elide)(QStringView, int columns);
     int rank;   // 0: the last to be left out and the first to get the room it needs
-    int least;  // columns below which it is rather left out
+    int least;  // with fewer columns it is left out instead
     bool toTheRight;
     QLatin1String colour;
 };
@@ -102,7 +102,7 @@ _widths chosenWidths(const std::vector<_cells>& lines, int room) {
 
 QString tableLine(const _cells& cells, const _widths& widths, bool colour) {
     QString line;
-    int blanks = 0;  // owed before the next text, so that no line ends with blanks
+    int blanks = 0;  // due before the next text, so that no line ends with blanks
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (widths[i] == 0) continue;
         const QString text = columns[i].elide(cells[i], widths[i]);
@@ -133,7 +133,7 @@ _cells titles() {
     return cells;
 }
 
-/// Renderers put their own version into their jobs: only Houdini's own jobs tell the scene's.
+/// Renderers put their own version into their jobs: only Houdini's own jobs have the scene's.
 QString houdiniVersion(const std::vector<_job>& jobs) {
     const auto own =
         std::find_if(jobs.begin(), jobs.end(), [](const _job& job) { return job.app == QLatin1String{"Houdini"}; });

@@ -7,7 +7,7 @@ namespace {
 
 using namespace vxH;
 
-/// Extensions of scene files, without the point.
+/// Extensions of scene files, without the dot.
 constexpr std::array sceneExtensions{"hip", "hipnc", "hiplc"};
 
 /// The text with a backslash before each of the characters.

@@ -1,11 +1,11 @@
-// The page: header, one panel a scene, and what keys, links, pointer and printer do.
+// The page: header, one panel for each scene, and what keys, links, pointer and printer do.
 
 const {scenes, program} = data;
 const names = sceneNames(scenes);
 
 const MOST_HINTS = 3;
 
-/** Whoever looks for a driver finds it beside the filter, too, when it has no job. */
+/** Drivers without a job that the filter finds. */
 function skippedHint(entries) {
     const shown = entries.slice(0, MOST_HINTS)
                       .map(
@@ -70,7 +70,7 @@ class SceneView {
         return section(id, "Jobs", this.filterBar(), this.found);
     }
 
-    /** It stays in view, and the head of the table below it, however high it is. */
+    /** The bar stays in view, with the head of the table right below it, however high it is. */
     filterBar() {
         const bar = el("div", {class: "filter"}, el("label", { for: this.input.id
                        }, "Filter"), this.input, el("kbd", {"aria-hidden": "true"}, "/"), this.count, this.hint);

@@ -81,7 +81,7 @@ function skippedSection(scene, index) {
     return {entries, element: list && section(`s${index}-skipped`, `Without a job (${entries.length})`, list)};
 }
 
-// Pixels for the largest camera, and for one whose size nobody knows.
+// Pixels for the largest camera, and for one of unknown size.
 const CAMERA_ROOM = {
     width: 96,
     height: 60
