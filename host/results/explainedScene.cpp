@@ -7,7 +7,6 @@ namespace vxH {
 
 QJsonObject explainedToJson(const _explainedScene& scene) {
     auto object = sceneToJson(scene);
-    if (!scene.explanation.isSceneRead) return object;
     const auto explanation = explanationToJson(scene.explanation);
     for (auto member = explanation.begin(); member != explanation.end(); ++member)
         object.insert(member.key(), member.value());

@@ -106,13 +106,6 @@ TEST_F(SceneBatch, LateAndCrashingScenesAreResultsToo) {
         EXPECT_EQ(result.result.code, numberOf(result.scene) == 2 ? vxH::hostCrashed : 1);
 }
 
-TEST_F(SceneBatch, OutputsAreWholeHoweverLong) {
-    const auto work = [](const QString& scene) { return giving(QByteArray(100000 * numberOf(scene), 'x')); };
-    const auto received = results(8, work, {3, {}, 9});
-    ASSERT_EQ(received.size(), 8);
-    for (const auto& result : received) EXPECT_EQ(result.result.output.size(), 100000 * numberOf(result.scene));
-}
-
 TEST_F(SceneBatch, ReceiverEndsIt) {
     const auto work = [](const QString& scene) {
         while (numberOf(scene) > 0) pause();

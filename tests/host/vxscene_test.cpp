@@ -6,7 +6,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <filesystem>
-#include <fstream>
 
 #include "tests/host/hostProgram.h"
 #include "tests/testText.h"
@@ -82,6 +81,7 @@ const _usage usages[] = {
     {"version", {"--version"}, 0, "\nrecord layout "},
     {"info", {"info", "--plugin", VX_FAKE_PLUGIN}, 0, "appName: Fake?[1m\n"},
     {"info_json", {"info", "--plugin", VX_FAKE_PLUGIN, "--format", "json"}, 0, R"("fileFilter": "*.fake;")"},
+    {"empty_list", {"jobs", "--plugin", VX_FAKE_PLUGIN, "--format", "json", "-"}, 0, "[]\n"},
     {"no_scene", {"jobs"}, 2, "SCENE"},
     {"no_time", {"jobs", "--timeout", "nan", "a"}, 2, "--timeout"},
     {"no_child", {"jobs", "--parallel", "0", "a"}, 2, "--parallel"},
@@ -214,18 +214,6 @@ TEST(VxScene, SceneOfAnyNameIsLoadedInAnyLocale) {
             << host.error.constData();
     }
     fs::remove_all(folder);
-}
-
-TEST(VxScene, FoldersAndListsStandForTheirScenes) {
-    const auto folder = fs::temp_directory_path() / ("vxscene_folder" + std::to_string(getpid()));
-    fs::create_directories(folder / "below");
-    for (const auto* scene : {"noJobs.fake", "noJobs.hip", "below/noJobs.fake"}) std::ofstream{folder / scene};
-    const auto list = "/noJobs.2\r\n" + QByteArray::fromStdString(folder.native()) + "\n/noJobs.3";
-    auto host = runCommand("jobs", {"--recursive", "/noJobs.1", "-", "/noJobs.4", "-"}, {}, list);
-    fs::remove_all(folder);
-    host.out.replace(folder.c_str(), "").replace(": no jobs\n", "").replace("\n", " ");
-    EXPECT_EQ(host.out.toStdString(), "/noJobs.1 /noJobs.2 /noJobs.fake /below/noJobs.fake /noJobs.3 /noJobs.4");
-    EXPECT_EQ(runCommand("jobs", {"--format", "json", "-"}).out, QByteArray{"[]\n"});
 }
 
 /// Redrawn lines are gone before others come, and come only where they are welcome.
