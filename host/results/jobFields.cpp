@@ -32,14 +32,18 @@ const _part& partOf(const _record& record, const _part*) {
     return record;
 }
 
+template <class _value, class _stored>
+_value valueOf(const _stored& stored) {
+    if constexpr (std::is_same_v<_value, QString>) {
+        return stored.toQString();
+    } else {
+        return static_cast<_value>(stored);
+    }
+}
+
 template <class _part, class _stored, class _value>
 void copyMember(const _record& record, _stored _part::*member, _value& value) {
-    const auto& stored = partOf(record, static_cast<const _part*>(nullptr)).*member;
-    if constexpr (std::is_same_v<_value, QString>) {
-        value = stored.toQString();
-    } else {
-        value = static_cast<_value>(stored);
-    }
+    value = valueOf<_value>(partOf(record, static_cast<const _part*>(nullptr)).*member);
 }
 
 void copyStructureIDs(const _record& record, _job& job) {
