@@ -3,6 +3,7 @@
 #include "catalogues/camList.h"
 #include "drivers/outNodeRules.h"
 #include "grammar/imageOutVars.h"
+#include "jobs/renderers.h"
 #include "scan/scanState.h"
 
 namespace vxBench {
@@ -31,7 +32,7 @@ qint32 addJob(vxP::_dataPARS_LoadSceneFile& load, const QString& path, const QSt
     if (name.isEmpty()) return vxP::resultSuccess;
     vxJ::_JobBasics_largePath* job = nullptr;
     if (!load.jobArray->getNewJob(job)) return vxP::resultNoMoreJobs;
-    job->app = QString(vxP::appNameHoudini);
+    job->app = vxP::appNameHoudini;
     job->sceneDatabaseDir = vxP::DatabaseDir;
     job->layer = path;
     job->sceneSettings.customDataSet_Str(vxJ::CUSTOMSubmitterPluginVersion, vxJ::vxVersion);

@@ -5,18 +5,16 @@
 
 #include "grammar/paramSection.h"
 #include "scan/scanObserver.h"
+#include "shared/vxLatin.h"
 
 namespace vxP {
 
 namespace {
 
-constexpr std::array cameraRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
 constexpr std::array notACamera{QLatin1String{"xform"}, QLatin1String{"camOrigin"}, QLatin1String{"file"},
                                 QLatin1String{"constraints"}};
 constexpr std::string_view stereoMark{"stereo"};
 constexpr QLatin1String resolutionName{"res\t"};
-
-constexpr qint64 bytesOfHashPlace = 64;
 
 std::size_t hashOf(const _vxString8_allSize<150>& name) {
     return std::hash<std::string_view>{}(name.view());
@@ -42,14 +40,14 @@ qint32 _camList::knownIndex(const _vxString8_allSize<150>& name) const {
     const auto found = byNameHash.find(hashOf(name));
     if (found == byNameHash.end()) return -1;
     if (cameras.at(found->second).camName == name) return found->second;
-    spendWork(10 * cameras.size());
+    spendWork(cameraSearchCost, cameras.size());
     for (qint32 index = 0; index < cameras.size(); ++index)
         if (cameras.at(index).camName == name) return index;
     return -1;
 }
 
 qint32 _camList::append(const _vxString8_allSize<150>& name) {
-    keepMemory(static_cast<qint64>(sizeof(_camNode)) + bytesOfHashPlace);
+    keepMemory(static_cast<qint64>(sizeof(_camNode)) + bytesAroundHash);
     const qint32 index = static_cast<qint32>(cameras.size());
     cameras.append(_camNode());
     cameras[index].camName = name;
@@ -78,10 +76,14 @@ qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
 
 void _camList::addCam(_camNode& node) {
     for (const QLatin1String mark : notACamera) {
-        if (!node.camName.contains({mark.data(), static_cast<std::size_t>(mark.size())})) continue;
+        if (!node.camName.contains(vxS::viewOf(mark))) continue;
         tell(_remark::notACamera, mark);
         return;
     }
+    keepCam(node);
+}
+
+void _camList::keepCam(const _camNode& node) {
     _camNode& stored = cameras[indexOfCamera(node.camName)];
     stored.resX = node.resX;
     stored.resY = node.resY;
@@ -97,9 +99,13 @@ void _camList::addCamFromOutNode(_vxString8_allSize<150> name, const QString& re
 }
 
 qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    return readCamNode({nodePathOf(line, objectRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 readCamNode(const _sectionNode& known, QTextStream& stream, QString& line) {
     _camNode node;
-    node.camName = QStringView{nodePathOf(line, cameraRoots, _unendedPath::isEmpty)};
-    node.isStereo = node.camName.contains(stereoMark);
+    node.camName = QStringView{known.path};
+    node.isStereo = known.traits == nullptr ? node.camName.contains(stereoMark) : known.traits->isStereo;
     if (scanObserver != nullptr) tellReader(_sectionReader::camera, node.camName.toQString());
     return readSection(
         stream, line,
@@ -108,7 +114,10 @@ qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QStri
             return _step::next;
         },
         [&] {
-            camList.addCam(node);
+            if (known.traits == nullptr)
+                camList.addCam(node);
+            else
+                camList.keepCam(node);
             return resultSuccess;
         });
 }

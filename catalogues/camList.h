@@ -7,6 +7,7 @@
 #include <span>
 
 #include "catalogues/listIndex.h"
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 #include "shared/vxString8.h"
 
@@ -26,13 +27,15 @@ struct _camNode {
 /// Cameras in the order in which they were met; entries are never removed, so an index stays valid.
 class _camList {
  public:
-    /// First camera of that name, or a new blank entry (also its name is blank) that the caller fills at once.
+    /// First camera of that name, or a new blank entry (its name is blank too) that the caller fills at once.
     qint32 findCamIndex(const _vxString8_allSize<150>& name);
     /// First camera that lists the driver (compared exactly), or -1.
     qint32 findCamIndexByRenderNode(const QString& renderNode) const;
     /// Stores name, resolution and stereo mark of a camera section; drivers reported before stay attached. A helper
     /// node of a camera rig ("xform", "camOrigin", "file" or "constraints" in its path) is not a camera.
     void addCam(_camNode& node);
+    /// The same for a node that is known to be a camera.
+    void keepCam(const _camNode& node);
     /// Notes that a driver renders through a camera.
     void addCamFromOutNode(_vxString8_allSize<150> name, const QString& renderNode);
 
@@ -58,6 +61,8 @@ std::span<const QLatin1String> cameraParameters();
 /// @param[in,out] line  in: the section's header; out: the last line read
 /// @return resultSuccess
 qint32 loadCamNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
+/// The same for a node that is known: one of a camera's type is a camera, whatever it is called.
+qint32 readCamNode(const _sectionNode& known, QTextStream& stream, QString& line);
 
 }  // namespace vxP
 

@@ -4,14 +4,7 @@
 
 namespace vxP {
 
-namespace {
-
-constexpr qint64 bytesOfPosition = 96;  // the text itself is shared with the list
-
-}  // namespace
-
 qint64 bytesOfListed(const QString& driver) {
-    constexpr qint64 bytesAroundList = 32;
     return bytesAroundList + static_cast<qint64>(sizeof driver) + bytesOf(driver);
 }
 
@@ -36,7 +29,7 @@ void _firstPositions::note(const QString& text, qint32 position) {
         known->second = std::min(known->second, position);
         return;
     }
-    keepMemory(bytesOfPosition);
+    keepMemory(bytesAroundPosition);
     positions.emplace(text, position);
 }
 

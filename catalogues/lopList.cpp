@@ -4,33 +4,18 @@
 
 #include "grammar/imageOutVars.h"
 #include "grammar/paramSection.h"
+#include "jobs/renderers.h"
 #include "scan/scanObserver.h"
 
 namespace vxP {
 
 namespace {
 
-constexpr std::array lopRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
-                              QLatin1String{"obj/"}};
 constexpr QLatin1String pictureName{"picture\t"};
+constexpr const _renderer& stage = rendererOf(_kind::lop);
 
-/// A renderer is known by a part of a node path or of a delegate's name.
-struct _rendererMark {
-    QLatin1String part;
-    QLatin1String renderer;
-};
-
-constexpr std::array rendererMarks{
-    // first match wins
-    _rendererMark{QLatin1String{"karma"}, QLatin1String{"karma"}},
-    _rendererMark{QLatin1String{"hdprman"}, QLatin1String{"prman"}},
-    _rendererMark{QLatin1String{"vray"}, QLatin1String{"vray"}},
-    _rendererMark{QLatin1String{"redshift"}, QLatin1String{"redshift"}},
-    _rendererMark{QLatin1String{"arnold"}, QLatin1String{"arnold"}},
-};
-
-QString withRenderer(QLatin1String base, const QString& renderer) {
-    return renderer.isEmpty() ? QString(base) : base + QLatin1Char('_') + renderer;
+QString withRenderer(QStringView base, const QString& renderer) {
+    return renderer.isEmpty() ? base.toString() : base.toString() + QLatin1Char('_') + renderer;
 }
 
 }  // namespace
@@ -43,19 +28,19 @@ std::span<const QLatin1String> lopParameters() {
 
 void _LOPNode::setRenderer(const QString& text) {
     const QString& examined = text.isEmpty() ? lopName : text;
-    for (const auto& mark : rendererMarks) {
-        if (!examined.contains(mark.part, Qt::CaseInsensitive)) continue;
-        renderer = mark.renderer;
+    for (const _renderer* const row : stageRenderers) {
+        if (!examined.contains(row->stageMark, Qt::CaseInsensitive)) continue;
+        renderer = row->renderJob.toString();
         return;
     }
 }
 
 QString _LOPNode::rendererName_render() const {
-    return withRenderer(QLatin1String("usd"), renderer);
+    return withRenderer(stage.renderJob, renderer);
 }
 
 QString _LOPNode::rendererName_create() const {
-    return withRenderer(QLatin1String("createUSD"), renderer);
+    return withRenderer(stage.exportJob, renderer);
 }
 
 qint32 _LOPList::findLOPIndex(const QString& name, const bool& create) {
@@ -82,8 +67,12 @@ qint32 _LOPList::addLOPFromOutNode(QString name, const QString& renderNode) {
 }
 
 qint32 loadLOPNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    return readLOPNode({nodePathOf(line, outputRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 readLOPNode(const _sectionNode& known, QTextStream& stream, QString& line) {
     _LOPNode node;
-    node.lopName = nodePathOf(line, lopRoots, _unendedPath::isEmpty);
+    node.lopName = known.path;
     tellReader(_sectionReader::lop, node.lopName);
     bool noFrameVariable = false;
     return readSection(

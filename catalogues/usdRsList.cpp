@@ -6,14 +6,12 @@
 #include "grammar/imageOutVars.h"
 #include "grammar/paramRules.h"
 #include "grammar/paramSection.h"
+#include "jobs/renderers.h"
 #include "scan/scanObserver.h"
 
 namespace vxP {
 
 namespace {
-
-constexpr std::array settingsRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
-                                   QLatin1String{"obj/"}};
 
 // ---- one handler a parameter
 
@@ -26,7 +24,7 @@ void readCamera(_USD_RendersettingNode& node, const QString& line) {
     if (!hasExpression(camera)) node.cameraName = camera;
 }
 
-/// Both control parameters share one flag, the later line counts: deliberate.
+/// Both control parameters share one flag, and the later line counts; no job depends on it.
 void readControl(_USD_RendersettingNode& node, const QString& line) {
     node.archiveControlSet = valueOf(line).contains(QLatin1String("set"));
 }
@@ -46,7 +44,7 @@ struct _settingsRule {
 };
 
 constexpr std::array settingsRules{
-    // first match wins: a name stands before those that begin it
+    // first match wins: a name comes before those that it begins with
     _settingsRule{QLatin1String{"camera\t"}, readCamera},
     _settingsRule{QLatin1String{"xn__redshiftglobalRS_archive_enable_control"}, readControl},
     _settingsRule{QLatin1String{"xn__redshiftglobalRS_archive_enable"}, readEnable},
@@ -54,7 +52,7 @@ constexpr std::array settingsRules{
     _settingsRule{QLatin1String{"xn__redshiftglobalRS_archive_fileName"}, readFileName},
 };
 
-constexpr auto settingsNames = namesOf(settingsRules);
+constexpr auto settingsNames = ruleNames(settingsRules);
 
 void applySettingsRules(_USD_RendersettingNode& node, const QString& line) {
     for (const auto& rule : settingsRules)
@@ -85,13 +83,14 @@ qint32 updateJobs(const _USD_RendersettingNode& node, const QString& driver, _da
     for (qint32 i = 0; i < load.jobArray->count; ++i) {
         vxJ::_JobBasics_largePath* const job = load.jobArray->at(i);
         if (job == nullptr) return resultNoMoreJobs;
-        if (job->app.toQString() == appNameHoudini && job->layer == QStringView(driver))
+        if (job->app == appNameHoudini && job->layer == QStringView(driver))
             writeArchiveInstead(node, *load.sceneFileName, *job);
     }
     return resultSuccess;
 }
 
-/// No other reader attaches drivers to settings, so this changes no job as it stands: deliberate.
+/// No reader attaches drivers to settings, so this changes no job: hosts match jobs by their output, which stays the
+/// driver's own.
 qint32 closeSection(_USD_RendersettingNode& node, _dataPARS_LoadSceneFile& load) {
     const qint32 index = USD_RSList.add(node);
     const QStringList drivers = USD_RSList.entries().at(index).renderNodes;
@@ -133,8 +132,12 @@ qint32 _USD_RSList::add(_USD_RendersettingNode& node) {
 }
 
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line) {
+    return read_USD_RS_Node(load, {nodePathOf(line, outputRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 read_USD_RS_Node(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTextStream& stream, QString& line) {
     _USD_RendersettingNode node;
-    node.lopName = nodePathOf(line, settingsRoots, _unendedPath::isEmpty);
+    node.lopName = known.path;
     tellReader(_sectionReader::usdRenderSettings, node.lopName);
     return readSection(
         stream, line,

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "catalogues/listIndex.h"
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
@@ -31,8 +32,8 @@ class _USD_RSList {
     qint32 findIndexByROP(const QString& renderNode) const;
     /// Notes that a driver uses settings. @return their index
     qint32 addFromROP(QString name, const QString& renderNode);
-    /// Stores path, camera, archive switch and archive file. The other flags of the stored entry stay as they were:
-    /// deliberate, hosts never saw them. @return the entry's index
+    /// Stores path, camera, archive switch and archive file. The other flags of the stored entry stay as they were: no
+    /// job that a host is given depends on them. @return the entry's index
     qint32 add(_USD_RendersettingNode& node);
 
     const QList<_USD_RendersettingNode>& entries() const { return settings.entries(); }
@@ -51,6 +52,8 @@ std::span<const QLatin1String> usdRsParameters();
 /// @param[in,out] line  in: the section's header; out: the last line read
 /// @return resultSuccess, or resultNoMoreJobs when the array has no record for one of its jobs
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
+/// The same for a node that is known.
+qint32 read_USD_RS_Node(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTextStream& stream, QString& line);
 
 }  // namespace vxP
 

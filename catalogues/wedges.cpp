@@ -13,14 +13,11 @@ namespace vxP {
 
 namespace {
 
-constexpr std::array wedgeRoots{QLatin1String{"out/"}, QLatin1String{"obj/"}};
 constexpr QLatin1String channelMethod{"channel"};
 constexpr QLatin1String parentFolder{"../"};
 
 /// A scene never has more channels.
 constexpr int greatestInstance = 10000;
-
-constexpr qint64 workPerChannel = 800;
 
 /// Characters of a variant's name that a record can hold.
 constexpr _size longestVariantName = 1000;
@@ -39,13 +36,13 @@ _wedgeParams* channelOf(_wedgeSection& section, int instance) {
     return instance < 1 || instance > greatestInstance ? nullptr : &section.channels[instance];
 }
 
-_step readPrefix(_wedgeSection& section, const QString& line, _size) {
+_step readPrefix(_wedgeSection& section, const QString& line) {
     section.node.prefix = unquoted(line);
     return _step::next;
 }
 
 /// Only one leading "../" is resolved.
-_step readDriver(_wedgeSection& section, const QString& line, _size) {
+_step readDriver(_wedgeSection& section, const QString& line) {
     _wedgeNode& node = section.node;
     node.driver = unquoted(line);
     if (node.driver.startsWith(parentFolder))
@@ -54,23 +51,23 @@ _step readDriver(_wedgeSection& section, const QString& line, _size) {
     return _step::next;
 }
 
-_step readMethod(_wedgeSection& section, const QString& line, _size) {
+_step readMethod(_wedgeSection& section, const QString& line) {
     section.node.wedgeMethod = unquoted(line);
     return _step::next;
 }
 
-/// Instance number between the parameter's name and its TAB.
-int instanceOf(const QString& line, _size nameLength, bool& isNumber) {
-    return vxS::wholeNumber(parameterName(line).mid(nameLength), &isNumber);
+/// Instance number in front of the TAB of a line whose word was cut off.
+int instanceOf(const QString& rest, bool& isNumber) {
+    return vxS::wholeNumber(parameterName(rest), &isNumber);
 }
 
-_step readName(_wedgeSection& section, const QString& line, _size nameLength) {
+_step readName(_wedgeSection& section, const QString& rest) {
     bool isNumber = false;
-    const int instance = instanceOf(line, nameLength, isNumber);
+    const int instance = instanceOf(rest, isNumber);
     if (!isNumber) return _step::leave;
     _wedgeParams* const channel = channelOf(section, instance);
     if (channel == nullptr) return _step::next;
-    const QString name = unquoted(line).left(longestVariantName);
+    const QString name = unquoted(rest).left(longestVariantName);
     const qint64 added = bytesOf(name) - bytesOf(channel->name);
     keepMemory(added);
     section.bytesOfNames += added;
@@ -78,23 +75,23 @@ _step readName(_wedgeSection& section, const QString& line, _size nameLength) {
     return _step::next;
 }
 
-_step readSteps(_wedgeSection& section, const QString& line, _size nameLength) {
+_step readSteps(_wedgeSection& section, const QString& rest) {
     bool isNumber = false;
-    const int instance = instanceOf(line, nameLength, isNumber);
+    const int instance = instanceOf(rest, isNumber);
     _wedgeParams* const channel = channelOf(section, instance);
     if (channel == nullptr) return _step::next;
-    channel->steps = vxS::wholeNumber(unquoted(line), &isNumber);
+    channel->steps = vxS::wholeNumber(unquoted(rest), &isNumber);
     if (!isNumber) tell(_remark::stepsUnknown);
     return _step::next;
 }
 
-_step readRange(_wedgeSection& section, const QString& line, _size nameLength) {
+_step readRange(_wedgeSection& section, const QString& rest) {
     bool isNumber = false;
-    const int instance = instanceOf(line, nameLength, isNumber);
+    const int instance = instanceOf(rest, isNumber);
     if (!isNumber) return _step::leave;
     _wedgeParams* const channel = channelOf(section, instance);
     if (channel == nullptr) return _step::next;
-    const QString value = unquoted(line).replace(QLatin1Char(','), QLatin1Char('.')).trimmed();
+    const QString value = unquoted(rest).replace(QLatin1Char(','), QLatin1Char('.')).trimmed();
     channel->start = firstField(value).toDouble();
     channel->end = nextFields(value).toDouble();
     return _step::next;
@@ -102,21 +99,22 @@ _step readRange(_wedgeSection& section, const QString& line, _size nameLength) {
 
 struct _wedgeRule {
     QLatin1String name;  ///< line prefix, letter case ignored; TAB ends a whole name
-    _step (*handle)(_wedgeSection&, const QString& line, _size nameLength);
+    _step (*handle)(_wedgeSection&, const QString& line);
+    bool isNumbered = false;  ///< a word in front of an instance number; the handler gets what follows the word
 };
 
 constexpr std::array wedgeRules{
     // first match wins
     _wedgeRule{QLatin1String{"prefix\t"}, readPrefix},      _wedgeRule{QLatin1String{"driver\t"}, readDriver},
-    _wedgeRule{QLatin1String{"wedgemethod\t"}, readMethod}, _wedgeRule{QLatin1String{"name"}, readName},
-    _wedgeRule{QLatin1String{"steps"}, readSteps},          _wedgeRule{QLatin1String{"range"}, readRange},
+    _wedgeRule{QLatin1String{"wedgemethod\t"}, readMethod}, _wedgeRule{QLatin1String{"name"}, readName, true},
+    _wedgeRule{QLatin1String{"steps"}, readSteps, true},    _wedgeRule{QLatin1String{"range"}, readRange, true},
 };
 
-constexpr auto wedgeNames = namesOf(wedgeRules);
+constexpr auto wedgeNames = ruleNames(wedgeRules);
 
 _step applyWedgeRules(_wedgeSection& section, const QString& line) {
     for (const auto& rule : wedgeRules)
-        if (isNamed(line, rule.name)) return rule.handle(section, line, rule.name.size());
+        if (isNamed(line, rule.name)) return rule.handle(section, rule.isNumbered ? line.mid(rule.name.size()) : line);
     return _step::next;
 }
 
@@ -172,7 +170,7 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
     int rest = wedgeIndex;
     for (const _wedgeParams& channel : params) {
         if (name.size() >= longestVariantName) break;
-        spendWork(workPerChannel);
+        spendWork(wedgeChannelCost);
         name += QLatin1Char('_') + channel.name + QLatin1Char('_') +
                 QString::number(channel.valueIdx(rest % channel.steps), 'f', 6);
         rest /= channel.steps;
@@ -181,8 +179,12 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
 }
 
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    return readWedgeNode({nodePathOf(line, objectRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 readWedgeNode(const _sectionNode& known, QTextStream& stream, QString& line) {
     _wedgeSection section;
-    section.node.nodePath = nodePathOf(line, wedgeRoots, _unendedPath::isEmpty);
+    section.node.nodePath = known.path;
     tellReader(_sectionReader::wedge, section.node.nodePath);
     const qint32 result = readSection(
         stream, line, [&](const QString& parameter) { return applyWedgeRules(section, parameter); },

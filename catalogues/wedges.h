@@ -6,6 +6,7 @@
 #include <QTextStream>
 #include <span>
 
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
@@ -22,7 +23,7 @@ struct _wedgeParams {
 };
 
 struct _wedgeNode {
-    QString prefix;  ///< begin of every variant's name
+    QString prefix;  ///< beginning of every variant's name
     QString nodePath;
     QString driver;  ///< node path of the output driver that is repeated
     QString wedgeMethod;
@@ -32,9 +33,8 @@ struct _wedgeNode {
     /// Number of variants: the product of all steps, which wraps around at 32 bits. 0 without channels. The first
     /// result stays, whatever becomes of the channels.
     qint32 totalWedges();
-    /// Name of a variant: the prefix, then "_channel_value" for each channel with 6 digits behind the point. The first
-    /// channel changes fastest from one variant to the next. Channels that stand behind what a record holds are left
-    /// out.
+    /// Name of a variant: the prefix, then "_channel_value" for each channel with 6 digits after the point. The first
+    /// channel changes fastest from one variant to the next. Channels beyond what a record can hold are left out.
     /// @param wedgeIndex  0 .. totalWedges() - 1; no channel may have 0 steps
     QString getWedgeFileName(int wedgeIndex) const;
 };
@@ -45,10 +45,13 @@ extern QList<_wedgeNode> wedges;  ///< lives as long as the plug-in is loaded an
 std::span<const QLatin1String> wedgeParameters();
 
 /// Reads a wedge section and appends the wedge when it varies channels of a driver in at least one variant. A "name" or
-/// "range" parameter without an instance number ends the section: deliberate, such a node is no wedge.
+/// "range" parameter without an instance number ends the section: such a node is no wedge, and hosts get no copies for
+/// it.
 /// @param[in,out] line  in: the section's header; out: the last line read
 /// @return resultSuccess
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
+/// The same for a node that is known.
+qint32 readWedgeNode(const _sectionNode& known, QTextStream& stream, QString& line);
 
 }  // namespace vxP
 

@@ -9,7 +9,7 @@ namespace vxP {
 
 namespace {
 
-/// A family of parameters `name1`, `name2`, ...
+/// Where the values of a family's parameters go.
 struct _aovFamily {
     QLatin1String name;
     QString _aovSlot::*part;
@@ -25,10 +25,10 @@ QString unquotedAsItIs(const QString& line) {
 }
 
 constexpr std::array aovFamilies{
-    _aovFamily{QLatin1String{"ar_aov_separate_file"}, &_aovSlot::fileName, unquoted, true},
-    _aovFamily{QLatin1String{"RS_aovCustomPrefix_"}, &_aovSlot::prefix, outerUnquoted, false},
-    _aovFamily{QLatin1String{"RS_aovSuffix_"}, &_aovSlot::suffix, outerUnquoted, false},
-    _aovFamily{QLatin1String{"RS_aovFileFormat_"}, &_aovSlot::fileFormat, unquotedAsItIs, false},
+    _aovFamily{aovSeparateFile, &_aovSlot::fileName, unquoted, true},
+    _aovFamily{aovCustomPrefix, &_aovSlot::prefix, outerUnquoted, false},
+    _aovFamily{aovSuffix, &_aovSlot::suffix, outerUnquoted, false},
+    _aovFamily{aovFileFormat, &_aovSlot::fileFormat, unquotedAsItIs, false},
 };
 
 constexpr QLatin1String aovToken{"$AOV"};

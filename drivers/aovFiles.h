@@ -1,12 +1,19 @@
 // Output files of single render passes (AOVs): their parameters, and how their file names are put together.
 #pragma once
 
+#include <QLatin1String>
 #include <QString>
 #include <array>
 
 #include "drivers/outNodeDriver.h"
 
 namespace vxP {
+
+// Families of pass parameters: slot N's is called by the family's name and N.
+constexpr QLatin1String aovSeparateFile{"ar_aov_separate_file"};
+constexpr QLatin1String aovCustomPrefix{"RS_aovCustomPrefix_"};
+constexpr QLatin1String aovSuffix{"RS_aovSuffix_"};
+constexpr QLatin1String aovFileFormat{"RS_aovFileFormat_"};
 
 /// Takes a pass parameter, whose name ends with the slot's number, into its slot. A value relative to the scene
 /// ("$HIP") sets `HIPFound_DisableLocalScene`.

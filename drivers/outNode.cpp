@@ -11,8 +11,6 @@ namespace vxP {
 namespace {
 
 constexpr qint32 mostJobsBefore = 250;  ///< with more jobs than that, later drivers are passed over
-constexpr std::array driverRoots{QLatin1String{"out/"}, QLatin1String{"stage/"}, QLatin1String{"img/"},
-                                 QLatin1String{"obj/"}};
 
 void restartFrameRange() {
     trange = false;
@@ -21,9 +19,9 @@ void restartFrameRange() {
     seqStep = GLseqStep;
 }
 
-void passOver(const QString& header) {
+void passOver(const QString& nodePath) {
     if (scanObserver == nullptr) return;
-    scanObserver->readerTakes(_sectionReader::driver, nodePathOf(header, driverRoots, _unendedPath::isWhole));
+    scanObserver->readerTakes(_sectionReader::driver, nodePath);
     scanObserver->remark(_remark::passedOver, QString::number(mostJobsBefore));
 }
 
@@ -31,8 +29,14 @@ void passOver(const QString& header) {
 
 qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line, bool& activeTakeUsed,
                    const int& majorVersion, const QString& versionText) {
+    return readOutNode(load, {nodePathOf(line, outputRoots, _unendedPath::isWhole)}, stream, line, activeTakeUsed,
+                       majorVersion, versionText);
+}
+
+qint32 readOutNode(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTextStream& stream, QString& line,
+                   bool& activeTakeUsed, const int& majorVersion, const QString& versionText) {
     if (load->jobArray->count > mostJobsBefore) {
-        passOver(line);
+        passOver(known.path);
         return resultSuccess;
     }
     restartFrameRange();
@@ -40,7 +44,8 @@ qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& 
                    .activeTakeUsed = activeTakeUsed,
                    .majorVersion = majorVersion,
                    .versionText = versionText,
-                   .nodePath = nodePathOf(line, driverRoots, _unendedPath::isWhole)};
+                   .nodePath = known.path,
+                   .traits = known.traits};
     tellReader(_sectionReader::driver, driver.nodePath);
     return readSection(
         stream, line, [&](const QString& parameter) { return applyOutNodeRules(driver, parameter); },

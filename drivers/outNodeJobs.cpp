@@ -6,6 +6,7 @@
 #include "grammar/houdiniVariables.h"
 #include "scan/scanBudget.h"
 #include "scan/scanObserver.h"
+#include "shared/vxLatin.h"
 #include "shared/vxPath.h"
 
 namespace vxP {
@@ -32,9 +33,11 @@ constexpr std::array aovPlaceholders{
     _aovPlaceholder{QLatin1String{"$AOV_"}, QLatin1String{"<ValueVar @$AOV_>"}},
 };
 
-/// A Karma driver renders the stage that it stands in: it is its own LOP node.
+/// A Karma driver renders the stage that it is in: it is its own LOP node.
 void registerKarma(_driver& driver) {
-    if (!driver.nodePath.contains(QLatin1String("/karma"))) return;
+    const bool isKarma =
+        driver.traits == nullptr ? driver.nodePath.contains(vxS::latin(karmaNode)) : driver.traits->rendersStage;
+    if (!isKarma) return;
     _LOPNode node;
     node.lopName = driver.nodePath;
     node.imageName = driver.imageName;
@@ -45,15 +48,17 @@ void registerKarma(_driver& driver) {
     driver.kinds.clear(_kind::openGL);
 }
 
-bool isUsable(const QString& name, _remark whenEmpty, _remark whenViewerOnly) {
+bool writesAFile(const QString& name, _remark whenEmpty, _remark whenViewerOnly) {
     if (name.isEmpty()) tell(whenEmpty);
     if (name == viewerOnly) tell(whenViewerOnly, name);
     return !name.isEmpty() && name != viewerOnly;
 }
 
 bool hasUsableOutput(const _driver& driver) {
-    return isUsable(driver.imageName, _remark::noImageName, _remark::imageViewerOnly) &&
-           (!driver.isExport || isUsable(driver.exportName, _remark::noExportName, _remark::exportViewerOnly));
+    const bool hasImage =
+        driver.exportsOnly() || writesAFile(driver.imageName, _remark::noImageName, _remark::imageViewerOnly);
+    return hasImage &&
+           (!driver.isExport || writesAFile(driver.exportName, _remark::noExportName, _remark::exportViewerOnly));
 }
 
 void removeBraces(QString& name) {
@@ -69,7 +74,7 @@ QString translated(const QString& name, const _driver& driver, _JobBasics_largeP
 }
 
 void fillJob(const _driver& driver, _JobBasics_largePath& job) {
-    job.app = QString(appNameHoudini);
+    job.app = appNameHoudini;
     job.sceneDatabaseDir = DatabaseDir;
     job.sceneSettings.seqStart = seqStart;
     job.sceneSettings.seqEnd = seqEnd;
@@ -98,13 +103,20 @@ quint8 numberOfLastJob(const vxJ::_JobBasicsArray& jobs) {
     return static_cast<quint8>(jobs.count);
 }
 
+/// A name without a frame number is that of one file, which a plain load leaves open.
+void noteOneFile(const _driver& driver, bool hasNoFrame, _JobBasics_largePath& job) {
+    if (driver.traits != nullptr && hasNoFrame) job.imageSingleOutputFile = true;
+}
+
 void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_largePath& job) {
     if (driver.isExport) {
         job.imageFileName = driver.exportName;
         nameExportJob(driver, job, jobs);
+        noteOneFile(driver, driver.oneExportFile, job);
     } else {
         job.imageFileName = driver.imageName;
         nameRenderJob(driver, job);
+        noteOneFile(driver, driver.oneImageFile, job);
         addChannels(driver, job);
     }
     splitImageName(job.imageFileName.toQString(), driver, job);  // as far as the record holds it
@@ -131,6 +143,7 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
     job->imageDir.clear();
     job->imageExtension.clear();
     nameJobOfExport(driver, exportJob.imageSingleOutputFile, *job);
+    noteOneFile(driver, driver.oneImageFile, *job);
     addChannels(driver, *job);
     splitImageName(driver.imageName, driver, *job);
     return resultSuccess;
@@ -140,6 +153,7 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
 
 qint32 addJobsOf(_driver& driver) {
     registerKarma(driver);
+    driver.isExport |= driver.exportsOnly();
     if (!hasUsableOutput(driver)) {
         emptyNodesfound = true;
         return resultSuccess;
@@ -155,12 +169,12 @@ qint32 addJobsOf(_driver& driver) {
     nodeActiveTakes[_vxString<150>(driver.nodePath)] = driver.take;
     for (QString* const name : {&driver.imageName, &driver.exportName}) markAovVariables(*name);
     completeFirstJob(driver, jobs, *job);
-    if (driver.isExport && !driver.cameraIsProxyExport) {
+    if (driver.isExport && !driver.cameraIsProxyExport && !driver.exportsOnly()) {
         const qint32 added = addJobOfExport(driver, jobs);
         if (added != resultSuccess) return added;
         job = jobs.at(first);
     }
-    // The render job was copied before and goes without.
+    // The render job was copied before and does not get it.
     if (job->layer.contains(QString(simulationMark)))
         job->sceneSettings.customDataSet_Str(vxJ::CUSTOMSubmitterParameter, simulationParameters);
     return resultSuccess;

@@ -1,5 +1,7 @@
 #include "drivers/outNodeRules.h"
 
+#include <algorithm>
+
 #include "catalogues/camList.h"
 #include "catalogues/lopList.h"
 #include "drivers/aovFiles.h"
@@ -7,6 +9,7 @@
 #include "grammar/nameText.h"
 #include "grammar/paramRules.h"
 #include "grammar/paramSection.h"
+#include "shared/vxLatin.h"
 
 namespace vxP {
 
@@ -27,9 +30,14 @@ bool hasNoExportName(const _driver& driver) {
     return driver.exportName.isEmpty();
 }
 
-template <_kind... others>
-bool isNone(const _driver& driver) {
-    return !(driver.has(others) || ...);
+/// Kinds with an export switch of their own.
+constexpr std::array switchedKinds{_kind::arnold, _kind::redshift, _kind::vray, _kind::renderman};
+
+/// A switch counts until the section turns out to be of another kind that has one.
+template <_kind own>
+bool isNoneBut(const _driver& driver) {
+    return std::none_of(switchedKinds.begin(), switchedKinds.end(),
+                        [&](_kind kind) { return kind != own && driver.has(kind); });
 }
 
 /// Only Houdini 18.0 wrote this switch in place of a frame number in the name.
@@ -46,7 +54,7 @@ _step readTrange(_driver&, const QString& line) {
 }
 
 /// `[ f1<TAB>1 ] <TAB>[ f2<TAB>240 ] <TAB>1`. Without "f2" the end value stays in front of the step, which reads as 0:
-/// deliberate, hosts know such drivers by it.
+/// hosts match the jobs of two loads by their frames as well, so such drivers keep it.
 void readChannelRange(QString value) {
     constexpr QLatin1String startChannel{"f1"};
     constexpr QLatin1String endChannel{"f2"};
@@ -86,6 +94,7 @@ _step readImage(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     const bool stored = replaceImageOutVars(line, driver.has(_kind::redshift), driver.imageName, driver.activeTakeUsed,
                                             noFrameVariable);
+    if (stored) driver.oneImageFile = noFrameVariable;
     if (stored && noFrameVariable && driver.has(_kind::alembic)) driver.singleFile = true;
     return _step::next;
 }
@@ -112,7 +121,7 @@ _step readFileFormat(_driver& driver, const QString& line) {
 
 _step readLopPath(_driver& driver, const QString& line) {
     const QString path = unquoted(line);
-    if (!path.contains(QLatin1String("/hdprman"))) return _step::next;
+    if (!path.contains(vxS::latin(prmanNode))) return _step::next;
     const qint32 index = LOPList.addLOPFromOutNode(path, driver.nodePath);
     const QString image = LOPList[index].imageName;
     if (!image.isEmpty()) driver.imageName = image;
@@ -175,6 +184,7 @@ _step readExportFile(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     tell(_remark::exportName);
     const bool stored = replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable);
+    if (stored) driver.oneExportFile = noFrameVariable;
     if (stored && noFrameVariable && driver.has(_kind::vray)) driver.singleFile = true;
     return _step::next;
 }
@@ -184,62 +194,61 @@ _step readExportFile(_driver& driver, const QString& line) {
 struct _paramRule {
     QLatin1String name;            ///< line prefix, letter case ignored; TAB ends a whole name
     bool (*when)(const _driver&);  ///< the row counts only while this holds
-    _kind kind;                    ///< driver kind the row implies; keep: none
+    _kind kind;                    ///< driver kind the row implies
     _step (*handle)(_driver&, const QString& line);
+    _parameterRole role = _parameterRole::other;
 };
 
-constexpr auto notForOthersThanMantra = isNone<_kind::arnold, _kind::redshift, _kind::vray, _kind::renderman>;
-constexpr auto notForOthersThanArnold = isNone<_kind::redshift, _kind::vray, _kind::renderman>;
-constexpr auto notForOthersThanRedshift = isNone<_kind::arnold, _kind::vray, _kind::renderman>;
-constexpr auto notForOthersThanRenderman = isNone<_kind::redshift, _kind::arnold, _kind::vray>;
+constexpr auto output = _parameterRole::output;
+constexpr auto frameRange = _parameterRole::frameRange;
 
 constexpr std::array outNodeRules{
     // first match wins
-    _paramRule{QLatin1String{"trange"}, always, _kind::keep, readTrange},
-    _paramRule{QLatin1String{"f\t"}, hasTrange, _kind::keep, readFrameRange},
-    _paramRule{QLatin1String{"vm_picture\t"}, always, _kind::keep, readImage},
-    _paramRule{QLatin1String{"copoutput\t"}, always, _kind::keep, readImage},
-    _paramRule{QLatin1String{"ar_picture\t"}, always, _kind::arnold, readImage},
-    _paramRule{QLatin1String{"RS_outputFileNamePrefix\t"}, always, _kind::redshift, readImage},
-    _paramRule{QLatin1String{"picture\t"}, always, _kind::openGL, readImage},
-    _paramRule{QLatin1String{"sopoutput\t"}, always, _kind::geometry, readImage},
-    _paramRule{QLatin1String{"file\t"}, always, _kind::geometry, readImage},
-    _paramRule{QLatin1String{"filename\t"}, always, _kind::alembic, readImage},
-    _paramRule{QLatin1String{"SettingsOutput_img_file_path\t"}, always, _kind::vray, readImage},
-    _paramRule{QLatin1String{"outputimage\t"}, always, _kind::lop, readImage},
-    _paramRule{QLatin1String{"ri_display_0\t"}, always, _kind::renderman, readImage},
-    _paramRule{QLatin1String{"ri_display\t"}, always, _kind::renderman, readImage},
-    _paramRule{QLatin1String{"take\t"}, always, _kind::keep, readTake},
-    _paramRule{QLatin1String{"camera\t"}, always, _kind::keep, readCamera},
-    _paramRule{QLatin1String{"RS_renderCamera\t"}, always, _kind::keep, readCamera},
-    _paramRule{QLatin1String{"RS_outputFileFormat\t"}, always, _kind::keep, readFileFormat},
-    _paramRule{QLatin1String{"loppath\t"}, always, _kind::keep, readLopPath},
-    _paramRule{QLatin1String{"lopoutput\t"}, always, _kind::lop, readLopOutput},
-    _paramRule{QLatin1String{"renderer\t"}, always, _kind::keep, readRenderer},
-    _paramRule{QLatin1String{"soho_outputmode"}, notForOthersThanMantra, _kind::keep, readExportToggle},
-    _paramRule{QLatin1String{"ar_ass_export_enable\t"}, notForOthersThanArnold, _kind::keep, readExportToggle},
-    _paramRule{QLatin1String{"RS_archive_enable\t"}, notForOthersThanRedshift, _kind::keep, readExportToggle},
-    _paramRule{QLatin1String{"rib_outputmode\t"}, notForOthersThanRenderman, _kind::keep, readExportToggle},
-    _paramRule{QLatin1String{"diskfile\t"}, notForOthersThanRenderman, _kind::keep, readExportToggle},
-    _paramRule{QLatin1String{"render_export_mode\t"}, always, _kind::keep, readExportMode},
-    _paramRule{QLatin1String{"fileperframe\t"}, countsFramesBySwitch, _kind::keep, readFilePerFrame},
-    _paramRule{QLatin1String{"override_camerares\t"}, always, _kind::keep, readOverrideSwitch},
-    _paramRule{QLatin1String{"RS_overrideCameraRes\t"}, always, _kind::keep, readOverrideSwitch},
-    _paramRule{QLatin1String{"res_override\t"}, always, _kind::keep, readOverrideResolution},
-    _paramRule{QLatin1String{"RS_overrideRes\t"}, always, _kind::keep, readOverrideResolution},
-    _paramRule{QLatin1String{"ar_aov_separate_file"}, always, _kind::keep, readAov},
-    _paramRule{QLatin1String{"RS_aovCustomPrefix_"}, always, _kind::keep, readAov},
-    _paramRule{QLatin1String{"RS_aovSuffix_"}, always, _kind::keep, readAov},
-    _paramRule{QLatin1String{"RS_aovFileFormat_"}, always, _kind::keep, readAov},
-    _paramRule{QLatin1String{"objectPath"}, isAlembic, _kind::keep, leaveSection},  // reads Alembic, writes none
-    _paramRule{QLatin1String{"missing_texture_color"}, isAlembic, _kind::keep, leaveSection},
-    _paramRule{QLatin1String{"soho_diskfile\t"}, hasNoExportName, _kind::keep, readExportFile},
+    _paramRule{QLatin1String{"trange"}, always, _kind::none, readTrange, frameRange},
+    _paramRule{QLatin1String{"f\t"}, hasTrange, _kind::none, readFrameRange, frameRange},
+    _paramRule{QLatin1String{"vm_picture\t"}, always, _kind::none, readImage, output},
+    _paramRule{QLatin1String{"copoutput\t"}, always, _kind::none, readImage, output},
+    _paramRule{QLatin1String{"ar_picture\t"}, always, _kind::arnold, readImage, output},
+    _paramRule{QLatin1String{"RS_outputFileNamePrefix\t"}, always, _kind::redshift, readImage, output},
+    _paramRule{QLatin1String{"picture\t"}, always, _kind::openGL, readImage, output},
+    _paramRule{QLatin1String{"sopoutput\t"}, always, _kind::geometry, readImage, output},
+    _paramRule{QLatin1String{"file\t"}, always, _kind::geometry, readImage, output},
+    _paramRule{QLatin1String{"filename\t"}, always, _kind::alembic, readImage, output},
+    _paramRule{QLatin1String{"SettingsOutput_img_file_path\t"}, always, _kind::vray, readImage, output},
+    _paramRule{QLatin1String{"outputimage\t"}, always, _kind::lop, readImage, output},
+    _paramRule{QLatin1String{"ri_display_0\t"}, always, _kind::renderman, readImage, output},
+    _paramRule{QLatin1String{"ri_display\t"}, always, _kind::renderman, readImage, output},
+    _paramRule{QLatin1String{"take\t"}, always, _kind::none, readTake},
+    _paramRule{QLatin1String{"camera\t"}, always, _kind::none, readCamera},
+    _paramRule{QLatin1String{"RS_renderCamera\t"}, always, _kind::none, readCamera},
+    _paramRule{QLatin1String{"RS_outputFileFormat\t"}, always, _kind::none, readFileFormat},
+    _paramRule{QLatin1String{"loppath\t"}, always, _kind::none, readLopPath},
+    _paramRule{QLatin1String{"lopoutput\t"}, always, _kind::lop, readLopOutput, output},
+    _paramRule{QLatin1String{"renderer\t"}, always, _kind::none, readRenderer},
+    _paramRule{QLatin1String{"soho_outputmode"}, isNoneBut<_kind::mantra>, _kind::none, readExportToggle},
+    _paramRule{QLatin1String{"ar_ass_export_enable\t"}, isNoneBut<_kind::arnold>, _kind::none, readExportToggle},
+    _paramRule{QLatin1String{"RS_archive_enable\t"}, isNoneBut<_kind::redshift>, _kind::none, readExportToggle},
+    _paramRule{QLatin1String{"rib_outputmode\t"}, isNoneBut<_kind::renderman>, _kind::none, readExportToggle},
+    _paramRule{QLatin1String{"diskfile\t"}, isNoneBut<_kind::renderman>, _kind::none, readExportToggle},
+    _paramRule{QLatin1String{"render_export_mode\t"}, always, _kind::none, readExportMode},
+    _paramRule{QLatin1String{"fileperframe\t"}, countsFramesBySwitch, _kind::none, readFilePerFrame},
+    _paramRule{QLatin1String{"override_camerares\t"}, always, _kind::none, readOverrideSwitch},
+    _paramRule{QLatin1String{"RS_overrideCameraRes\t"}, always, _kind::none, readOverrideSwitch},
+    _paramRule{QLatin1String{"res_override\t"}, always, _kind::none, readOverrideResolution},
+    _paramRule{QLatin1String{"RS_overrideRes\t"}, always, _kind::none, readOverrideResolution},
+    _paramRule{aovSeparateFile, always, _kind::none, readAov},
+    _paramRule{aovCustomPrefix, always, _kind::none, readAov},
+    _paramRule{aovSuffix, always, _kind::none, readAov},
+    _paramRule{aovFileFormat, always, _kind::none, readAov},
+    _paramRule{QLatin1String{"objectPath"}, isAlembic, _kind::none, leaveSection},  // reads Alembic, writes none
+    _paramRule{QLatin1String{"missing_texture_color"}, isAlembic, _kind::none, leaveSection},
+    _paramRule{QLatin1String{"soho_diskfile\t"}, hasNoExportName, _kind::none, readExportFile},
     _paramRule{QLatin1String{"ar_ass_file"}, hasNoExportName, _kind::arnold, readExportFile},
     _paramRule{QLatin1String{"RS_archive_file"}, hasNoExportName, _kind::redshift, readExportFile},
     _paramRule{QLatin1String{"render_export_filepath"}, hasNoExportName, _kind::vray, readExportFile},
 };
 
-/// No row that always counts stands before a row whose name it begins.
+/// No row that always counts comes before a row whose name begins with its own.
 template <std::size_t Size>
 constexpr bool everyRowReachable(const std::array<_paramRule, Size>& rules) {
     for (std::size_t earlier = 0; earlier < Size; ++earlier)
@@ -250,7 +259,7 @@ constexpr bool everyRowReachable(const std::array<_paramRule, Size>& rules) {
 
 static_assert(everyRowReachable(outNodeRules), "an earlier, shorter name hides a later row");
 
-constexpr auto outNodeNames = namesOf(outNodeRules);
+constexpr auto outNodeNames = ruleNames(outNodeRules);
 constexpr _rowsByLetter<outNodeRules.size()> outNodeRows{outNodeRules};
 
 }  // namespace
@@ -260,11 +269,8 @@ std::span<const QLatin1String> outNodeParameters() {
 }
 
 _parameterRole roleOf(const QString& line) {
-    for (const _paramRule& rule : outNodeRules) {
-        if (!isNamed(line, rule.name)) continue;
-        if (rule.handle == readTrange || rule.handle == readFrameRange) return _parameterRole::frameRange;
-        if (rule.handle == readImage || rule.handle == readLopOutput) return _parameterRole::output;
-    }
+    for (const _paramRule& rule : outNodeRules)
+        if (rule.role != _parameterRole::other && isNamed(line, rule.name)) return rule.role;
     return _parameterRole::other;
 }
 
@@ -272,7 +278,7 @@ _step applyOutNodeRules(_driver& driver, const QString& line) {
     for (std::size_t row = outNodeRows.first(line); row < outNodeRules.size(); row = outNodeRows.next(row)) {
         const _paramRule& rule = outNodeRules[row];
         if (!isNamed(line, rule.name) || !rule.when(driver)) continue;
-        if (rule.kind != _kind::keep) driver.kinds.set(rule.kind);
+        if (rule.kind != _kind::none) driver.kinds.set(rule.kind);
         const _step step = rule.handle(driver, line);
         if (step != _step::unmatched) return step;
     }

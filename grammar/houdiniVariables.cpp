@@ -11,13 +11,11 @@ namespace vxP {
 
 namespace {
 
-constexpr qint64 workPerVariable = 2000;
-
 constexpr QChar variableMark{u'$'};
 constexpr std::array sceneExtensions{QLatin1String{".hiplc"}, QLatin1String{".hipnc"}, QLatin1String{".hip"}};
 
-/// Positions of the "$" of a text. What stands behind these few is quicker told than where each form of each variable
-/// occurs.
+/// Positions of the "$" of a text. It is quicker to look at what follows these few than to search for each form of each
+/// variable.
 QList<_size> marksOf(const QString& text) {
     QList<_size> marks;
     for (_size at = text.indexOf(variableMark); at >= 0; at = text.indexOf(variableMark, at + 1)) marks.append(at);
@@ -41,7 +39,7 @@ QString bracedForm(const QString& name) {
     return QLatin1String("${") + name + QLatin1Char('}');
 }
 
-/// "$name", then "${name}", with `suffix` behind either.
+/// "$name", then "${name}", with `suffix` after either.
 void replaceVariable(QString& text, const QString& name, const QString& value, const QString& suffix = {}) {
     if (!holdsVariable(text, marksOf(text), name)) return;
     replaceInName(text, plainForm(name) + suffix, value, Qt::CaseInsensitive);
@@ -49,15 +47,15 @@ void replaceVariable(QString& text, const QString& name, const QString& value, c
 }
 
 /// A value without scene extensions, the meaning of ":r".
-QString rootOf(QString value) {
+QString withoutSceneExtension(QString value) {
     for (const QLatin1String extension : sceneExtensions) value.remove(extension);
     return value;
 }
 
-/// The plain forms go before the braced ones, each with ":r" first.
+/// The plain forms come before the braced ones, each with ":r" first.
 void replaceSceneVariable(QString& text, const _namevalue& variable) {
-    spendWork(workPerVariable + variable.value.size());
-    const QString root = rootOf(variable.value);
+    spendWork(sceneVariableCost, variable.value.size());
+    const QString root = withoutSceneExtension(variable.value);
     for (const QString& form : {plainForm(variable.name), bracedForm(variable.name)}) {
         replaceInName(text, form + QLatin1String(":r"), root, Qt::CaseInsensitive);
         replaceInName(text, form, variable.value, Qt::CaseInsensitive);
@@ -81,7 +79,7 @@ QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, co
     if (!text.contains(variableMark)) return text;
     const QString sceneBase = vxS::vxGetFileNameBase(sceneFile.toQString(), u'/');
     const QString sceneFolder = job->sceneDatabaseDir.toQString();
-    // Longer names stand before names that begin them.
+    // A longer name comes before names that it begins with.
     replaceVariable(text, QStringLiteral("hipname"), sceneBase, QStringLiteral(":r"));
     replaceVariable(text, QStringLiteral("HIPNAME"), sceneBase);
     replaceVariable(text, QStringLiteral("HIPPATH"), sceneFolder);

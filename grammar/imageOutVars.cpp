@@ -11,8 +11,6 @@ namespace vxP {
 
 namespace {
 
-constexpr qint64 workPerName = 1500;
-
 /// A frame variable as scenes write it: the text before its digit.
 struct _frameVariable {
     QLatin1String name;
@@ -57,7 +55,7 @@ void convertTake(QString& name, bool& activeTakeUsed) {
     for (const QLatin1String text : takeTexts) name.replace(text, takePlaceholder, Qt::CaseInsensitive);
 }
 
-bool isUsable(const QString& name) {
+bool isFileName(const QString& name) {
     for (const QLatin1String mark : unusableMarks) {
         if (!name.contains(mark)) continue;
         tell(_remark::nameUnusable, mark);
@@ -80,7 +78,7 @@ bool convertFrameVariable(QString& name, QLatin1String variable) {
 }
 
 bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& activeTakeUsed, bool& noFrameVariable) {
-    spendWork(workPerName);
+    spendWork(outputNameCost);
     const QString channelReference = QLatin1String("[ ") + parameterName(line);
     QString name = fileNameOf(line);
     writeFractionsAsPlain(name);
@@ -88,14 +86,14 @@ bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& 
     name.remove(QLatin1Char('{')).remove(QLatin1Char('}'));
     convertTake(name, activeTakeUsed);
     if (name.contains(channelReference)) {
-        if (!out.isEmpty()) {  // a name read before goes before one driven by a channel
+        if (!out.isEmpty()) {  // a name read before takes precedence over one driven by a channel
             tell(_remark::nameComesSecond);
             return false;
         }
         name = name.remove(channelReference).remove(QLatin1Char(']')).trimmed();
     }
-    if (!isUsable(name)) return false;
-    if (prepend) spendWork(out.size());
+    if (!isFileName(name)) return false;
+    if (prepend) spendWork(prefixedNameCost, out.size());
     out = (prepend ? name + out : name).left(longestName);
     return true;
 }

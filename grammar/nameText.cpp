@@ -4,31 +4,25 @@
 
 namespace vxP {
 
-namespace {
-
-constexpr qint64 workPerReplacement = 40;
-
-}  // namespace
-
 void appendToName(QString& name, const QString& text) {
     if (name.size() < longestName) name += QStringView(text).left(longestName - name.size());
 }
 
 void replaceInName(QString& name, const QString& before, const QString& after, Qt::CaseSensitivity sensitivity) {
-    spendWork(workPerReplacement + 4 * name.size());
+    spendWork(replacementCost, name.size());
     _size found = name.indexOf(before, 0, sensitivity);
     if (found < 0) return;
     QString replaced;
     _size copied = 0;
     for (; found >= 0 && replaced.size() < longestName; found = name.indexOf(before, copied, sensitivity)) {
-        spendWork(workPerReplacement);
+        spendWork(occurrenceCost);
         replaced += QStringView(name).mid(copied, found - copied);
         replaced += QStringView(after).left(longestName);
         copied = found + before.size();
     }
     replaced += QStringView(name).mid(copied);
     replaced.truncate(longestName);
-    spendWork(replaced.size());
+    spendWork(replacedNameCost, replaced.size());
     name = replaced;
 }
 

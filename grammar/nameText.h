@@ -12,7 +12,7 @@ using vxS::_size;
 /// Characters of a name; what is longer is cut. A record holds 1000.
 constexpr _size longestName = 16384;
 
-/// Puts a text behind a name, as far as there is room.
+/// Appends a text to a name, as far as there is room.
 void appendToName(QString& name, const QString& text);
 
 /// Replaces every `before` (not empty); the name is cut at `longestName`.

@@ -23,7 +23,7 @@ constexpr bool beginsName(QLatin1String longer, QLatin1String shorter) {
 
 /// The names of a table, in its order.
 template <typename Rule, std::size_t Size>
-constexpr std::array<QLatin1String, Size> namesOf(const std::array<Rule, Size>& rules) {
+constexpr std::array<QLatin1String, Size> ruleNames(const std::array<Rule, Size>& rules) {
     std::array<QLatin1String, Size> names{};
     for (std::size_t row = 0; row < Size; ++row) names[row] = rules[row].name;
     return names;
@@ -49,7 +49,7 @@ class _rowsByLetter {
         const char16_t letter = line.isEmpty() ? u'\0' : line.at(0).toCaseFolded().unicode();
         return letter < firstRows.size() ? firstRows[code(static_cast<char>(letter))] : Size;
     }
-    /// Row behind `row` for the same letter, or `Size`.
+    /// Row after `row` for the same letter, or `Size`.
     constexpr std::size_t next(std::size_t row) const { return nextRows[row]; }
 
  private:

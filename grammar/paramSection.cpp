@@ -1,14 +1,12 @@
 #include "grammar/paramSection.h"
 
 #include "scan/scanBudget.h"
+#include "shared/vxLatin.h"
 #include "shared/vxNumber.h"
 
 namespace vxP {
 
 namespace {
-
-constexpr qint64 workPerLine = 500;
-constexpr qint64 workPerCharacter = 10;
 
 constexpr QLatin1String nodeExpression{"`chsop(\\"};
 
@@ -26,7 +24,7 @@ QString behindOpeningParenthesis(const QString& line) {
 _sectionStep nextParameter(QTextStream& stream, QString& line) {
     while (!stream.atEnd()) {
         line = stream.readLine().trimmed();
-        spendWork(workPerLine + workPerCharacter * line.size());
+        spendWork(parameterLineCost, line.size());
         if (line.isEmpty() || line.startsWith(QLatin1Char('#'))) continue;
         return line.startsWith(QLatin1Char('}')) ? _sectionStep::closed : _sectionStep::parameter;
     }
@@ -49,7 +47,7 @@ QString nodePathOf(const QString& header, std::span<const QLatin1String> roots, 
         path = header.mid(start);
         break;
     }
-    const _size end = path.indexOf(QLatin1String(sectionSuffix.data(), static_cast<_size>(sectionSuffix.size())));
+    const _size end = path.indexOf(vxS::latin(sectionSuffix));
     if (end < 0 && unended == _unendedPath::isEmpty) path.clear();
     path = QLatin1Char('/') + cutAt(path, end);
     path.squeeze();  // it may have been cut out of a line of half a megabyte, and is kept

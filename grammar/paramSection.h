@@ -9,6 +9,7 @@
 #include <QLatin1String>
 #include <QString>
 #include <QTextStream>
+#include <array>
 #include <span>
 #include <string_view>
 
@@ -21,6 +22,27 @@ using vxS::_size;
 
 /// Ends the path in a section's header.
 constexpr std::string_view sectionSuffix{".parm"};
+
+// Roots of node paths, in the orders in which headers are searched for them.
+constexpr QLatin1String outRoot{"out/"};
+constexpr QLatin1String objRoot{"obj/"};
+constexpr QLatin1String imgRoot{"img/"};
+constexpr QLatin1String stageRoot{"stage/"};
+inline constexpr std::array objectRoots{outRoot, objRoot};
+inline constexpr std::array outputRoots{outRoot, stageRoot, imgRoot, objRoot};
+
+/// What the type of a node tells about it. A plain load knows no types.
+struct _nodeTraits {
+    bool exportsOnly = false;    ///< a driver: writes a scene description that no job renders
+    bool rendersStage = false;   ///< a driver: is the node of the stage that it renders
+    bool isStereo = false;       ///< a camera
+};
+
+/// The node whose section is read.
+struct _sectionNode {
+    QString path;                          ///< "/out/mantra1"
+    const _nodeTraits* traits = nullptr;  ///< null: the section itself and the path have to tell
+};
 
 /// How far a section has been read.
 enum class _sectionStep {
@@ -73,23 +95,23 @@ enum class _unendedPath { isEmpty, isWhole };
 /// Node path of a section: "/" and the header from the first of `roots` that occurs in it up to ".parm".
 QString nodePathOf(const QString& header, std::span<const QLatin1String> roots, _unendedPath unended);
 
-/// Text between the first "(" and the first ")" behind it, trimmed. Without "(" from the line's begin, without ")" to
-/// its end.
+/// Text between the first "(" and the first ")" after it, trimmed. Without "(" it begins with the line, without ")" it
+/// ends with it.
 QString parenthesised(const QString& line);
 /// The same up to the line's last ")": file names may hold parentheses themselves.
 QString outerParenthesised(const QString& line);
 /// `parenthesised` without any double quote, trimmed.
 QString unquoted(const QString& line);
-/// A value without the double quote at its begin and the one at its end, each by itself.
+/// A value without the double quote at its beginning and the one at its end, each by itself.
 QString withoutOuterQuotes(QString value);
 
 /// Text before the first separator; the whole text when there is none.
 QString textBefore(const QString& text, QChar separator);
-/// Text behind the first separator; the whole text when there is none.
+/// Text after the first separator; the whole text when there is none.
 QString textBehind(const QString& text, QChar separator);
-/// First of the fields that TABs part.
+/// First of the fields, which TABs separate.
 QString firstField(const QString& value);
-/// All fields behind the first one, trimmed; the whole value when there is only one.
+/// All fields after the first one, trimmed; the whole value when there is only one.
 QString nextFields(const QString& value);
 /// Base-10 number; white space around it is accepted, anything else (also a number beyond 32 bits) gives 0.
 qint32 integerOf(const QString& text);

@@ -6,47 +6,17 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <string>
 
-#include "input/sceneTexts.h"
+#include "input/returnInText.h"
+#include "input/searchedTexts.h"
 
 namespace vxP {
 
 namespace {
 
-// ---- the texts, and the three bytes of each by which it is found: its anchor
+// ---- anchors
 
-struct _searchedText {
-    std::string_view text;
-    std::size_t anchor;  ///< position of the three bytes: the rarer, the better
-    bool anyCase;
-};
-
-constexpr std::array searchedTexts{
-    _searchedText{sectionSuffix, 0, false},  _searchedText{saveVersionName, 0, true},
-    _searchedText{variableCommand, 4, true}, _searchedText{frameRangeCommand, 0, true},
-    _searchedText{takeCommand, 1, false},
-};
-
-constexpr char carriageReturn = '\r';
-constexpr std::string_view longS{"\xC5\xBF"};    ///< equals an "s" where letter case does not count
 constexpr std::string_view behindS{"eEaAiI\r"};  ///< what follows the "s" of a text, or may hide it
-
-/// Bytes of the texts, in two groups of which each is about a product of lower and upper halves. A carriage return
-/// between two of them may stand inside a text.
-constexpr std::array textBytes{std::string_view{"aeghikmnofAEGHIKMNOF"}, std::string_view{"prstv_PRSTV_ -."}};
-
-constexpr bool isLetter(char byte) {
-    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
-}
-
-constexpr char otherCase(char byte) {
-    return isLetter(byte) ? static_cast<char>(byte ^ 0x20) : byte;
-}
-
-constexpr std::uint8_t code(char byte) {
-    return static_cast<std::uint8_t>(byte);
-}
 
 /// Which of eight sets of bytes a byte is in, one bit a set, looked up by its two halves: a set is the product of its
 /// lower and its upper halves, and so may hold more bytes than were added.
@@ -65,7 +35,7 @@ struct _byteSets {
     }
 };
 
-/// An anchor stands where three bytes follow each other that share a set, each in its own table.
+/// An anchor is where three successive bytes share a set, each looked up in the table of its place.
 struct _anchorSets {
     std::array<_byteSets, 3> places;
 
@@ -106,43 +76,7 @@ constexpr _anchorSets anchors = makeAnchorSets();
 
 // ---- is it one?
 
-constexpr bool equals(char byte, char wanted, bool anyCase) {
-    return byte == wanted || (anyCase && byte == otherCase(wanted));
-}
-
-bool isTextAt(std::string_view bytes, std::size_t anchor, const _searchedText& searched) {
-    if (anchor < searched.anchor) return false;
-    const std::string_view found = bytes.substr(anchor - searched.anchor, searched.text.size());
-    return found.size() == searched.text.size() &&
-           std::equal(found.begin(), found.end(), searched.text.begin(),
-                      [&](char byte, char wanted) { return equals(byte, wanted, searched.anyCase); });
-}
-
-/// Which bytes follow each other in one of the texts.
-class _neighbours {
- public:
-    constexpr _neighbours() {
-        for (const auto& searched : searchedTexts)
-            for (std::size_t i = 0; i + 1 < searched.text.size(); ++i)
-                addPair(searched.text[i], searched.text[i + 1], searched.anyCase);
-    }
-    constexpr bool has(char before, char after) const {
-        return before >= 0 && after >= 0 && pairs[code(before)][code(after)];
-    }
-
- private:
-    constexpr void addPair(char before, char after, bool anyCase) {
-        for (const char first : {before, anyCase ? otherCase(before) : before})
-            for (const char second : {after, anyCase ? otherCase(after) : after})
-                pairs[code(first)][code(second)] = true;
-    }
-
-    std::array<std::array<bool, 128>, 128> pairs{};
-};
-
-constexpr _neighbours neighbours;
-
-/// However many carriage returns stand between two bytes of a text, there is an anchor.
+/// However many carriage returns there are between two bytes of a text, there is an anchor.
 constexpr bool everyJoinHasAnAnchor() {
     for (int before = 0; before < 128; ++before) {
         for (int behind = 0; behind < 128; ++behind) {
@@ -156,46 +90,8 @@ constexpr bool everyJoinHasAnAnchor() {
 }
 static_assert(everyJoinHasAnAnchor());
 
-constexpr std::size_t longestText =
-    std::max_element(searchedTexts.begin(), searchedTexts.end(),
-                     [](const auto& a, const auto& b) { return a.text.size() < b.text.size(); }) -> text.size();
-
-/// What stands around a place of its line when the carriage returns are gone, as far as a text reaches to either side.
-struct _surroundings {
-    std::string text;
-    bool isWhole = true;  ///< false: more may follow than there are bytes
-
-    _surroundings(std::string_view bytes, std::size_t at) {
-        for (std::size_t i = at; i > 0 && bytes[i - 1] != '\n' && text.size() < longestText; --i)
-            if (bytes[i - 1] != carriageReturn) text += bytes[i - 1];
-        std::reverse(text.begin(), text.end());
-        const std::size_t full = text.size() + longestText;
-        std::size_t i = at;
-        for (; i < bytes.size() && bytes[i] != '\n' && text.size() < full; ++i)
-            if (bytes[i] != carriageReturn) text += bytes[i];
-        isWhole = i < bytes.size();
-    }
-};
-
-bool holdsText(std::string_view bytes) {
-    for (std::size_t at = 0; at < bytes.size(); ++at)
-        if (std::any_of(searchedTexts.begin(), searchedTexts.end(),
-                        [&](const _searchedText& searched) { return isTextAt(bytes, at, searched); }))
-            return true;
-    return bytes.find(longS) != bytes.npos;
-}
-
-/// A carriage return in the middle of a text. Nearly all of them stand between bytes that are no neighbours anyway.
-bool joinsText(std::string_view bytes, std::size_t at) {
-    std::size_t before = at;
-    while (before > 0 && bytes[before] == carriageReturn) --before;
-    if (!neighbours.has(bytes[before], bytes[at + 1])) return false;
-    const _surroundings around(bytes, at);
-    return !around.isWhole || holdsText(around.text);
-}
-
 bool isCandidate(std::string_view bytes, std::size_t at) {
-    if (bytes[at + 1] == carriageReturn) return joinsText(bytes, at + 1);
+    if (bytes[at + 1] == carriageReturn) return isReturnInText(bytes, at + 1);
     if (bytes.substr(at, longS.size()) == longS) return true;
     return std::any_of(searchedTexts.begin(), searchedTexts.end(),
                        [&](const _searchedText& searched) { return isTextAt(bytes, at, searched); });
@@ -222,7 +118,7 @@ template <typename Bits>
     return end;
 }
 
-// The vector paths look up the sets of 32 or 64 bytes, and of the two bytes behind each, in one go.
+// The vector paths look up the sets of 32 or 64 bytes, and of the two bytes after each, in one go.
 
 [[gnu::target("avx2")]] __m256i setsAvx2(const char* bytes, const _byteSets& sets) {
     const __m256i half = _mm256_set1_epi8(15);

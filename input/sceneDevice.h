@@ -20,7 +20,7 @@ class _sceneDevice : public QIODevice {
     /// Tells that a reader takes the lines that follow, or no longer does. Which lines are wanted depends on it.
     void setSectionOpen(bool open) { lines->setSectionOpen(open); }
 
-    /// Position in the scene of the line read last (bytes from its begin).
+    /// Position in the scene of the line read last (bytes from its beginning).
     qint64 positionOfLine() const { return lines->positionOfLine(); }
 
     bool isSequential() const override { return true; }

@@ -3,47 +3,39 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
+#include <optional>
 #include <span>
 
 #include "input/sceneTexts.h"
+#include "input/sectionKinds.h"
+#include "jobs/renderers.h"
 
 namespace vxP {
 
 namespace {
 
-constexpr std::string_view archiveMagic{"Hou"};  ///< the header of an archive entry stands on its first line
+constexpr std::string_view archiveMagic{"Hou"};  ///< an archive entry has its header on its first line
 
-constexpr std::string_view outRoot{"out/"};
-constexpr std::string_view objRoot{"obj/"};
-constexpr std::array<std::string_view, 3> markedRoots{objRoot, "img/", "stage/"};
+constexpr std::array markedRoots{viewOf(objRoot), viewOf(imgRoot), viewOf(stageRoot)};
 
-/// A node outside out/ is taken for an output driver by a part of its path.
-struct _nodeTypeMark {
-    std::string_view part;    ///< begins with "/" or "_"
-    std::string_view unless;  ///< a part that rules it out; empty: none
-};
+consteval std::size_t numberOfNodeTypes() {
+    std::size_t number = 0;
+    for (const _renderer& renderer : renderers)
+        for (const _nodeTypeMark& mark : renderer.nodeTypes) number += mark.part.empty() ? 0 : 1;
+    return number;
+}
 
-constexpr std::array nodeTypeMarks{
-    _nodeTypeMark{"/mantra", {}},
-    _nodeTypeMark{"/arnold", {}},
-    _nodeTypeMark{"/Redshift_", {}},
-    _nodeTypeMark{"/rs_", {}},
-    _nodeTypeMark{"/opengl", {}},
-    _nodeTypeMark{"/geometry", {}},
-    _nodeTypeMark{"/geo", {}},
-    _nodeTypeMark{"_geo_", {}},
-    _nodeTypeMark{"/comp", {}},
-    _nodeTypeMark{"/rop_comp", {}},
-    _nodeTypeMark{"/alembic", "/alembicarchive"},
-    _nodeTypeMark{"/vray", {}},
-    _nodeTypeMark{"/usd_rop", {}},
-    _nodeTypeMark{"/usdrender_", {}},
-    _nodeTypeMark{"/ris", {}},
-    _nodeTypeMark{"/filecache", {}},
-    _nodeTypeMark{"/hdprman", {}},
-    _nodeTypeMark{"/karma", "renderproper"},
-    _nodeTypeMark{"/rendersettings", {}},
-};
+/// Of all renderers.
+consteval auto allNodeTypeMarks() {
+    std::array<_nodeTypeMark, numberOfNodeTypes()> marks{};
+    std::size_t next = 0;
+    for (const _renderer& renderer : renderers)
+        for (const _nodeTypeMark& mark : renderer.nodeTypes)
+            if (!mark.part.empty()) marks[next++] = mark;
+    return marks;
+}
+
+constexpr auto nodeTypeMarks = allNodeTypeMarks();
 
 // ---- the same tests for bytes and for decoded text
 
@@ -94,7 +86,7 @@ bool hasInAnyCase(_text<Char> text, std::string_view part) {
     return false;
 }
 
-/// The command, not a parameter of that name: parameters hold a flags group behind a TAB.
+/// The command, not a parameter of that name: parameters have a flags group after a TAB.
 template <typename Char>
 bool isFrameRange(_text<Char> line) {
     if (!begins(line, frameRangeCommand)) return false;
@@ -108,7 +100,7 @@ bool isVariable(_text<Char> line) {
            has(line, assignment);
 }
 
-/// The marks that a line may not be told by, as it holds what rules them out. Looked for once, not at every mark.
+/// The marks that a line may not be told by, as it holds what rules them out.
 template <typename Char>
 std::bitset<nodeTypeMarks.size()> ruledOut(_text<Char> line) {
     std::bitset<nodeTypeMarks.size()> marks;
@@ -125,10 +117,15 @@ bool mayBeMark(_text<Char> text) {
 
 template <typename Char>
 bool hasNodeTypeMark(_text<Char> line) {
-    const auto without = ruledOut(line);
+    std::optional<std::bitset<nodeTypeMarks.size()>> without;  // looked for once, not at every mark
+    const auto isRuledOut = [&](std::size_t row) {
+        if (!without) without = ruledOut(line);
+        return (*without)[row];
+    };
     const auto isMark = [&](_text<Char> text) {
         for (std::size_t row = 0; row < nodeTypeMarks.size(); ++row)
-            if (!without[row] && begins(text, nodeTypeMarks[row].part)) return true;
+            if (begins(text, nodeTypeMarks[row].part) && (nodeTypeMarks[row].unless.empty() || !isRuledOut(row)))
+                return true;
         return false;
     };
     for (std::size_t at = 0; at < line.size(); ++at)
@@ -144,40 +141,44 @@ bool hasMarkedRoot(_text<Char> line) {
 
 template <typename Char>
 bool isOutput(_text<Char> line) {
-    return has(line, outRoot) || (hasMarkedRoot(line) && hasNodeTypeMark(line));
+    return has(line, viewOf(outRoot)) || (hasMarkedRoot(line) && hasNodeTypeMark(line));
 }
 
+/// The kind of the section that the header opens; null when no reader takes it.
 template <typename Char>
-bool isWedge(_text<Char> line) {
-    return has(line, "wedge") && (has(line, outRoot) || (has(line, objRoot) && has(line, "/wedge")));
-}
-
-template <typename Char>
-bool isCamera(_text<Char> line) {
-    return (has(line, "/cam") || has(line, "stereocam")) && (has(line, outRoot) || has(line, objRoot));
-}
-
-template <typename Char>
-_lineKind sectionKind(_text<Char> header) {
-    if (isWedge(header)) return _lineKind::wedge;
-    if (isCamera(header)) return _lineKind::camera;
-    if (!isOutput(header)) return _lineKind::other;
-    if (has(header, "/rendersettings")) return _lineKind::usdRenderSettings;
-    return has(header, "/hdprman") ? _lineKind::lop : _lineKind::outNode;
-}
-
-template <typename Char>
-_lineKind kindOf(_text<Char> line) {
-    if (hasInAnyCase(line, saveVersionName)) return _lineKind::saveVersion;
-    if (beginsExactly(line, takeCommand)) return _lineKind::take;
-    return line.back() == '{' && has(line, sectionSuffix) ? sectionKind(line) : _lineKind::other;
+const _sectionKind* sectionKind(_text<Char> header) {
+    std::optional<bool> output;  // not cheap to tell
+    const auto isAnOutput = [&] {
+        if (!output) output = isOutput(header);
+        return *output;
+    };
+    const auto isUnder = [&](std::span<const std::string_view> roots) {
+        return std::any_of(roots.begin(), roots.end(), [&](std::string_view root) { return has(header, root); });
+    };
+    const auto isMarked = [&](const _headerMark& mark) {
+        return (mark.part.empty() || has(header, mark.part)) &&
+               (mark.roots.empty() ? isAnOutput() : isUnder(mark.roots));
+    };
+    for (const _sectionKind& kind : sectionKinds())
+        if (std::any_of(kind.marks.begin(), kind.marks.end(), isMarked)) return &kind;
+    return nullptr;
 }
 
 template <typename Char>
 _sceneLine classify(_text<Char> line) {
     if (line.empty() || line.front() == '#') return {};
-    const _lineKind kind = kindOf(line);
-    return {isFrameRange(line), kind != _lineKind::saveVersion && isVariable(line), kind};
+    _sceneLine meaning{isFrameRange(line), false, _lineKind::other, nullptr};
+    if (hasInAnyCase(line, saveVersionName)) {
+        meaning.kind = _lineKind::saveVersion;
+        return meaning;
+    }
+    meaning.isVariable = isVariable(line);
+    if (beginsExactly(line, takeCommand))
+        meaning.kind = _lineKind::take;
+    else if (line.back() == '{' && has(line, sectionSuffix))
+        meaning.section = sectionKind(line);
+    if (meaning.section != nullptr) meaning.kind = _lineKind::section;
+    return meaning;
 }
 
 std::u16string_view wide(const QString& line) {

@@ -6,19 +6,22 @@
 
 namespace vxP {
 
-/// Lines that the scan acts on; the section kinds name the reader that takes the section.
-enum class _lineKind { other, saveVersion, take, wedge, camera, usdRenderSettings, lop, outNode };
+struct _sectionKind;
+
+/// Lines that the scan acts on.
+enum class _lineKind { other, saveVersion, take, section };
 
 struct _sceneLine {
     bool isFrameRange = false;  ///< the scene's frange command; such a line may be of a kind as well
     bool isVariable = false;    ///< a "set -g" line; such a line may be of a kind as well
     _lineKind kind = _lineKind::other;
+    const _sectionKind* section = nullptr;  ///< the kind of the section whose header the line is
 
     /// True when the scan does anything with the line.
     bool matters() const { return isFrameRange || isVariable || kind != _lineKind::other; }
 };
 
-/// Letter case is folded as Qt folds it: also a long s is an "s".
+/// Letter case is folded as Qt folds it: a long s is an "s", too.
 /// @param line  trimmed
 _sceneLine classifyLine(const QString& line);
 
@@ -31,9 +34,9 @@ enum class _notTaken : quint8 {
     comment,    ///< its header's line is a comment
     otherLine,  ///< its header's line is taken for a command
     noHeader,   ///< the line does not end with "{"
-    noRoot,     ///< the node's path has no root that drivers stand under
+    noRoot,     ///< the node's path has no root that drivers are under
     noMark,     ///< no part of the path tells a driver
-    ruledOut,   ///< a part of the path does, another one says that it is none
+    ruledOut,   ///< a part of the path tells a driver, another one says that it is none
 };
 
 struct _notTakenReason {

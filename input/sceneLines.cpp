@@ -44,7 +44,7 @@ _sceneLines::_sceneLines(QIODevice& bytesOfScene) : source(bytesOfScene) {
     offset = -static_cast<qint64>(carriedBytes);
 }
 
-/// Reads the next block behind what is still needed of the old one. @return false at the end of the scene
+/// Reads the next block to follow what is still needed of the old one. @return false at the end of the scene
 bool _sceneLines::refill() {
     if (ended) return false;
     const std::size_t rest = filled - lineStart;
@@ -70,7 +70,7 @@ void _sceneLines::beginLineAt(std::size_t start) {
     if (!head.isEmpty()) head.resize(0);
 }
 
-/// Position behind the line end that follows `from`, or the end of the scene.
+/// Position after the line end that follows `from`, or the end of the scene.
 std::size_t _sceneLines::endOfLine(std::size_t from) {
     position = from;
     for (;;) {
@@ -92,7 +92,7 @@ std::string_view _sceneLines::lineUpTo(std::size_t end) {
     return {longLine.constData(), static_cast<std::size_t>(longLine.size())};
 }
 
-/// A parameter without the middle of a value that is far too long: its name stands in front, its bracket at the end.
+/// A parameter without the middle of a value that is far too long: its name is in front, its bracket at the end.
 std::string_view _sceneLines::condensed(std::string_view line) {
     if (line.size() <= longestParameter) return line;
     constexpr std::size_t half = longestParameter / 2;

@@ -10,10 +10,10 @@ namespace vxP {
 
 /// Reads a scene in large blocks and finds its next wanted line. While no section is open that is a line that
 /// `classifyLine` knows; while one is open, a line that may be its end or a parameter that a reader knows. Lines that
-/// only may be wanted are handed out too: what cannot be told from the bytes alone is left to the scan.
+/// may only possibly be wanted are handed out too: what cannot be told from the bytes alone is left to the scan.
 ///
 /// Of a line longer than about 600,000 bytes only the beginning (at least 512 KiB) and the last 64 KiB count, of one in
-/// an open section longer than 32 KiB only the first and the last 16 KiB; what stands between is left out. Memory stays
+/// an open section longer than 32 KiB only the first and the last 16 KiB; what is in between is left out. Memory stays
 /// below 2 MiB, however long the lines are.
 class _sceneLines {
  public:
@@ -22,12 +22,12 @@ class _sceneLines {
 
     void setSectionOpen(bool open) { sectionOpen = open; }
 
-    /// The next wanted line with its line end, if it has one; empty at the end of the scene. It stays valid, and this
-    /// the answer, until it has been taken.
+    /// The next wanted line with its line end, if it has one; empty at the end of the scene. It stays valid, and
+    /// stays the answer, until it has been taken.
     std::string_view next();
     void take() { wanted = {}; }
 
-    /// Position in the scene of the line handed out last (bytes from its begin).
+    /// Position in the scene of the line handed out last (bytes from its beginning).
     qint64 positionOfLine() const { return wantedAt; }
 
     /// True when the source reported an error; the lines then end before it. A line that it cut is not handed out: a

@@ -6,26 +6,21 @@
 #include <cstdint>
 #include <vector>
 
-#include "catalogues/camList.h"
-#include "catalogues/lopList.h"
-#include "catalogues/usdRsList.h"
-#include "catalogues/wedges.h"
-#include "drivers/outNodeRules.h"
 #include "grammar/paramRules.h"
 #include "input/asciiSpace.h"
+#include "input/sectionKinds.h"
 
 namespace vxP {
 
 namespace {
 
-/// The names that the readers know, by their first two characters in small: most parameters differ from all of them
-/// there.
+/// The names that the readers know, by their first two characters in lower case: most parameters differ from all of
+/// them there.
 class _knownNames {
  public:
     _knownNames() {
-        for (const auto& names :
-             {outNodeParameters(), cameraParameters(), lopParameters(), usdRsParameters(), wedgeParameters()})
-            for (const QLatin1String name : names) add(name);
+        for (const _sectionKind& kind : sectionKinds())
+            for (const QLatin1String name : kind.parameters()) add(name);
     }
 
     /// @param line  begins with two ASCII characters

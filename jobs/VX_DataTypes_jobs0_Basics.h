@@ -21,7 +21,7 @@ using vxS::_varValList;
 using vxS::_vxString;
 using vxS::_vxString8_allSize;
 
-// All fields stand at even offsets, some wide ones at no multiple of their own size.
+// All fields are at even offsets, some wide ones not at a multiple of their own size.
 #pragma pack(push, 2)
 
 /// Scene settings of one job, 4988 bytes: frame range, frame set, and the custom data.
@@ -34,8 +34,8 @@ struct _JobSettingsScene {
     quint16 seqStep;                      ///< frames from one rendered frame to the next
     quint8 reservedStep[4];
     qint32 customDataCount;      ///< entries
-    qint32 customDataValuesEnd;  ///< byte in the block behind the last value
-    qint32 customDataNamesEnd;   ///< byte in the block behind the name directory: start of the values
+    qint32 customDataValuesEnd;  ///< byte in the block after the last value
+    qint32 customDataNamesEnd;   ///< byte in the block after the name directory: start of the values
     quint8 customDataBlock[customDataBlockCapacity];
     _vxString<50> unnamedTexts[5];
     _vxString<100> unnamedText;
@@ -177,7 +177,7 @@ struct _JobBasics_noSettings : _JobBasics_noSettings_noPaths {
     // say, no operation reads or writes outside the pool.
 
     void channelClear();
-    /// Zeroes the pool behind the characters in use; the pool's last character stays as it is.
+    /// Zeroes the pool after the characters in use; the pool's last character stays as it is.
     void channelClearUnusedBuffer();
     /// Empty when there is no channel `i`, or its numbers do not fit the pool in use or 500 characters.
     _vxString<500> channelFileName(int i) const;
@@ -279,7 +279,8 @@ struct _JobBasicsArray {
     /// No jobs, no message; the records stay allocated.
     void clear();
     /// Makes room for `n` records, the new ones initialised; never shrinks.
-    /// @return false when `n` is above 16384 or memory is short: an existing block is then kept
+    /// @return true for any `n` that the block has room for already, below 0 as well; false when it has to grow above
+    ///         16384 records or memory is short: an existing block is then kept
     bool setArraySize(int n);
     /// Record `i`; null when `i` is not below `allocated` (`count` is not looked at) or is negative.
     _JobBasics_largePath* at(const int& i) const;

@@ -1,5 +1,6 @@
 #include <sys/mman.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -49,8 +50,7 @@ void _JobBasicsArray::clear() {
 }
 
 bool _JobBasicsArray::setArraySize(int n) {
-    if (n < 0) return false;
-    if (n <= allocated) return true;
+    if (n <= std::max(allocated, 0)) return true;
     if (n > jobArrayCapacity) return false;
     const bool blockHoldsRecords = allocated > 0 && jobs != nullptr;
     _JobBasics_largePath* const block = grownBlock(blockHoldsRecords ? jobs : nullptr, static_cast<std::size_t>(n));

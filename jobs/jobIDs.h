@@ -24,7 +24,8 @@ struct _IDDecomp {
 };
 static_assert(sizeof(_IDDecomp) == 8);
 
-/// An ID reduced to 32 bits: variant and main number / 10000.
+/// An ID reduced to 32 bits, in memory too: variant and main number / 10000.
+#pragma pack(push, 1)
 struct _IDShort {
     quint8 variantNo = 0;
     quint16 stampLow = 0;  ///< low 16 bits of the main number / 10000
@@ -37,6 +38,8 @@ struct _IDShort {
     /// Short form of the ID that these parts make.
     QString str() const;
 };
+#pragma pack(pop)
+static_assert(sizeof(_IDShort) == 4);
 
 /// Short and full form of a 64-bit ID.
 QString ID2str(quint64 id);

@@ -101,7 +101,7 @@ constexpr std::array variablesOf{
     VX_FIELD("ImageStereoM", imageStereoM),
     VX_FIELD("ImageStereoR", imageStereoR),
     VX_FIELD("ShotgunID", shotgunID),
-    VX_FIELD("ShutgunID", shotgunID),  // deliberate: hosts know it under this name too
+    VX_FIELD("ShutgunID", shotgunID),  // hosts fill it into commands under this name too
     VX_VALUE("PNL", pnlText(job.pnl)),
     VX_FIELD("Padding", imagePadding),
     VX_VALUE("SceneFolder", folderOf(job.sceneName.toQString())),

@@ -155,7 +155,7 @@ constexpr _recordLayout layouts[] = {
 #undef VX_FIELD
 #pragma GCC diagnostic pop
 
-/// Every field stands where it is promised, behind the one before it, and inside its record.
+/// Every field is where it is promised to be, after the one before it, and inside its record.
 constexpr bool fieldsStandAsStated(const _recordLayout& record) {
     std::size_t end = 0;
     for (const _fieldLayout& field : record.fields) {

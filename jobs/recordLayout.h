@@ -7,7 +7,7 @@
 
 namespace vxJ {
 
-/// A field of a record: where it stands, counted from the start of that record, and its size, both in bytes.
+/// A field of a record: its place, counted from the start of that record, and its size, both in bytes.
 struct _fieldLayout {
     std::string_view name;
     std::size_t offset;

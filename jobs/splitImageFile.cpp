@@ -69,7 +69,7 @@ void halveQuadBackslashes(QString& text) {
     for (_size at = 0; (at = text.indexOf(four)) >= 0;) text.remove(at, 2);
 }
 
-/// Where a run of four stands, the first pair of the text goes, which may lie before that run.
+/// For each run of four the first pair of the text is removed, which may lie before that run.
 void halveQuadSlashes(QString& text) {
     const QString four(4, slash);
     while (text.contains(four)) text.remove(text.indexOf(QString(2, slash)), 2);

@@ -6,14 +6,14 @@
 namespace vxJ {
 
 /// Splits an output path: "/shots/a/beauty.####.exr" -> folder "/shots/a/", file "beauty.", extension ".exr",
-/// padding 4. Separators become of one kind and single, the path is resolved, and the folder is written relative to the
+/// padding 4. Separators become single and of one kind, the path is resolved, and the folder is written relative to the
 /// scene's folder ("<SceneFolder>", also up to three levels above it: "<SceneFolder>../") or the project folder
 /// ("<Database>") where it begins with one of them. Scene folders of 10 characters or fewer are never replaced. Texts
 /// are cut at the capacities: A characters of a folder, B of a file name, 25 of an extension.
 /// @param printfPadding  also recognise a frame number written as "%", digits, "d"; "#" characters always count
 /// @param[in,out] file  in: full path, or the file part where `dir` is known. Out: name without frame number
 /// @param[in,out] dir  a known folder stays, apart from its separators and markers; empty: taken from `file`. Nothing
-///                     behind the separator before the first variable ("<Camera>", "<Channel>" ...) is a folder
+///                     after the separator before the first variable ("<Camera>", "<Channel>" ...) is a folder
 /// @param[in,out] ext  with its point; a known one stays and the name is not parsed
 /// @param[in,out] singleOutput  set for a movie, whose name then keeps its extension. True on entry: the same for any
 /// @param[in,out] padding  digits of the frame number; kept where the name has none or plain digits

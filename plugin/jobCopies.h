@@ -10,7 +10,7 @@
 
 namespace vxP {
 
-/// Appends copies to a job array. Its patterns are the jobs that stand in the array when a round of copies begins, in
+/// Appends copies to a job array. Its patterns are the jobs that are in the array when a round of copies begins, in
 /// order; they stay. A copy takes the next number of the array; where its pattern waits for another job, it waits for
 /// the copy of that job made for the same take or variant.
 class _jobCopier {

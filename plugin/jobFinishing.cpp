@@ -1,5 +1,7 @@
 #include "plugin/jobFinishing.h"
 
+#include <algorithm>
+
 #include "plugin/jobCopies.h"
 #include "plugin/jobRules.h"
 #include "plugin/submitterArguments.h"
@@ -12,25 +14,7 @@ namespace {
 constexpr QStringView noLocalSceneCopy{u" \"AllowLocalSceneCopy=0~0\""};
 constexpr QStringView noSceneExistCheck{u" -NoSceneExistCheck "};
 
-constexpr QStringView arnoldVersionVariable{u"HtoA_KickVersion"};
 constexpr QStringView jobVariable{u"JOB"};
-
-/// A switch of the submitter and the renderer whose version it gives.
-struct _versionSwitch {
-    QLatin1String name;
-    vxRA::_RenderAppBasic _rendererVersions::*version;
-};
-
-constexpr std::array versionSwitches{
-    _versionSwitch{QLatin1String{"-customRenVer_Arnold"}, &_rendererVersions::arnold},
-    _versionSwitch{QLatin1String{"-customRenVer_Redshift"}, &_rendererVersions::redshift},
-    _versionSwitch{QLatin1String{"-customRenVer_VRay"}, &_rendererVersions::vray},
-    _versionSwitch{QLatin1String{"-customRenVer_prman"}, &_rendererVersions::renderman},
-};
-
-bool isCalled(const QString& text, QLatin1String name) {
-    return text.compare(name, Qt::CaseInsensitive) == 0;
-}
 
 void forbidLocalSceneCopy(vxJ::_JobBasicsArray& jobs) {
     if (HIPFound_DisableLocalScene) jobs.message.append(noLocalSceneCopy);
@@ -41,17 +25,30 @@ void skipSceneCheck(vxJ::_JobBasicsArray& jobs) {
     if (mantraIFDJob) jobs.message.append(noSceneExistCheck);
 }
 
-void takeArnoldVersionOfScene(_rendererVersions& versions) {
-    const QStringList values = hVariables.valuesOf(arnoldVersionVariable);
-    if (!values.isEmpty()) versions.arnold = rendererVersionOf(values.first());
+void takeVersionsOfScene(_rendererVersions& versions) {
+    for (std::size_t row = 0; row < renderers.size(); ++row) {
+        if (renderers[row].versionVariable.isEmpty()) continue;
+        const QStringList values = hVariables.valuesOf(renderers[row].versionVariable);
+        if (!values.isEmpty()) versions[row] = rendererVersionOf(values.first());
+    }
 }
 
-/// A switch in last place has no version behind it and is ignored.
+/// Row of the renderer whose version follows the argument; the number of rows when it is no such switch.
+std::size_t rowOfVersionSwitch(const QString& argument) {
+    const auto* const found = std::find_if(renderers.begin(), renderers.end(), [&](const _renderer& renderer) {
+        return !renderer.versionSwitch.isEmpty() && argument.compare(renderer.versionSwitch, Qt::CaseInsensitive) == 0;
+    });
+    return static_cast<std::size_t>(found - renderers.begin());
+}
+
+/// A switch in last place or in front of another one has no version after it and is ignored.
 void takeVersionsOfSubmitter(const _submitterSettings& settings, _rendererVersions& versions) {
     const QStringList arguments = argumentsOf(settings);
-    for (_size i = 0; i + 1 < arguments.size(); ++i)
-        for (const auto& row : versionSwitches)
-            if (isCalled(arguments.at(i), row.name)) versions.*row.version = rendererVersionOf(arguments.at(i + 1));
+    for (_size i = 0; i + 1 < arguments.size(); ++i) {
+        const std::size_t row = rowOfVersionSwitch(arguments.at(i));
+        const bool hasVersion = rowOfVersionSwitch(arguments.at(i + 1)) == renderers.size();
+        if (row < renderers.size() && hasVersion) versions[row] = rendererVersionOf(arguments.at(i + 1));
+    }
 }
 
 void completeJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts, const _rendererVersions& versions) {
@@ -82,8 +79,8 @@ qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts) {
     _rendererVersions versions;
     forbidLocalSceneCopy(jobs);
     skipSceneCheck(jobs);
-    hVariables.orderByLength();  // so that a name goes before those that begin it
-    takeArnoldVersionOfScene(versions);
+    hVariables.orderByLength();  // so that a name comes before those that it begins with
+    takeVersionsOfScene(versions);
     takeVersionsOfSubmitter(*load.settings, versions);
     completeJobs(load, facts, versions);
     _jobCopier copier(jobs);

@@ -7,7 +7,7 @@
 namespace vxP {
 
 /// Completes the jobs of a scene that was read to its end and copies them for takes and wedges.
-/// @return resultSuccess, resultNoUsableOutput when there is no job although drivers were met, or resultNoMoreJobs
+/// @return resultSuccess, resultNoUsableOutput when there is no job although there are drivers, or resultNoMoreJobs
 ///         when the array has no room for a copy; the jobs made before stay
 qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts);
 

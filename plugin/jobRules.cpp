@@ -20,33 +20,26 @@ struct _visit {
     const _outputBefore& before;
 };
 
-constexpr qint64 workPerCustomData = 2000;
-
-constexpr QLatin1String htoaRenderer{"HtoA"};
-constexpr QLatin1String vrayPerFrame{"multifile"};
-constexpr QLatin1String exportIFD{"createIFD"};
-constexpr QLatin1String exportCompressedIFD{"createIFDzip"};
-constexpr QLatin1String compressedExtension{".gz"};
+constexpr QStringView arnoldPlugin{u"HtoA"};
+constexpr QStringView vrayPerFrame{u"multifile"};
+constexpr QStringView exportCompressedIFD{u"createIFDzip"};
+constexpr QStringView compressedExtension{u".gz"};
 constexpr int longestExtensionToCompress = 22;  ///< characters; a longer one has no room for ".gz"
 constexpr QStringView exportMark{u"create"};
 
-// ---- scene file of a render job: the sequence that the export job before it writes
-
-enum class _frameNumber { always, unlessSingleFile };
-
-/// Only a job that waits for exactly one other renders what that one writes.
-void takeExportAsScene(const _visit& visit, _frameNumber frameNumber) {
-    if (visit.job.waitForPreIDCount != 1) return;
-    const bool numbered = frameNumber == _frameNumber::always || !visit.before.singleFile;
-    const QString frame = numbered ? QStringLiteral("<FN%1>").arg(visit.before.imagePadding) : QString();
-    visit.job.sceneName =
-        QString(visit.before.imageDir + visit.before.imageFileName + frame + visit.before.imageExtension);
-}
-
-/// The text alone: assigned as a whole it would bring the bytes behind it, whatever they are, into the shared record.
+/// The text alone: assigned as a whole it would copy the bytes after it, whatever they are, into the shared record.
 void setMinorVersion(_JobBasics_largePath& job, const vxRA::_RenderAppBasic& version) {
     job.appVersionMinor = version.versionMinor.view();
 }
+
+// ---- a job that Houdini runs
+
+void completeHoudini(const _visit& visit) {
+    visit.job.requiredLicenses = appNameHoudini;
+    visit.job.sceneName = visit.scene.sceneFileName;
+}
+
+// ---- a job that renders what the export job before it writes
 
 void takeVersion(const _visit& visit, const vxRA::_RenderAppBasic& version) {
     if (version.versionMajor <= 0) return;
@@ -54,64 +47,63 @@ void takeVersion(const _visit& visit, const vxRA::_RenderAppBasic& version) {
     setMinorVersion(visit.job, version);
 }
 
-// ---- one rule an application
-
-void completeHoudini(const _visit& visit) {
-    visit.job.requiredLicenses = QString(appNameHoudini);
-    visit.job.sceneName = visit.scene.sceneFileName;
+/// Only a job that waits for exactly one other renders what that one writes.
+void takeExportAsScene(const _visit& visit, bool isNumbered) {
+    if (visit.job.waitForPreIDCount != 1) return;
+    const QString frame = isNumbered ? QStringLiteral("<FN%1>").arg(visit.before.imagePadding) : QString();
+    visit.job.sceneName =
+        QString(visit.before.imageDir + visit.before.imageFileName + frame + visit.before.imageExtension);
 }
 
 void completeMantra(const _visit& visit) {
-    visit.job.requiredLicenses = QString(appNameMantra);
+    visit.job.requiredLicenses = rendererOf(_kind::mantra).application;
     visit.job.appRenderer.clear();
-    takeExportAsScene(visit, _frameNumber::always);
 }
 
 void completeUSD(const _visit& visit) {
     visit.job.requiredLicenses.clear();
-    visit.job.appRenderer = QString(appNameHoudini_Archive);
+    visit.job.appRenderer = appNameHoudini_Archive;
     visit.job.appRendererVersion = visit.scene.facts.fullVersion;
-    takeExportAsScene(visit, _frameNumber::unlessSingleFile);
 }
 
 void completeArnold(const _visit& visit) {
-    visit.job.appRenderer = QString(htoaRenderer);
-    takeVersion(visit, visit.scene.versions.arnold);
-    takeExportAsScene(visit, _frameNumber::unlessSingleFile);
-}
-
-void completeRenderman(const _visit& visit) {
-    takeVersion(visit, visit.scene.versions.renderman);
-    takeExportAsScene(visit, _frameNumber::unlessSingleFile);
-}
-
-void completeRedshift(const _visit& visit) {
-    takeVersion(visit, visit.scene.versions.redshift);
-    takeExportAsScene(visit, _frameNumber::unlessSingleFile);
+    visit.job.appRenderer = arnoldPlugin;
 }
 
 void completeVRay(const _visit& visit) {
-    if (!visit.before.singleFile) visit.job.appRenderer = QString(vrayPerFrame);
-    takeVersion(visit, visit.scene.versions.vray);
-    takeExportAsScene(visit, _frameNumber::unlessSingleFile);
+    if (!visit.before.singleFile) visit.job.appRenderer = vrayPerFrame;
 }
 
-struct _applicationRule {
-    QLatin1String app;
+/// What the jobs of one renderer get beyond version and scene.
+struct _rendererRule {
+    _kind kind;
     void (*complete)(const _visit&);
 };
 
-constexpr std::array applicationRules{
-    _applicationRule{appNameHoudini, completeHoudini},
-    _applicationRule{appNameMantra, completeMantra},
-    _applicationRule{appNameUSD, completeUSD},
-    _applicationRule{appNameUSDsingle, completeUSD},
-    _applicationRule{appNameArnold, completeArnold},
-    _applicationRule{appNameArnold_singlefile, completeArnold},
-    _applicationRule{appNameRenderman, completeRenderman},
-    _applicationRule{appNameRedshift, completeRedshift},
-    _applicationRule{appNameVRay, completeVRay},
+constexpr std::array rendererRules{
+    _rendererRule{_kind::mantra, completeMantra},
+    _rendererRule{_kind::lop, completeUSD},
+    _rendererRule{_kind::arnold, completeArnold},
+    _rendererRule{_kind::vray, completeVRay},
 };
+
+void completeRenderJob(const _visit& visit, const _renderer& renderer) {
+    for (const auto& rule : rendererRules)
+        if (rule.kind == renderer.kind) rule.complete(visit);
+    takeVersion(visit, visit.scene.versions[static_cast<std::size_t>(&renderer - renderers.data())]);
+    const bool isAlwaysNumbered = renderer.kind == _kind::mantra;  // an IFD holds one frame
+    takeExportAsScene(visit, isAlwaysNumbered || !visit.before.singleFile);
+}
+
+bool isApplicationOf(const _renderer& renderer, const _JobBasics_largePath& job) {
+    return !job.app.isEmpty() && (job.app == renderer.application || job.app == renderer.oneFileApplication);
+}
+
+void completeForApplication(const _visit& visit) {
+    if (visit.job.app == appNameHoudini) completeHoudini(visit);
+    for (const _renderer& renderer : renderers)
+        if (isApplicationOf(renderer, visit.job)) completeRenderJob(visit, renderer);
+}
 
 // ---- what holds for every application
 
@@ -119,24 +111,19 @@ void setHoudiniFacts(const _visit& visit) {
     visit.job.appVersionMajor = static_cast<qint16>(visit.scene.houdini.versionMajor);
     setMinorVersion(visit.job, visit.scene.houdini);
     for (const QString& value : visit.scene.jobVariables) {
-        spendWork(workPerCustomData);
+        spendWork(customDataCost);
         visit.job.sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), value);
     }
     const QString take = nodeActiveTakes.value(visit.job.layer);
     if (!take.isEmpty()) visit.job.channel = take;
 }
 
-void applyApplicationRule(const _visit& visit) {
-    const QString app = visit.job.app.toQString();
-    for (const auto& rule : applicationRules)
-        if (app == rule.app) return rule.complete(visit);
-}
-
 void compressIFD(const _visit& visit) {
-    if (!visit.scene.facts.compressedIFD || visit.job.appRenderer.toQString() != exportIFD) return;
-    visit.job.appRenderer = QString(exportCompressedIFD);
+    const bool isIFD = visit.job.appRenderer == rendererOf(_kind::mantra).exportJob;
+    if (!isIFD || !visit.scene.facts.compressedIFD) return;
+    visit.job.appRenderer = exportCompressedIFD;
     if (visit.job.imageExtension.length() <= longestExtensionToCompress)
-        visit.job.imageExtension.append(QString(compressedExtension));
+        visit.job.imageExtension.append(compressedExtension);
 }
 
 void takeCamera(const _visit& visit) {
@@ -160,14 +147,14 @@ _outputBefore outputOf(const _JobBasics_largePath& job) {
 vxRA::_RenderAppBasic rendererVersionOf(const QString& text) {
     vxRA::_RenderAppBasic version;
     version.versionMajor = integerOf(textBefore(text, u'.'));
-    version.setVersionMinor(textBefore(textBehind(text, u'.'), u'.'));
+    version.setVersionMinor(text.contains(u'.') ? textBefore(textBehind(text, u'.'), u'.') : QString());
     return version;
 }
 
 void completeJob(_JobBasics_largePath& job, const _sceneSummary& scene, _outputBefore& before) {
     const _visit visit{job, scene, before};
     setHoudiniFacts(visit);
-    applyApplicationRule(visit);
+    completeForApplication(visit);
     compressIFD(visit);
     takeCamera(visit);
     before = outputOf(job);

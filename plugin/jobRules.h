@@ -5,19 +5,16 @@
 
 #include "jobs/VX_DataTypes_plugin.h"
 #include "jobs/renderApp.h"
+#include "jobs/renderers.h"
 #include "plugin/sceneScan.h"
 
 namespace vxP {
 
-/// Versions of the renderers that render a scene description by themselves; major 0 where none is known.
-struct _rendererVersions {
-    vxRA::_RenderAppBasic arnold;
-    vxRA::_RenderAppBasic redshift;
-    vxRA::_RenderAppBasic vray;
-    vxRA::_RenderAppBasic renderman;
-};
+/// Versions of the applications that render a scene description, by the rows of `renderers`; major 0 where none is
+/// known.
+using _rendererVersions = std::array<vxRA::_RenderAppBasic, renderers.size()>;
 
-/// "7.1.2" -> major 7, minor "1" (filled up to five characters).
+/// "7.1.2" -> major 7, minor "1" (filled up to five characters); without a point the minor version is all zeros.
 vxRA::_RenderAppBasic rendererVersionOf(const QString& text);
 
 /// Output of the job visited just before: what a render job takes as its scene.

@@ -2,15 +2,11 @@
 
 #include <QTextStream>
 
-#include "catalogues/camList.h"
-#include "catalogues/lopList.h"
-#include "catalogues/usdRsList.h"
-#include "catalogues/wedges.h"
-#include "drivers/outNode.h"
 #include "grammar/paramSection.h"
 #include "input/sceneDevice.h"
 #include "input/sceneLine.h"
 #include "input/sceneTexts.h"
+#include "input/sectionKinds.h"
 #include "plugin/submitterArguments.h"
 #include "scan/scanBudget.h"
 #include "scan/scanObserver.h"
@@ -22,10 +18,7 @@ namespace {
 
 constexpr QLatin1String buildVersionSwitch{"-houdiniBuildVersion"};
 constexpr QLatin1String compressedIFDSwitch{"-houdiniCompressedIFD"};
-
-constexpr qint64 workPerLine = 500;
-constexpr qint64 workPerCharacter = 4;
-constexpr qint64 workPerSection = 1000;
+constexpr QLatin1String resolveSwitch{"-houdiniResolve"};
 
 constexpr QLatin1String importedPrefix{"HIP"};
 constexpr std::array neverImported{QLatin1String{"OS"}, QLatin1String{"AOV"}};
@@ -78,25 +71,16 @@ QString takeName(const QString& line) {
     return textBefore(line.mid(static_cast<_size>(takeCommand.size())).trimmed(), u' ').trimmed();
 }
 
-/// Hands a section to the reader of its kind. @return what the reader returned
-qint32 readSectionOf(_lineKind kind, _dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line,
-                     _sceneFacts& facts) {
-    switch (kind) {
-        case _lineKind::camera:
-            return loadCamNode(&load, stream, line);
-        case _lineKind::lop:
-            return loadLOPNode(&load, stream, line);
-        case _lineKind::outNode:
-            return loadOutNode(&load, stream, line, facts.activeTakeUsed, facts.majorVersion, facts.minorText);
-        case _lineKind::wedge:
-            return loadWedgeNode(&load, stream, line);
-        case _lineKind::usdRenderSettings:
-            return load_USD_RS_Node(&load, stream, line);
-        default:
-            return resultSuccess;
-    }
+qint32 readSectionOf(const _sectionKind& kind, _dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line,
+                     const _sectionSwitch& sectionOpens, _sceneFacts& facts) {
+    spendWork(sectionCost);
+    sectionOpens(true);
+    const qint32 result = kind.read(load, stream, line, facts);
+    sectionOpens(false);
+    return result;
 }
 
+/// @return resultSuccess, or what the reader of a section returned
 qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, const _sectionSwitch& sectionOpens,
              _sceneFacts& facts) {
     const _sceneLine meaning = classifyLine(line);
@@ -104,21 +88,17 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
     if (meaning.isVariable) keepVariable(line);
     switch (meaning.kind) {
         case _lineKind::other:
-            return resultSuccess;
+            break;
         case _lineKind::saveVersion:
             keepSaveVersion(line, facts);
-            return resultSuccess;
+            break;
         case _lineKind::take:
             facts.takes.add(takeName(line));
-            return resultSuccess;
-        default: {
-            spendWork(workPerSection);
-            sectionOpens(true);
-            const qint32 result = readSectionOf(meaning.kind, load, stream, line, facts);
-            sectionOpens(false);
-            return result;
-        }
+            break;
+        case _lineKind::section:
+            return readSectionOf(*meaning.section, load, stream, line, sectionOpens, facts);
     }
+    return resultSuccess;
 }
 
 void tellSection(bool open, qint64 byte, qint32 jobs) {
@@ -129,8 +109,8 @@ void tellSection(bool open, qint64 byte, qint32 jobs) {
         scanObserver->sectionEnds(jobs);
 }
 
-/// While it is made, Qt's text stream does not look whether it gets the few hundred bytes that it asks for: where they
-/// are missing the process ends. A shortage has to show before that.
+/// While it is made, Qt's text stream does not check that it gets the few hundred bytes that it asks for: without them
+/// the process ends. A shortage has to show before that.
 void ensureRoomForStream() {
     constexpr int enough = 8192;
     QByteArray(enough, Qt::Uninitialized);
@@ -138,18 +118,11 @@ void ensureRoomForStream() {
 
 }  // namespace
 
-void _takes::add(const QString& name) {
-    ++lines;
-    if (names.size() >= vxJ::jobArrayCapacity || known.count(name) > 0) return;
-    keepMemory(bytesOf(name));
-    names.append(name);
-    known.insert(name);
-}
-
 void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts) {
     for (const QString& argument : argumentsOf(settings)) {
         if (argument.compare(buildVersionSwitch, Qt::CaseInsensitive) == 0) facts.usesBuildVersion = false;
         if (argument.compare(compressedIFDSwitch, Qt::CaseInsensitive) == 0) facts.compressedIFD = true;
+        if (argument.compare(resolveSwitch, Qt::CaseInsensitive) == 0) facts.resolves = true;
     }
 }
 
@@ -184,7 +157,7 @@ qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFact
                   const _sectionSwitch& sectionOpens) {
     while (!stream.atEnd()) {
         QString line = stream.readLine().trimmed();
-        spendWork(workPerLine + workPerCharacter * line.size());
+        spendWork(sceneLineCost, line.size());
         const qint32 result = actOn(line, load, stream, sectionOpens, facts);
         if (result != resultSuccess) return result;
     }

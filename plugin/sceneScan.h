@@ -2,38 +2,16 @@
 #pragma once
 
 #include <QIODevice>
-#include <QStringList>
 #include <QTextStream>
 #include <functional>
-#include <set>
 
 #include "jobs/VX_DataTypes_plugin.h"
+#include "scan/sceneFacts.h"
 #include "shared/vxEnvironment.h"
 
 namespace vxP {
 
-/// The scene's takes, as its "take name" lines name them.
-struct _takes {
-    qint64 lines = 0;
-    QStringList names;        ///< in file order, each once, at most as many as a job array has records
-    std::set<QString> known;  ///< the same names
-
-    void add(const QString& name);
-};
-
-/// What one load learns about the scene as a whole, apart from the module-wide state.
-struct _sceneFacts {
-    bool activeTakeUsed = false;  ///< an output name holds the take variable
-    int majorVersion = 10;        ///< of Houdini, for example 19
-    QString fullVersion;          ///< for example "19.5.640"
-    QString minorText;            ///< for example "5640"; for the output-driver reader
-    QString versionMinorText;     ///< for example "5.640"; for the jobs
-    bool usesBuildVersion = true;
-    bool compressedIFD = false;
-    _takes takes;
-};
-
-/// Takes -houdiniBuildVersion and -houdiniCompressedIFD (any letter case) from the submitter's command line.
+/// Takes -houdiniBuildVersion, -houdiniCompressedIFD and -houdiniResolve (any letter case) from the submitter's command line.
 void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts);
 
 /// Keeps the scene's folder with its separator as `DatabaseDir`; a name without folder is kept whole.
@@ -48,7 +26,8 @@ void importEnvironment();
 /// Called with true before a reader takes the lines of a section from the stream, with false afterwards.
 using _sectionSwitch = std::function<void(bool open)>;
 
-/// Decodes the stream's bytes as UTF-8, invalid ones as U+FFFD; marks of byte order are not looked for.
+/// Decodes the stream's bytes as UTF-8, invalid ones as U+FFFD, whatever encoding a byte-order mark tells of; a mark at
+/// the very start is dropped.
 void decodeAsUtf8(QTextStream& stream);
 
 /// Reads all lines of a stream.

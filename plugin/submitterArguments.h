@@ -7,7 +7,7 @@
 
 namespace vxP {
 
-/// The arguments behind the program's name, decoded as UTF-8; an argument that is missing reads as empty.
+/// The arguments after the program's name, decoded as UTF-8; an argument that is missing reads as empty.
 QStringList argumentsOf(const _submitterSettings& settings);
 
 }  // namespace vxP

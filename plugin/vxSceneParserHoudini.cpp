@@ -8,7 +8,10 @@ namespace {
 
 constexpr QStringView applicationName{u"Houdini"};
 constexpr QStringView author{u"Scene Parser Developers"};
+
+/// Hosts list the plug-in under this text. It goes with the major version alone: the other parts say nothing to hosts.
 constexpr QStringView pluginVersion{u"1.0"};
+static_assert(pluginVersion.front() == QChar(u'0' + VX_VERSION_MAJOR), "hosts have to be told of a new major version");
 
 quint8 fillInfo(_dataPARS_PluginInfo& info) {
     info.hostLibraryVersion = QString(vxJ::vxVersion);

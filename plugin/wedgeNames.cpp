@@ -2,15 +2,14 @@
 
 #include <array>
 
+#include "jobs/renderers.h"
 #include "scan/scanBudget.h"
-#include "scan/scanState.h"
 
 namespace vxP {
 
 namespace {
 
-constexpr qint64 workPerName = 200;
-constexpr qint64 workPerCharacter = 8;
+using vxS::_vxString;
 
 /// What a placeholder stands for.
 struct _variant {
@@ -24,7 +23,7 @@ struct _wedgePlaceholder {
 };
 
 constexpr std::array wedgePlaceholders{
-    // a longer one goes before the one that begins it
+    // a longer one comes before the one that it begins with
     _wedgePlaceholder{u"${WEDGENUM}", &_variant::number},
     _wedgePlaceholder{u"$WEDGENUM", &_variant::number},
     _wedgePlaceholder{u"${WEDGE}", &_variant::name},
@@ -32,7 +31,7 @@ constexpr std::array wedgePlaceholders{
 };
 
 bool replacePlaceholders(_vxString<1000>& text, const _variant& variant) {
-    spendWork(workPerName + workPerCharacter * text.length());
+    spendWork(wedgeNameCost, text.length());
     bool found = false;
     for (const auto& placeholder : wedgePlaceholders) {
         if (!text.contains(placeholder.text)) continue;
@@ -49,7 +48,7 @@ void forEachName(vxJ::_JobBasics_largePath& job, Change change) {
     change(job.imageFileName);
     for (vxJ::_channelSlot& slot : job.channels)
         if (!slot.fileName.isEmpty()) change(slot.fileName);
-    if (job.app.toQString() != appNameHoudini) change(job.sceneName);  // else the scene file itself
+    if (job.app != appNameHoudini) change(job.sceneName);  // else the scene file itself
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace vxP {
 /// files and, for a job that renders an exported scene, the scene's name.
 void nameWedgeVariant(vxJ::_JobBasics_largePath& job, const QString& number, const QString& name);
 
-/// Removes the placeholders from the same names until none is left, also none that the removal of another formed.
+/// Removes the placeholders from the same names until none is left, not even one that the removal of another formed.
 void removeWedgePlaceholders(vxJ::_JobBasics_largePath& job);
 
 }  // namespace vxP

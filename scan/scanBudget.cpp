@@ -4,8 +4,6 @@ namespace vxP {
 
 namespace {
 
-constexpr qint64 bytesAroundText = 32;
-
 qint64 workLeft = workOfAnyScene;
 qint64 memoryLeft = memoryOfAnyScene;
 
@@ -25,8 +23,8 @@ void allowWorkFor(qint64 bytes) noexcept {
     workLeft += bytes * workPerSceneByte;
 }
 
-void spendWork(qint64 steps) {
-    take(steps, workLeft);
+void spendWork(const _workCost& cost, qint64 size) {
+    take(cost.once + cost.perUnit * size, workLeft);
 }
 
 void keepMemory(qint64 bytes) {

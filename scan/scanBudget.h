@@ -14,6 +14,45 @@ constexpr qint64 workPerSceneByte = 7;
 /// Bytes that one load may keep in variables, takes and catalogues.
 constexpr qint64 memoryOfAnyScene = qint64{45} * 1024 * 1024;
 
+/// What a piece of work takes: steps for the piece, and steps for each unit of its size.
+struct _workCost {
+    qint64 once;
+    qint64 perUnit = 0;
+};
+
+// What uses up work, and the unit of its size.
+constexpr _workCost sceneLineCost{500, 4};       ///< a line that the scan looks at; characters
+constexpr _workCost sectionCost{1000};           ///< a section, apart from its lines
+constexpr _workCost parameterLineCost{500, 10};  ///< a line that a reader looks at; characters
+constexpr _workCost outputNameCost{1500};        ///< an output name, taken out of its line and rewritten
+constexpr _workCost prefixedNameCost{0, 1};      ///< a name that another is put in front of; characters
+constexpr _workCost replacementCost{40, 4};      ///< a text looked for in a name; characters of the name ...
+constexpr _workCost occurrenceCost{40};          ///< ... each place where it is replaced ...
+constexpr _workCost replacedNameCost{0, 1};      ///< ... the name that results; characters
+constexpr _workCost sceneVariableCost{2000, 1};  ///< a variable replaced in all its forms; characters of its value
+constexpr _workCost variableIndexCost{0, 60};    ///< the variables' index brought up to date; variables
+constexpr _workCost variableMarkCost{100, 4};  ///< a "$", looked up among the variables; characters that may be a name
+constexpr _workCost nameComparisonCost{100, 1};  ///< a variable's name, compared with a text; characters
+constexpr _workCost cameraSearchCost{0, 10};     ///< a camera looked for one by one; cameras
+constexpr _workCost wedgeChannelCost{800};       ///< a channel in the name of a wedge's variant
+constexpr _workCost wedgeNameCost{200, 8};       ///< a name searched for wedge placeholders; characters
+constexpr _workCost archiveSearchCost{0, 1};     ///< bytes searched for an archive's next header; bytes
+constexpr _workCost archiveMagicCost{300};       ///< a place that looks like a header of the archive
+constexpr _workCost archiveEntryCost{500};       ///< an entry of the archive, its body left unread
+constexpr _workCost archiveBodyCost{0, 4};       ///< a body with what its reader makes of it; bytes
+constexpr _workCost childNameCost{200};          ///< a name in the order of a node's children
+constexpr _workCost nodeInputCost{0, 1};         ///< inputs of a node; inputs
+constexpr _workCost takeRecordCost{300};         ///< a record of the scene's takes
+constexpr _workCost dialogScriptCost{0, 5};      ///< the script that tells the menus of a type; bytes
+constexpr _workCost evaluationStepCost{100};     ///< a step of computing an expression
+constexpr _workCost customDataCost{2000};        ///< a value put into a job's custom data
+
+// Bytes that containers and the allocator add to what they hold.
+constexpr qint64 bytesAroundText = 32;
+constexpr qint64 bytesAroundList = 32;
+constexpr qint64 bytesAroundHash = 64;      ///< a hash and a position
+constexpr qint64 bytesAroundPosition = 96;  ///< a text, shared with its list, and a position
+
 /// The load used up its budget: it ends, and what it has made so far stays.
 class _budgetExceeded : public std::exception {
  public:
@@ -24,9 +63,9 @@ class _budgetExceeded : public std::exception {
 void beginBudget() noexcept;
 /// Bytes of the scene were read, which adds to the work that may be done.
 void allowWorkFor(qint64 bytes) noexcept;
-/// @param steps  0 or more
+/// @param size  0 or more, in the unit of the cost
 /// Throws `_budgetExceeded`.
-void spendWork(qint64 steps);
+void spendWork(const _workCost& cost, qint64 size = 0);
 /// @param bytes  kept from now on; negative when they were released
 /// Throws `_budgetExceeded`.
 void keepMemory(qint64 bytes);

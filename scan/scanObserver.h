@@ -31,9 +31,21 @@ enum class _remark : quint8 {
     notACamera,            ///< the node is no camera; detail: the part of its path that tells
     stepsUnknown,          ///< the parameter handed out last gives no number of steps
     channelsLeftOut,       ///< the numbers of a wedge's channels have gaps
+    bypassed,              ///< no job: the node is bypassed
+    loadsFromDisk,         ///< no job: the cache reads what was written before
+    savedByHand,           ///< no job: the node writes only when somebody saves by hand
     wedgeWithoutDriver,    ///< no wedge: it names no driver ...
     wedgeWithoutVariants,  ///< ... its step counts give no variant
     wedgeOfOtherMethod,    ///< ... its method is another one; detail: the method
+};
+
+/// A value of a section that the scene holds as an expression.
+struct _resolvedValue {
+    QString parameter;   ///< or the component of one: "vm_picture", "f1"
+    QString expression;  ///< as the scene holds it
+    QString stored;      ///< what Houdini computed when it last looked; empty: nothing is stored
+    QString value;       ///< what it is; empty where there is a reason
+    QString reason;      ///< why it cannot be told; empty: it can
 };
 
 class _scanObserver {
@@ -49,6 +61,8 @@ class _scanObserver {
     /// A line of the section that its reader looks at. Lines that no reader knows may be left out before.
     virtual void parameter(const QString& line) = 0;
     virtual void remark(_remark what, const QString& detail) = 0;
+    /// A value of the section was computed, or could not be.
+    virtual void resolved(const _resolvedValue& /*value*/) {}
     /// @param jobs  in the array now
     virtual void sectionEnds(qint32 jobs) = 0;
 };

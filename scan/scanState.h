@@ -3,7 +3,6 @@
 // which hosts rely on; load each scene in a process of its own to start afresh.
 #pragma once
 
-#include <QLatin1String>
 #include <QMap>
 #include <QString>
 
@@ -34,17 +33,5 @@ extern bool emptyNodesfound;             ///< a driver had no usable output name
 extern bool mantraIFDJob;                ///< a render job waits for an exported scene description
 extern bool overrideCameraRes;           ///< the last driver that said so overrides its camera's resolution
 extern bool HIPFound_DisableLocalScene;  ///< an AOV file is named relative to the scene
-
-// Render applications as the host knows them.
-constexpr QLatin1String appNameHoudini{"Houdini"};
-constexpr QLatin1String appNameHoudini_Archive{"Hdni"};
-constexpr QLatin1String appNameMantra{"Mantra_StdA"};
-constexpr QLatin1String appNameArnold{"Arnold"};
-constexpr QLatin1String appNameArnold_singlefile{"Arnold-singlefile"};
-constexpr QLatin1String appNameRedshift{"Redshift"};
-constexpr QLatin1String appNameVRay{"VRay_StdA"};
-constexpr QLatin1String appNameRenderman{"RenderMan"};
-constexpr QLatin1String appNameUSD{"USD_StdA"};
-constexpr QLatin1String appNameUSDsingle{"USD_StdA_single"};
 
 }  // namespace vxP

@@ -9,11 +9,6 @@ namespace vxP {
 
 namespace {
 
-constexpr qint64 workPerEntry = 60;
-constexpr qint64 workPerMark = 100;
-constexpr qint64 workPerCharacter = 4;
-constexpr qint64 workPerComparison = 100;
-
 constexpr quint32 hashOfNothing = 2166136261U;
 
 /// FNV-1a over folded characters. Qt folds a pair of surrogates as one character, so they do not tell names apart here.
@@ -46,7 +41,7 @@ qint64 _variableList::bytesOf(QStringView name, QStringView value) {
 
 void _variableList::append(QStringView name, QStringView value) {
     const bool isWide = !isLatin(name) || !isLatin(value);
-    if (isWide && texts.size() % 2 != 0) texts.append('\0');  // 16-bit characters stand at even places
+    if (isWide && texts.size() % 2 != 0) texts.append('\0');  // 16-bit characters are at even places
     const _entry entry{static_cast<quint32>(texts.size()), static_cast<quint32>(name.size()),
                        static_cast<quint32>(value.size()), isWide};
     store(name, isWide);
@@ -63,7 +58,7 @@ void _variableList::store(QStringView text, bool isWide) {
 }
 
 void _variableList::orderByLength() {
-    // Texts stand in the order in which they were appended, and sorting by it needs no second list.
+    // Texts are in the order in which they were appended; sorting by their places needs no second list.
     std::sort(entries.begin(), entries.end(), [](const _entry& a, const _entry& b) {
         return a.nameLength != b.nameLength ? a.nameLength > b.nameLength : a.start < b.start;
     });
@@ -102,7 +97,7 @@ quint32 _variableList::hashOfName(const _entry& entry) const {
 void _variableList::indexNewEntries() const {
     const std::size_t indexed = keys.size();
     if (indexed == entries.size()) return;
-    spendWork(workPerEntry * static_cast<qint64>(entries.size()));
+    spendWork(variableIndexCost, static_cast<qint64>(entries.size()));
     keys.reserve(entries.size());
     for (std::size_t position = indexed; position < entries.size(); ++position)
         if (hasNameOf.size() <= entries[position].nameLength) hasNameOf.resize(entries[position].nameLength + 1);
@@ -118,18 +113,18 @@ void _variableList::indexNewEntries() const {
 _size _variableList::firstOf(quint32 hash, QStringView name, _size from) const {
     const _key first{hash, static_cast<quint32>(from)};
     for (auto key = std::lower_bound(keys.begin(), keys.end(), first); key != keys.end() && key->hash == hash; ++key) {
-        spendWork(workPerComparison + name.size());
+        spendWork(nameComparisonCost, name.size());
         if (name.compare(nameOf(key->position), Qt::CaseInsensitive) == 0) return key->position;
     }
     return -1;
 }
 
-/// The first variable whose name begins the text, or -1.
+/// The first variable with whose name the text begins, or -1.
 _size _variableList::firstBeginning(QStringView text, _size from) const {
     _size first = -1;
     quint32 hash = hashOfNothing;
     const _size longest = std::min(static_cast<_size>(text.size()), static_cast<_size>(hasNameOf.size()) - 1);
-    spendWork(workPerMark + workPerCharacter * longest);
+    spendWork(variableMarkCost, longest);
     for (_size length = 0; length <= longest; ++length) {
         if (length > 0) hash = hashWith(hash, text.at(length - 1));
         if (!hasNameOf[static_cast<std::size_t>(length)]) continue;

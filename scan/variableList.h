@@ -1,4 +1,4 @@
-// The variables of a scene: kept in little memory, and found by what stands behind a "$".
+// The variables of a scene: kept in little memory, and found by what follows a "$".
 #pragma once
 
 #include <QByteArray>
@@ -14,13 +14,13 @@ namespace vxP {
 
 using vxS::_size;
 
-/// A scene variable: duplicates are allowed, the order counts.
+/// A scene variable: duplicates are allowed, the order matters.
 struct _namevalue {
     QString name;
     QString value;
 };
 
-/// Variables in an order that counts. A million of them take some 50 MB; finding one does not look at the others.
+/// Variables in an order that matters. A million of them take some 50 MB; finding one does not look at the others.
 class _variableList {
  public:
     _variableList() = default;
@@ -37,8 +37,8 @@ class _variableList {
 
     QList<_namevalue> toList() const;
 
-    /// First variable at or behind position `from` whose name follows one of the marks, in any letter case, at once or
-    /// behind a "{"; -1: none. The empty name follows every mark.
+    /// First variable at or after position `from` whose name follows one of the marks, in any letter case, directly or
+    /// after a "{"; -1: none. The empty name follows every mark.
     /// @param marks  positions of "$" in the text
     _size firstNamedIn(QStringView text, const QList<_size>& marks, _size from) const;
     /// Values of all variables of that name in any letter case, in order.
@@ -48,7 +48,7 @@ class _variableList {
     static qint64 bytesOf(QStringView name, QStringView value);
 
  private:
-    /// One variable; its texts stand one behind the other.
+    /// One variable; its value follows its name.
     struct _entry {
         quint32 start;  ///< in `texts`
         quint32 nameLength;
@@ -73,7 +73,7 @@ class _variableList {
     _size firstOf(quint32 hash, QStringView name, _size from) const;
     _size firstBeginning(QStringView text, _size from) const;
 
-    std::deque<_entry> entries;  ///< no block to free while it grows: that would drive other large blocks apart
+    std::deque<_entry> entries;  ///< frees no block while it grows, which would leave gaps between other large ones
     QByteArray texts;
     mutable std::vector<_key> keys;
     mutable std::vector<bool> hasNameOf;  ///< by length in characters

@@ -6,8 +6,8 @@
 
 namespace vxS {
 
-/// The decimal number that the whole text says, spaces around it aside; 0 when there is none or it has over 32 bits.
-/// QString::toInt takes a NUL for the number's end with Qt 6, and some signs and spaces outside ASCII with Qt 5.
+/// The decimal number that the whole text is, spaces around it ignored; 0 where it is none or needs more than 32 bits.
+/// QString::toInt takes a NUL for the end of the number with Qt 6, and some signs and spaces outside ASCII with Qt 5.
 inline int wholeNumber(const QString& text, bool* isNumber = nullptr) {
     const QByteArray letters = text.trimmed().toLatin1();
     const char* const end = letters.constEnd();

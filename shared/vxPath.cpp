@@ -27,7 +27,7 @@ bool beginsWithVariable(const QString& text) {
 }
 
 /// The part that ".." cannot remove: "/", "//", "C:/", "C:" or nothing.
-QString rootOf(const QString& text, QChar separator) {
+QString fixedRoot(const QString& text, QChar separator) {
     _size end = hasDrive(text) ? 2 : 0;
     const _size most = end + (hasDrive(text) ? 1 : 2);
     while (end < text.size() && end < most && text.at(end) == separator) ++end;
@@ -77,7 +77,7 @@ QString vxPathResolve(const QString& text) {
     if (text.isEmpty()) return {};
     const QChar separator = firstSeparator(text);
     const QString whole = vxPathIsAbsolute(text) ? text : currentFolder(separator) + text;
-    const QString root = rootOf(whole, separator);
+    const QString root = fixedRoot(whole, separator);
     const bool firstIsVariable = beginsWithVariable(whole);
     QStringList resolved;
     for (const QString& component : whole.mid(root.size()).split(separator))

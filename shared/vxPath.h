@@ -1,5 +1,5 @@
 // Path texts: folder, base name and lexical resolution. Nothing here touches the file system, except that a
-// relative path is put behind the current directory.
+// relative path is appended to the current directory.
 #pragma once
 
 #include <QString>
@@ -22,7 +22,7 @@ VX_EXPORT bool vxPathIsAbsolute(const QString& text);
 
 /// Resolves "." and ".." lexically and drops repeated separators, but keeps a leading pair (a network share) and a
 /// trailing one. The separator is "/" or "\", whichever occurs first; the other one is an ordinary character.
-/// A text that is not absolute is put behind the current directory. ".." at the root is dropped; behind a leading
+/// A text that is not absolute is appended to the current directory. ".." at the root is dropped; after a leading
 /// variable, whose value is not known here, it stays. Empty stays empty.
 VX_EXPORT QString vxPathResolve(const QString& text);
 

@@ -1,4 +1,4 @@
-// Texts of fixed capacity in 16-bit characters, as they stand in the records shared with the host.
+// Texts of fixed capacity in 16-bit characters, as the records shared with the host hold them.
 #pragma once
 
 #include <QString>
@@ -34,7 +34,7 @@ VX_EXPORT void replaceText(_wideText text, QStringView before, QStringView after
 
 /// A text of up to `Capacity` 16-bit characters: 2 * Capacity + 6 bytes, trivially copyable, alignment 2.
 /// Every assignment cuts at capacity; nothing fails on overflow. A length word above the capacity reads as the
-/// capacity. Assigning a text leaves the two bytes behind the length word alone.
+/// capacity. Assigning a text leaves the two bytes after the length word alone.
 template <quint16 Capacity>
 class _vxString {
  public:
@@ -51,7 +51,7 @@ class _vxString {
     QStringView view() const noexcept { return QStringView(units, length()); }
     QString toQString() const { return view().toString(); }
 
-    /// Length 0 and a terminator in first place; the characters behind it stay.
+    /// Length 0 and a terminator in first place; the characters after it stay.
     void clear() noexcept {
         lengthWord = 0;
         units[0] = u'\0';

@@ -1,4 +1,4 @@
-// Texts of fixed capacity in 8-bit characters, as they stand in the records shared with the host.
+// Texts of fixed capacity in 8-bit characters, as the records shared with the host hold them.
 #pragma once
 
 #include <QString>

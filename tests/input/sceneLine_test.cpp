@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "input/sectionKinds.h"
+
 namespace vxP {
 
 namespace {
@@ -9,57 +11,43 @@ namespace {
 struct _case {
     const char* what;
     const char* line;
-    _lineKind kind;
+    const char* kind;  ///< of its section, or of the line
     bool frameRange = false;
     bool variable = false;
 };
 
 constexpr _case cases[] = {
-    {"empty", "", _lineKind::other},
-    {"comment", "# frange 1 2", _lineKind::other},
-    {"frame_range", "frange 1 240", _lineKind::other, true},
-    {"frame_range_in_capitals", "FRANGE\t1 240", _lineKind::other, true},
-    // A file node's parameters; taken for the command they set every driver's range to 0.
-    {"parameter_frange", "frange\t[ 0\tlocks=0 ]\t(\t1\t1\t)", _lineKind::other},
-    {"parameter_frange1", "frange1\t[ 0\tlocks=0 ]\t(\t0\t)", _lineKind::other},
-    {"version", "set -g _HIP_SAVEVERSION = '19.5.640'", _lineKind::saveVersion},
-    {"version_in_any_case", "x _hip_saveversion", _lineKind::saveVersion},
-    {"variable", "set -g JOB = '/proj'", _lineKind::other, false, true},
-    {"variable_in_capitals", "SET -G JOB = '/proj'", _lineKind::other, false, true},
-    {"variable_behind_a_new_header", "HouLC1033.variables\x01set -g JOB = '/proj'", _lineKind::other, false, true},
-    {"variable_behind_an_old_header", "0707070000.variables\x01set -g JOB = '/proj'", _lineKind::other},
-    {"variable_without_blanks", "set -g JOB='/proj'", _lineKind::other},
-    {"take", "take name Main kids 0", _lineKind::take},
-    {"take_with_capital", "Take name Main kids 0", _lineKind::other},
-    {"driver", "0707070000out/geo1.parm {", _lineKind::outNode},
-    {"driver_without_brace", "out/geo1.parm", _lineKind::other},
-    {"driver_without_parm", "out/geo1 {", _lineKind::other},
-    {"plain_object", "obj/box1.parm {", _lineKind::other},
-    {"geometry_object", "obj/geo1.parm {", _lineKind::outNode},
-    {"mark_and_root_in_any_case", "OBJ/x/REDSHIFT_rop.parm {", _lineKind::outNode},
-    {"alembic", "obj/a/alembic1.parm {", _lineKind::outNode},
-    {"alembic_archive", "obj/alembicarchive1.parm {", _lineKind::other},
-    {"karma", "stage/karma1.parm {", _lineKind::outNode},
-    {"karma_properties", "stage/karmarenderproperties.parm {", _lineKind::other},
-    {"usd_driver", "stage/usd_rop1.parm {", _lineKind::outNode},
-    {"composite", "img/comp1.parm {", _lineKind::outNode},
-    {"camera", "obj/cam1.parm {", _lineKind::camera},
-    {"camera_before_driver", "out/cam_animated.parm {", _lineKind::camera},
-    {"stereo_camera", "obj/rig/stereocamL.parm {", _lineKind::camera},
-    {"camera_on_the_stage", "stage/cam1.parm {", _lineKind::other},
-    {"wedge", "out/wedge1.parm {", _lineKind::wedge},
-    {"wedge_in_object", "obj/geo1/wedge1.parm {", _lineKind::wedge},
-    {"wedge_goes_before_camera", "out/cam_wedge.parm {", _lineKind::wedge},
-    {"render_settings", "stage/rendersettings1.parm {", _lineKind::usdRenderSettings},
-    {"render_settings_with_capitals", "stage/RenderSettings1.parm {", _lineKind::outNode},
-    {"prman_lop", "stage/hdprman1.parm {", _lineKind::lop},
+    {"comment", "# frange 1 2", "other"},
+    // A file node's parameter; taken for the command it set every driver's range to 0.
+    {"parameter_frange1", "frange1\t[ 0\tlocks=0 ]\t(\t0\t)", "other"},
+    {"version_in_any_case", "x _hip_saveversion", "saveVersion"},
+    {"variable_behind_a_new_header", "HouLC1033.variables\x01set -g JOB = '/proj'", "other", false, true},
+    {"variable_behind_an_old_header", "0707070000.variables\x01set -g JOB = '/proj'", "other"},
+    {"variable_without_blanks", "set -g JOB='/proj'", "other"},
+    {"take_with_capital", "Take name Main kids 0", "other"},
+    {"driver_without_brace", "out/geo1.parm", "other"},
+    {"driver_without_parm", "out/geo1 {", "other"},
+    {"mark_and_root_in_any_case", "OBJ/x/REDSHIFT_rop.parm {", "driver"},
+    {"alembic_archive", "obj/alembicarchive1.parm {", "other"},
+    {"karma_properties", "stage/karmarenderproperties.parm {", "other"},
+    {"camera_before_driver", "out/cam_animated.parm {", "camera"},
+    {"camera_on_the_stage", "stage/cam1.parm {", "other"},
+    {"wedge_in_object", "obj/geo1/wedge1.parm {", "wedge"},
+    {"wedge_goes_before_camera", "out/cam_wedge.parm {", "wedge"},
+    {"render_settings", "stage/rendersettings1.parm {", "usdRenderSettings"},
+    {"render_settings_with_capitals", "stage/RenderSettings1.parm {", "driver"},
 };
+
+std::string kindOf(const _sceneLine& line) {
+    constexpr const char* names[] = {"other", "saveVersion", "take", "section"};
+    return line.section == nullptr ? names[static_cast<int>(line.kind)] : std::string(line.section->name.data());
+}
 
 class SceneLine : public testing::TestWithParam<_case> {};
 
 TEST_P(SceneLine, MeansToTheScan) {
     const _sceneLine line = classifyLine(QString::fromLatin1(GetParam().line));
-    EXPECT_EQ(line.kind, GetParam().kind);
+    EXPECT_EQ(kindOf(line), GetParam().kind);
     EXPECT_EQ(line.isFrameRange, GetParam().frameRange);
     EXPECT_EQ(line.isVariable, GetParam().variable);
 }

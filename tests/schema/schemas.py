@@ -61,7 +61,7 @@ def faults(command, document):
 
 def scenes(folder):
     """The example, spoilt variants of it, one without content, none at all, and the real ones where they are."""
-    subprocess.run([sys.executable, ROOT / "tests/plugin/oddScenes.py", EXAMPLE, folder, "6"], check=True)
+    subprocess.run([sys.executable, ROOT / "scripts/support/oddScenes.py", EXAMPLE, folder, "6"], check=True)
     (folder / "empty.hip").touch()
     real = sorted((ROOT / "../shared/scenes").glob("*.hip*"))
     return [EXAMPLE, UNFINISHED, *sorted(folder.glob("*.hip")), folder / "missing.hip", folder, *real]

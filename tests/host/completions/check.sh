@@ -3,6 +3,7 @@
 set -euo pipefail
 shell=$1 vxscene=$2 file=$3
 here=$(cd "$(dirname "$0")" && pwd)
+export LC_ALL=C.UTF-8
 case $shell in
 bash) driver=(bash --norc "$here/bash.bash") ;;
 fish) driver=(fish --no-config "$here/fish.fish") ;;
