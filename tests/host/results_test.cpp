@@ -36,7 +36,7 @@ TEST(JobFields, ComeThroughJsonAsTheyAre) {
     for (const auto& field : jobFields()) EXPECT_TRUE(field.isEqual(job, read)) << vxTest::plain(QString{field.name});
 }
 
-TEST(JobWaits, MeanTheNearestJobBeforeOfTheSameDriverAndTake) {
+TEST(JobWaits, MeanTheJobBeforeThatHasMostInCommon) {
     struct _row {
         const char* driver;
         const char* take;

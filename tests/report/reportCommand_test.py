@@ -74,11 +74,11 @@ class Agreement(unittest.TestCase):
         self.folder = pathlib.Path(folder.name)
 
     def test_on_the_jobs_that_jobs_wait_for(self):
-        """An export and its render job 201 times: more jobs than own numbers of 8 bits can tell apart."""
-        path = written(self.folder, "wedge.hip", scene([mantra("beauty"), wedge("beauty", 200)]))
+        """An export and its render job 301 times: more than own numbers of 8 bits can tell apart."""
+        path = written(self.folder, "wedge.hip", scene([mantra("beauty"), wedge("beauty", 300)]))
         ((result,), (shown,)) = results("jobs", path), data_of(run_report(path).stdout)["scenes"]
         waits = [job["waitsFor"] for job in result["jobs"]]
-        self.assertEqual(waits, [[], [1], *[[]] * 200, *[[3 + variant] for variant in range(200)]])
+        self.assertEqual(waits, [[], [1], *[[]] * 300, *[[3 + variant] for variant in range(300)]])
         self.assertEqual([job.get("waitsFor", []) for job in shown["jobs"]], waits)
         table = run("jobs", path).stdout.decode().splitlines()[2:]
         column = [int(line.split()[-1]) for line in table if "Mantra_StdA" in line]
