@@ -79,7 +79,7 @@ qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
 void _camList::addCam(_camNode& node) {
     for (const QLatin1String mark : notACamera) {
         if (!node.camName.contains({mark.data(), static_cast<std::size_t>(mark.size())})) continue;
-        tell(_remark::notACamera, mark);
+        tellOfSection(_remark::notACamera, mark);
         return;
     }
     _camNode& stored = cameras[indexOfCamera(node.camName)];

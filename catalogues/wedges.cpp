@@ -84,7 +84,7 @@ _step readSteps(_wedgeSection& section, const QString& line, _size nameLength) {
     _wedgeParams* const channel = channelOf(section, instance);
     if (channel == nullptr) return _step::next;
     channel->steps = vxS::wholeNumber(unquoted(line), &isNumber);
-    if (!isNumber) tell(_remark::stepsUnknown);
+    if (!isNumber) tell(_remark::stepsUnknown, line);
     return _step::next;
 }
 
@@ -123,7 +123,7 @@ _step applyWedgeRules(_wedgeSection& section, const QString& line) {
 /// Channels that were left out have no steps, so that there is no variant: such a wedge goes without channels.
 void takeChannels(_wedgeSection& section) {
     const bool noneLeftOut = static_cast<int>(section.channels.size()) == section.channels.rbegin()->first;
-    if (!noneLeftOut) tell(_remark::channelsLeftOut);
+    if (!noneLeftOut) tellOfSection(_remark::channelsLeftOut);
     for (auto channel = section.channels.begin(); noneLeftOut && channel != section.channels.end(); ++channel)
         section.node.params.append(channel->second);
 }
@@ -140,9 +140,9 @@ bool isComplete(_wedgeNode& node) {
     const bool hasDriver = !node.driver.isEmpty();
     const bool hasVariants = node.totalWedges() >= 1;
     const bool variesChannels = node.wedgeMethod.compare(channelMethod, Qt::CaseInsensitive) == 0;
-    if (!hasDriver) tell(_remark::wedgeWithoutDriver);
-    if (!hasVariants) tell(_remark::wedgeWithoutVariants);
-    if (!variesChannels) tell(_remark::wedgeOfOtherMethod, node.wedgeMethod);
+    if (!hasDriver) tellOfSection(_remark::wedgeWithoutDriver);
+    if (!hasVariants) tellOfSection(_remark::wedgeWithoutVariants);
+    if (!variesChannels) tellOfSection(_remark::wedgeOfOtherMethod, node.wedgeMethod);
     return hasDriver && hasVariants && variesChannels;
 }
 

@@ -24,7 +24,7 @@ void restartFrameRange() {
 void passOver(const QString& header) {
     if (scanObserver == nullptr) return;
     scanObserver->readerTakes(_sectionReader::driver, nodePathOf(header, driverRoots, _unendedPath::isWhole));
-    scanObserver->remark(_remark::passedOver, QString::number(mostJobsBefore));
+    tellOfSection(_remark::passedOver, QString::number(mostJobsBefore));
 }
 
 }  // namespace

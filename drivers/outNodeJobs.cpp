@@ -46,8 +46,8 @@ void registerKarma(_driver& driver) {
 }
 
 bool isUsable(const QString& name, _remark whenEmpty, _remark whenViewerOnly) {
-    if (name.isEmpty()) tell(whenEmpty);
-    if (name == viewerOnly) tell(whenViewerOnly, name);
+    if (name.isEmpty()) tellOfSection(whenEmpty);
+    if (name == viewerOnly) tellOfSection(whenViewerOnly, name);
     return !name.isEmpty() && name != viewerOnly;
 }
 
@@ -90,7 +90,7 @@ void addChannels(const _driver& driver, _JobBasics_largePath& job) {
 void splitImageName(const QString& name, const _driver& driver, _JobBasics_largePath& job) {
     job.imageFileName = translated(name, driver, job);
     if (scanObserver != nullptr && !vxS::vxPathIsAbsolute(job.imageFileName.toQString()))
-        tell(_remark::relativeName, job.imageFileName.toQString());
+        tellOfSection(_remark::relativeName, job.imageFileName.toQString());
     job.splitImageFileInto_DirFileExt(true);
 }
 
@@ -112,7 +112,7 @@ void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_la
 }
 
 qint32 noMoreJobs() {
-    tell(_remark::noMoreJobs);
+    tellOfSection(_remark::noMoreJobs);
     return resultNoMoreJobs;
 }
 

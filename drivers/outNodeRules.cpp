@@ -74,7 +74,7 @@ void readPlainRange(const QString& value) {
 
 _step readFrameRange(_driver&, const QString& line) {
     const QString value = parenthesised(line);
-    tell(_remark::ownFrames);
+    tell(_remark::ownFrames, line);
     if (value.contains(QLatin1String("f1"), Qt::CaseInsensitive))
         readChannelRange(value);
     else
@@ -122,7 +122,7 @@ _step readLopPath(_driver& driver, const QString& line) {
 _step readLopOutput(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     driver.isExport = true;
-    tell(_remark::exportName);
+    tell(_remark::exportName, line);
     if (replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable))
         driver.singleFile = noFrameVariable;
     return _step::next;
@@ -173,7 +173,7 @@ _step leaveSection(_driver&, const QString&) {
 
 _step readExportFile(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
-    tell(_remark::exportName);
+    tell(_remark::exportName, line);
     const bool stored = replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable);
     if (stored && noFrameVariable && driver.has(_kind::vray)) driver.singleFile = true;
     return _step::next;
@@ -260,7 +260,8 @@ std::span<const QLatin1String> outNodeParameters() {
 }
 
 _parameterRole roleOf(const QString& line) {
-    for (const _paramRule& rule : outNodeRules) {
+    for (std::size_t row = outNodeRows.first(line); row < outNodeRules.size(); row = outNodeRows.next(row)) {
+        const _paramRule& rule = outNodeRules[row];
         if (!isNamed(line, rule.name)) continue;
         if (rule.handle == readTrange || rule.handle == readFrameRange) return _parameterRole::frameRange;
         if (rule.handle == readImage || rule.handle == readLopOutput) return _parameterRole::output;

@@ -57,13 +57,13 @@ void convertTake(QString& name, bool& activeTakeUsed) {
     for (const QLatin1String text : takeTexts) name.replace(text, takePlaceholder, Qt::CaseInsensitive);
 }
 
-bool isUsable(const QString& name) {
+bool isUsable(const QString& name, const QString& line) {
     for (const QLatin1String mark : unusableMarks) {
         if (!name.contains(mark)) continue;
-        tell(_remark::nameUnusable, mark);
+        tell(_remark::nameUnusable, line, mark);
         return false;
     }
-    tell(name.isEmpty() ? _remark::nameEmpty : _remark::nameTaken);
+    tell(name.isEmpty() ? _remark::nameEmpty : _remark::nameTaken, line);
     return !name.isEmpty();
 }
 
@@ -89,12 +89,12 @@ bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& 
     convertTake(name, activeTakeUsed);
     if (name.contains(channelReference)) {
         if (!out.isEmpty()) {  // a name read before goes before one driven by a channel
-            tell(_remark::nameComesSecond);
+            tell(_remark::nameComesSecond, line);
             return false;
         }
         name = name.remove(channelReference).remove(QLatin1Char(']')).trimmed();
     }
-    if (!isUsable(name)) return false;
+    if (!isUsable(name, line)) return false;
     if (prepend) spendWork(out.size());
     out = (prepend ? name + out : name).left(longestName);
     return true;

@@ -56,7 +56,7 @@ qint32 readSection(QTextStream& stream, QString& line, OnParameter onParameter, 
             case _sectionStep::closed:
                 return onClosed();
             case _sectionStep::cutOff:
-                tell(_remark::notClosed);
+                tellOfSection(_remark::notClosed);
                 return resultSuccess;
         }
     }

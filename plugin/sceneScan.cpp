@@ -38,7 +38,7 @@ void keepFrameRange(const QString& line) {
     GLseqStart = integerOf(textBefore(numbers, u' '));
     GLseqEnd = integerOf(textBehind(numbers, u' '));
     GLseqStep = 1;
-    tell(_remark::frameRangeStored, numbers);
+    tell(_remark::frameRangeStored, line);
 }
 
 /// `set -g _HIP_SAVEVERSION = '19.5.640'`

@@ -6,11 +6,11 @@
 namespace vxH {
 
 QJsonObject explainScene(const QString& scene, const _submitterArguments& arguments) {
-    QJsonObject explanation;
+    vxE::_explanation explanation;
     const auto loader = [&](vxP::_dataPARS_LoadSceneFile* load) { return vxE::loadExplained(*load, explanation); };
     QJsonObject result = loadScene(loader, scene, arguments, jobsToJson);
-    for (auto member = explanation.begin(); member != explanation.end(); ++member)
-        result.insert(member.key(), member.value());
+    const QJsonObject members = explanationToJson(explanation);
+    for (auto member = members.begin(); member != members.end(); ++member) result.insert(member.key(), member.value());
     return result;
 }
 

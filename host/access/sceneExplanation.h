@@ -5,17 +5,12 @@
 #include <QString>
 
 #include "host/access/sceneLoad.h"
+#include "host/results/explanationJson.h"
 
 namespace vxH {
 
-// Members of an explained scene, beside those of a scene's result.
-constexpr QLatin1String factsKey{"facts"};
-constexpr QLatin1String sectionsKey{"sections"};
-constexpr QLatin1String notRecognisedKey{"notRecognised"};
-constexpr QLatin1String warningsKey{"warnings"};
-
 /// Loads the scene in this process and explains it: a scene's result with every field of every job, and the members
-/// above. They are missing where the scene cannot be read.
+/// of its explanation.
 /// @param scene  absolute path of at most 500 characters
 QJsonObject explainScene(const QString& scene, const _submitterArguments& arguments);
 
