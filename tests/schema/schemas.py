@@ -61,9 +61,10 @@ def faults(command, document):
 
 
 def scenes(folder):
-    """The example, spoilt variants of it, one without content, none at all, and the real ones where they are."""
+    """The example, spoilt variants of it, odd ones, one that is not there, and the real ones where they are."""
     subprocess.run([sys.executable, ROOT / "tests/plugin/oddScenes.py", EXAMPLE, folder, "6"], check=True)
     (folder / "empty.hip").touch()
+    (folder / "manyNames.hip").write_bytes(b"out/a.parm {\n" + b"vm_picture\t(a\n" * 150)  # explained, it is cut
     real = sorted((ROOT / "../shared/scenes").glob("*.hip*"))
     return [EXAMPLE, UNFINISHED, *sorted(folder.glob("*.hip")), folder / "missing.hip", folder, *real]
 
