@@ -1,5 +1,6 @@
 // What the worst scenes cost: each row is a scene written to take long or to take memory. A load may take a second and
-// one more for each 100 MB, of the processor (shown: its own and the kernel's), and 64 MB beside the job records.
+// one more for each 100 MB, of the processor (shown: its own and the kernel's), and 64 MB beside the job records; its
+// explanation as much again of each.
 // Usage: hostileScenes [MEGABYTES=100 [ROW]]
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <string>
 
 #include "bench/measurement.h"
+#include "explain/explainedLoad.h"
 #include "plugin/vxSceneParserHoudini.h"
 
 namespace {
@@ -61,6 +63,11 @@ auto scenes() {
     const std::string open = "out/a.parm {\n";
     const std::string longText(30000, '$');
     const std::string longLine(500000, '/');
+    const std::string longExpression = times(650, "$FSTAR");
+    const std::string strange = value("trange", "on") + value("file", "a");
+    std::string unknowns;
+    for (char a = 'a'; a <= 'z'; ++a)
+        for (char b = 'a'; b <= 'z'; ++b) unknowns += std::string("$") + a + b;
     std::string nested;
     for (int i = 0; i < 150; ++i) nested += "$WEDG";
     for (int i = 0; i < 150; ++i) nested += 'E';
@@ -106,6 +113,21 @@ auto scenes() {
         _hostileScene{"wedge of 16000 variants", driver("a", ""), "", wedge(channels(1, "a", "16000"))},
         _hostileScene{"nested wedge placeholders", driver("a", passes("$WEDGE")), "",
                       wedge(value("prefix", nested) + channels(1, "a", "16000"))},
+        // Scenes that take long to explain.
+        _hostileScene{"drivers without a name", "", section("out/@", "trange\n"), ""},
+        _hostileScene{"drivers of many names", "", section("out/@", times(200, value("vm_picture", "chs(@)"))), ""},
+        _hostileScene{"drivers that nobody knows", "", section("x@", strange), ""},
+        _hostileScene{"the same with long paths", "", section(times(650, "/karma"), strange), ""},
+        _hostileScene{"entries of channels", "", "a@.chn {\n}\n", ""},
+        _hostileScene{"long expressions", "",
+                      "out/a@.chn {\nchannel f1 {\nexpr = " + longExpression + "\n}\n}\n" + section("out/a@", "f\t\n"),
+                      ""},
+        _hostileScene{"empty lines", "", "\n", ""},
+        _hostileScene{"undefined variables", manyDrivers(passes(unknowns)), "", ""},
+        _hostileScene{"variants of undefined variables", driver("a", passes(unknowns)), "",
+                      wedge(channels(1, "a", "16000"))},
+        _hostileScene{"variants of drivers of one name", times(250, driver("a", "")), "",
+                      wedge(channels(1, "a", "65"))},
     };
 }
 
@@ -136,17 +158,26 @@ constexpr double secondsOfAnyScene = 1;
 constexpr double bytesPerSecond = 100e6;
 constexpr long kilobytesBesideRecords = 64 * 1024;
 
-void report(const _hostileScene& scene, std::size_t bytes, const std::string& path) {
-    const std::size_t written = write(scene, bytes, path);
-    const _measurement load = measuredLoad(path, 0, [](auto& record) { return pLoadSceneFile(&record); });
-    const double allowed = secondsOfAnyScene + static_cast<double>(written) / bytesPerSecond;
+/// @param loads  that it counts for: an explained one for two
+void show(const char* what, const _measurement& load, std::size_t bytes, int loads) {
+    const double allowed = loads * (secondsOfAnyScene + static_cast<double>(bytes) / bytesPerSecond);
     const long kilobytes = load.peakKilobytes - static_cast<long>(vxJ::largePathRecordSize / 1024) * load.records;
     const double seconds = load.ownSeconds + load.kernelSeconds;
-    std::printf("%-34s %6.1f MB %6.3f + %6.3f s of %5.2f %-6s %6ld KB %-6s code %2d, %d jobs\n", scene.name,
-                static_cast<double>(written) / 1e6, load.ownSeconds, load.kernelSeconds, allowed,
-                seconds <= allowed ? "ok" : "SLOW", kilobytes, kilobytes <= kilobytesBesideRecords ? "ok" : "LARGE",
-                load.code, load.jobs);
+    std::printf("%-34s %6.1f MB %6.3f + %6.3f s of %5.2f %-6s %6ld KB %-6s code %2d, %d jobs\n", what,
+                static_cast<double>(bytes) / 1e6, load.ownSeconds, load.kernelSeconds, allowed,
+                seconds <= allowed ? "ok" : "SLOW", kilobytes,
+                kilobytes <= loads * kilobytesBesideRecords ? "ok" : "LARGE", load.code, load.jobs);
     std::fflush(stdout);
+}
+
+void report(const _hostileScene& scene, std::size_t bytes, const std::string& path) {
+    const std::size_t written = write(scene, bytes, path);
+    show(scene.name, measuredLoad(path, 0, [](auto& record) { return pLoadSceneFile(&record); }), written, 1);
+    const auto explain = [](auto& record) {
+        vxE::_explanation explanation;
+        return vxE::loadExplained(record, explanation);
+    };
+    show("  explained", measuredLoad(path, 0, explain), written, 2);
 }
 
 }  // namespace
