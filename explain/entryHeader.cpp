@@ -37,7 +37,7 @@ constexpr std::array archiveHeaders{
     _archiveHeader{"Hou", 2, "\x1a", 28, isHexadecimal},
 };
 
-/// Bytes from the text's magic on that no other header can begin in: all of its own if it has one here.
+/// Bytes of the text, which begins with a magic, in which no other header can begin: all of a whole header.
 std::size_t bytesDone(std::string_view text, const _archiveHeader& header) {
     if (text.substr(header.magic.size() + header.freeBytes, header.mark.size()) != header.mark) return 1;
     const std::string_view digits = text.substr(header.beforeDigits(), header.digitCount);

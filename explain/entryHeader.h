@@ -15,7 +15,7 @@ struct _entryHeader {
     std::string_view type;  ///< of the node; only an entry of that kind tells it
 };
 
-/// False for nearly all lines that end with no header, at little cost.
+/// Tells at little cost: true for every line that ends with a header and for few others.
 /// @param line  without white space at its end; of a long one the end is enough
 inline bool mayEndWithHeader(std::string_view line) {
     if (line.empty() || line.back() == ')' || line.back() == '"') return false;  // most are of parameters and dialogs

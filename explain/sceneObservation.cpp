@@ -24,7 +24,7 @@ qint64 bytesOf(const _observedSection& section) {
     return sum;
 }
 
-/// A node that a driver's reader took for the sake of its name, and that has nothing else of a driver.
+/// A node that the driver's reader took because of its name, and that has nothing else of a driver.
 bool isOnlyCalledLikeADriver(const _observedSection& section) {
     const auto tellsMore = [](const _observedRemark& remark) { return remark.what != vxP::_remark::noImageName; };
     return section.reader == vxP::_sectionReader::driver && !section.hasFrames && !section.madeJobs() &&

@@ -32,8 +32,8 @@ struct _observedSection {
     bool has(vxP::_remark what) const { return find(what) != nullptr; }
 };
 
-/// Listens to one load, for as long as it lives. Sections for which there is no room are left out; half of the
-/// room is kept for those that are more than nodes which are only called like a driver.
+/// Listens to one load, for as long as it lives. Sections for which there is no room are left out. Half of the room is
+/// kept for sections that are more than a node with a driver's name.
 class _sceneObservation : public vxP::_scanObserver {
  public:
     /// @param room  bytes for all sections, here and in the explanation; must outlive the observation

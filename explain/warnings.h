@@ -19,8 +19,8 @@ struct _loadedScene {
     const vxP::_sceneFacts& facts;
 };
 
-/// Warnings in the order in which they were found; one that holds for several jobs is given once, with each of them
-/// once.
+/// Warnings in the order in which they were found. One that holds for several jobs is given once, and names each of
+/// them once.
 class _warningList {
  public:
     _warningList(_explanationBudget& ofExplanation, _leftOut& counts) : budget(ofExplanation), leftOut(counts) {}
