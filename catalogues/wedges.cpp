@@ -106,9 +106,12 @@ struct _wedgeRule {
 
 constexpr std::array wedgeRules{
     // first match wins
-    _wedgeRule{QLatin1String{"prefix\t"}, readPrefix},      _wedgeRule{QLatin1String{"driver\t"}, readDriver},
-    _wedgeRule{QLatin1String{"wedgemethod\t"}, readMethod}, _wedgeRule{QLatin1String{"name"}, readName, true},
-    _wedgeRule{stepsName, readSteps, true},    _wedgeRule{QLatin1String{"range"}, readRange, true},
+    _wedgeRule{QLatin1String{"prefix\t"}, readPrefix},
+    _wedgeRule{QLatin1String{"driver\t"}, readDriver},
+    _wedgeRule{QLatin1String{"wedgemethod\t"}, readMethod},
+    _wedgeRule{QLatin1String{"name"}, readName, true},
+    _wedgeRule{stepsName, readSteps, true},
+    _wedgeRule{QLatin1String{"range"}, readRange, true},
 };
 
 constexpr auto wedgeNames = ruleNames(wedgeRules);

@@ -33,14 +33,14 @@ inline constexpr std::array outputRoots{outRoot, stageRoot, imgRoot, objRoot};
 
 /// What the type of a node tells about it. A plain load knows no types.
 struct _nodeTraits {
-    bool exportsOnly = false;    ///< a driver: writes a scene description that no job renders
-    bool rendersStage = false;   ///< a driver: is the node of the stage that it renders
-    bool isStereo = false;       ///< a camera
+    bool exportsOnly = false;   ///< a driver: writes a scene description that no job renders
+    bool rendersStage = false;  ///< a driver: is the node of the stage that it renders
+    bool isStereo = false;      ///< a camera
 };
 
 /// The node whose section is read.
 struct _sectionNode {
-    QString path;                          ///< "/out/mantra1"
+    QString path;                         ///< "/out/mantra1"
     const _nodeTraits* traits = nullptr;  ///< null: the section itself and the path have to tell
 };
 
