@@ -13,6 +13,8 @@ namespace {
 
 /// What a step costs of the budget of a load, in its units.
 constexpr qint64 workPerStep = 100;
+/// Bytes of a text that count as a step.
+constexpr std::size_t bytesPerStep = 64;
 
 class _walk {
  public:
@@ -56,10 +58,12 @@ _valueOutcome _walk::valueOf(const _syntax& node) {
     ++surroundings.effort().depth;
     _valueOutcome value = valueOfForm(node);
     --surroundings.effort().depth;
-    if (value && std::holds_alternative<std::string>(*value) && std::get<std::string>(*value).size() > longestText) {
-        return unknown(_reason::tooLong, node.text);
-    }
-    return value;
+    const auto* const text = value ? std::get_if<std::string>(&*value) : nullptr;
+    if (text == nullptr) return value;
+    const auto steps = static_cast<int>(text->size() / bytesPerStep);
+    surroundings.effort().steps += steps;
+    vxP::spendWork(steps * workPerStep);
+    return text->size() > longestText ? unknown(_reason::tooLong, node.text) : value;
 }
 
 _valueOutcome _walk::valueOfForm(const _syntax& node) {
