@@ -11,7 +11,8 @@ namespace vxV {
 
 namespace {
 
-/// What a step costs of the budget of a load, in its units.
+/// Bytes of a text that count as a step.
+constexpr std::size_t bytesPerStep = 64;
 
 class _walk {
  public:
@@ -55,10 +56,12 @@ _valueOutcome _walk::valueOf(const _syntax& node) {
     ++surroundings.effort().depth;
     _valueOutcome value = valueOfForm(node);
     --surroundings.effort().depth;
-    if (value && std::holds_alternative<std::string>(*value) && std::get<std::string>(*value).size() > longestText) {
-        return unknown(_reason::tooLong, node.text);
-    }
-    return value;
+    const auto* const text = value ? std::get_if<std::string>(&*value) : nullptr;
+    if (text == nullptr) return value;
+    const auto steps = static_cast<int>(text->size() / bytesPerStep);
+    surroundings.effort().steps += steps;
+    vxP::spendWork({vxP::evaluationStepCost.once * steps});
+    return text->size() > longestText ? unknown(_reason::tooLong, node.text) : value;
 }
 
 _valueOutcome _walk::valueOfForm(const _syntax& node) {

@@ -40,13 +40,7 @@ _token _tokens::next() {
     skipBlanks();
     if (left.empty()) return {};
     const char first = left.front();
-    if (isDigit(first) || (first == '.' && left.size() > 1 && isDigit(left[1]))) {
-        double number = 0;
-        const auto [behind, error] = std::from_chars(left.data(), left.data() + left.size(), number);
-        const std::string_view source = take(static_cast<std::size_t>(behind - left.data()));
-        const bool endsThere = error == std::errc() && (left.empty() || !isNamePart(left.front()));
-        return {endsThere ? _tokenKind::number : _tokenKind::unreadable, source, {}, number};
-    }
+    if (isDigit(first) || (first == '.' && left.size() > 1 && isDigit(left[1]))) return number();
     if (isNameStart(first)) return {_tokenKind::name, take(nameAtStart(left).size()), {}, 0};
     if (first == '"' || first == '\'') return quoted(first);
     if (first == '$') return variable();
@@ -59,6 +53,14 @@ _token _tokens::next() {
         if (left.starts_with(sign)) return {_tokenKind::sign, take(sign.size()), {}, 0};
     }
     return {_tokenKind::unreadable, take(1), {}, 0};
+}
+
+_token _tokens::number() {
+    double value = 0;
+    const auto [behind, error] = std::from_chars(left.data(), left.data() + left.size(), value);
+    const std::string_view source = take(static_cast<std::size_t>(behind - left.data()));
+    const bool endsThere = error == std::errc() && (left.empty() || !isNamePart(left.front()));
+    return {endsThere ? _tokenKind::number : _tokenKind::unreadable, source, {}, value};
 }
 
 _token _tokens::quoted(char quote) {

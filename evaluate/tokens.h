@@ -36,6 +36,7 @@ class _tokens {
  private:
     void skipBlanks();
     std::string_view take(std::size_t count);
+    _token number();
     _token quoted(char quote);
     _token variable();
 

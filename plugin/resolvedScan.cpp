@@ -1,5 +1,6 @@
 #include "plugin/resolvedScan.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "input/sceneLine.h"
@@ -31,8 +32,16 @@ QString linesOfScene(const vxN::_scene& scene) {
     return lines;
 }
 
+/// Nodes of several networks share the names of their types: a driver has what tells the file that it writes.
+bool namesAnOutput(const vxN::_node& node, const _nodeType& type) {
+    return std::any_of(type.outputs.begin(), type.outputs.end(), [&](const _outputParameter& output) {
+        return !output.name.empty() && node.parameter(output.name) != nullptr;
+    });
+}
+
 /// The kind of section that a node has, by its type; by its path where the scene does not hold its type.
 const _sectionKind* kindOf(const vxN::_node& node, const _nodeType* type) {
+    if (type != nullptr && type->reader == _sectionReader::driver && !namesAnOutput(node, *type)) return nullptr;
     if (type != nullptr) return &sectionKindOf(type->reader);
     if (!node.type().empty()) return nullptr;
     const QString header = qt(node.path()).mid(1) + QLatin1String(".parm{");
@@ -101,7 +110,7 @@ qint32 _resolvedScan::readNode(const vxN::_node& node, _sectionResolver& section
 qint32 _resolvedScan::run() {
     if (const qint32 read = readFacts(); read != resultSuccess) return read;
     const auto evaluator = sectionEvaluator(scene, sceneSource, load.sceneFileName->toQString().toStdString());
-    _sectionResolver sections(scene, *evaluator);
+    _sectionResolver sections(*evaluator);
     for (qint32 index = 0; index < scene.nodeCount(); ++index) {
         const qint32 read = readNode(scene.node(index), sections);
         if (read != resultSuccess) return read;

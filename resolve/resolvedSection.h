@@ -16,9 +16,8 @@ enum class _idle : quint8 { no, bypassed, loadsFromDisk, savedByHand };
 /// Makes the sections of a scene's nodes.
 class _sectionResolver {
  public:
-    /// All have to outlive it.
-    _sectionResolver(const vxN::_scene& ofScene, vxV::_evaluator& withEvaluator)
-        : scene(ofScene), evaluator(withEvaluator) {}
+    /// The evaluator has to outlive it.
+    explicit _sectionResolver(vxV::_evaluator& withEvaluator) : evaluator(withEvaluator) {}
 
     /// @param type  of the node; null where it is not known
     _idle idleness(const vxN::_node& node, const _nodeType* type);
@@ -41,7 +40,6 @@ class _sectionResolver {
     std::optional<bool> isOn(const vxN::_node& node, std::string_view parameter);
     std::optional<double> frame(const vxN::_node& node, const vxN::_value& value);
 
-    const vxN::_scene& scene;
     vxV::_evaluator& evaluator;
 };
 

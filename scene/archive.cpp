@@ -258,4 +258,8 @@ std::string readBody(const _byteSource& source, const _body& body, qint64 most) 
     return text;
 }
 
+qint64 headerBytes(_archiveKind kind) {
+    return kind == _archiveKind::none ? 0 : formOf(kind).fixedBytes;
+}
+
 }  // namespace vxN

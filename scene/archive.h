@@ -47,6 +47,9 @@ enum class _archiveEnd : quint8 {
     unreadable  ///< the source reported an error; what was read before is there
 };
 
+/// Bytes of a header in front of the entry's name.
+qint64 headerBytes(_archiveKind kind);
+
 /// A part of the source.
 struct _body {
     qint64 offset = 0;

@@ -68,7 +68,9 @@ bool _node::isSaved() const {
 
 qint64 _node::parametersStart() const {
     const auto entry = static_cast<std::size_t>(_nodeEntry::parameters);
-    return scene == nullptr ? 0 : scene->record(position).entries[entry].offset;
+    const qint64 text = scene == nullptr ? 0 : scene->record(position).entries[entry].offset;
+    const auto nameSize = static_cast<qint64>(path().size() - 1 + std::string_view(".parm").size() + 1);
+    return text == 0 ? 0 : text - nameSize - headerBytes(scene->archiveKind);
 }
 
 _node _node::parent() const {

@@ -105,7 +105,7 @@ class _node {
     bool matchesDefinition() const;
     /// False: only its children have entries in the scene.
     bool isSaved() const;
-    /// Where the text of its parameters begins, in bytes from the scene's beginning; 0: it has none.
+    /// Where the header of its parameters is, in bytes from the scene's beginning; 0: it has none.
     qint64 parametersStart() const;
 
     _node parent() const;

@@ -8,8 +8,9 @@
 //         ... first->segments[0].expression                        // "$FSTART"
 //     for (const vxN::_node child : scene.root().children()) ...
 //
-// Texts are the bytes of the scene, UTF-8 in most. Opening and `takes` spend what scan/scanBudget.h allows and throw
-// `_budgetExceeded`; what is read later of one node is bounded by its own limits (scene/limits.h).
+// Texts are the bytes of the scene, UTF-8 in most. A scene and its nodes are for one thread. Whatever reads the scene
+// spends what scan/scanBudget.h allows and throws `_budgetExceeded`: call `vxP::beginBudget` before each scene.
+// What is read of one node has limits of its own besides (scene/limits.h).
 #pragma once
 
 #include <memory>

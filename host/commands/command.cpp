@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <memory>
 
 #include "host/access/pluginLibrary.h"
 #include "host/base/terminal.h"
@@ -35,6 +36,18 @@ std::function<std::string(const std::string&)> keptIn(std::string& text) {
 _option pluginOption(std::string& plugin) {
     plugin = defaultPlugin().toStdString();
     return fileOption({"--plugin"}, plugin, "Plug-in file instead of the program's own");
+}
+
+_command resolving(_command command) {
+    const auto isGiven = std::make_shared<bool>(false);
+    command.options.push_back(
+        flag("--resolve", *isGiven, "Compute expressions, and know drivers by their nodes' types"));
+    command.run = [isGiven, run = command.run](const _submitterArguments& submitter) {
+        _submitterArguments arguments = submitter;
+        if (*isGiven) arguments.push_back("-houdiniResolve");
+        return run(arguments);
+    };
+    return command;
 }
 
 _option flag(const char* name, bool& isGiven, const char* description) {

@@ -52,6 +52,8 @@ _option secondsOption(const char* name, double& seconds, double most, const char
 /// @param choose  called with the place of the word that is given
 _option wordOption(const char* name, const std::vector<std::string>& words, std::function<void(std::size_t)> choose,
                    const char* description);
+/// The command with `--resolve`: the scenes are loaded as Houdini reads them.
+_command resolving(_command command);
 /// `--format text|json`
 _option textOrJson(bool& asJson);
 /// An argument that is a scene.

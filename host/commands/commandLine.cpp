@@ -126,6 +126,7 @@ void describe(CLI::App& program) {
 
 std::vector<_command> madeCommands() {
     std::vector<_command> made;
+    made.reserve(allCommands.size());
     for (const auto make : allCommands) made.push_back(make());
     return made;
 }
@@ -144,6 +145,7 @@ int runCommandLine(int argc, const char* const* argv, const _submitterArguments&
     CLI::App program;
     describe(program);
     std::vector<const CLI::App*> lines;
+    lines.reserve(commands.size());
     for (const auto& command : commands) lines.push_back(addCommand(program, command));
     try {
         program.parse(argc, argv);

@@ -54,27 +54,27 @@ int run(const _options& options, const _submitterArguments& submitter) {
 
 _command diffCommand() {
     const auto options = std::make_shared<_options>();
-    return {
-        "diff",
-        "Print which jobs came, went or changed from one scene to another",
-        "A job is found again by its driver, and among the driver's jobs by renderer, take and output, wherever it\n"
-        "stands. A driver that was renamed counts as gone and another one as come.\n"
-        "Not shown without --all: in paths, the folder of the scene where a path begins with it, and the name of the\n"
-        "scene where it is a whole word; a job's own number, and other numbers for the same jobs to wait for.\n"
-        "A scene whose drivers have no usable output names is told on the error stream and compared as one without\n"
-        "jobs.\n"
-        "\n" +
-            exitStatusHelp(comparisonStatuses) +
-            "\n"
-            "Examples:\n"
-            "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
-            "  vxscene diff --format json shot010_v001.hip shot010_v002.hip -- -houdiniBuildVersion 50000",
-        {pluginOption(options->plugin), textOrJson(options->asJson),
-         flag("--all", options->everyField, "Every field that differs, whatever the reason")},
-        {sceneArgument("OLD", options->oldScene, "Scene file to compare with"),
-         sceneArgument("NEW", options->newScene, "Scene file; submitter arguments follow \"--\"")},
-        [options](const _submitterArguments& submitter) { return run(*options, submitter); },
-        exitTrouble};
+    return resolving(
+        {"diff",
+         "Print which jobs came, went or changed from one scene to another",
+         "A job is found again by its driver, and among the driver's jobs by renderer, take and output, wherever it\n"
+         "stands. A driver that was renamed counts as gone and another one as come.\n"
+         "Not shown without --all: in paths, the folder of the scene where a path begins with it, and the name of the\n"
+         "scene where it is a whole word; a job's own number, and other numbers for the same jobs to wait for.\n"
+         "A scene whose drivers have no usable output names is told on the error stream and compared as one without\n"
+         "jobs.\n"
+         "\n" +
+             exitStatusHelp(comparisonStatuses) +
+             "\n"
+             "Examples:\n"
+             "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
+             "  vxscene diff --format json shot010_v001.hip shot010_v002.hip -- -houdiniBuildVersion 50000",
+         {pluginOption(options->plugin), textOrJson(options->asJson),
+          flag("--all", options->everyField, "Every field that differs, whatever the reason")},
+         {sceneArgument("OLD", options->oldScene, "Scene file to compare with"),
+          sceneArgument("NEW", options->newScene, "Scene file; submitter arguments follow \"--\"")},
+         [options](const _submitterArguments& submitter) { return run(*options, submitter); },
+         exitTrouble});
 }
 
 }  // namespace vxH

@@ -34,7 +34,7 @@ _command explainCommand() {
                      {},
                      [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);
-    return command;
+    return resolving(command);
 }
 
 }  // namespace vxH

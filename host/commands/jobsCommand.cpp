@@ -42,7 +42,7 @@ _command jobsCommand() {
                      {},
                      [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);
-    return command;
+    return resolving(command);
 }
 
 }  // namespace vxH

@@ -68,7 +68,7 @@ _command reportCommand() {
         {},
         [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);
-    return command;
+    return resolving(command);
 }
 
 }  // namespace vxH

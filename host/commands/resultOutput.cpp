@@ -18,6 +18,7 @@ _resultFormat jsonLinesFormat() {
 _option formatOption(const std::vector<_resultFormat>& formats, const _resultFormat*& chosen, const char* description) {
     chosen = &formats.front();
     std::vector<std::string> words;
+    words.reserve(formats.size());
     for (const auto& format : formats) words.emplace_back(format.word);
     return wordOption(
         "--format", words, [&formats, &chosen](std::size_t place) { chosen = &formats[place]; }, description);

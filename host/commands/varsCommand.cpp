@@ -39,14 +39,14 @@ int run(const _options& options, const _submitterArguments& submitter) {
 
 _command varsCommand() {
     const auto options = std::make_shared<_options>();
-    return {"vars",
-            "Print the named variables of a scene's jobs",
-            "Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip",
-            {pluginOption(options->plugin), textOrJson(options->asJson),
-             numberOption("--job", options->jobNumber, {1, std::numeric_limits<int>::max()},
-                          "Only this job, numbered as \"jobs\" does")},
-            {sceneArgument("SCENE", options->scene, "Scene file; submitter arguments follow \"--\"")},
-            [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    return resolving({"vars",
+                      "Print the named variables of a scene's jobs",
+                      "Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip",
+                      {pluginOption(options->plugin), textOrJson(options->asJson),
+                       numberOption("--job", options->jobNumber, {1, std::numeric_limits<int>::max()},
+                                    "Only this job, numbered as \"jobs\" does")},
+                      {sceneArgument("SCENE", options->scene, "Scene file; submitter arguments follow \"--\"")},
+                      [options](const _submitterArguments& submitter) { return run(*options, submitter); }});
 }
 
 }  // namespace vxH

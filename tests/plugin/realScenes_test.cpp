@@ -77,7 +77,8 @@ TEST(RealScenes, GiveTheJobsThatTheirTextHolds) {
         SCOPED_TRACE(plain(name));
         QFile file(folder.filePath(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const QString scene = QString::fromLatin1(file.readAll());
+        const QByteArray bytes = file.readAll();
+        const QString scene = QString::fromLatin1(bytes.constData(), static_cast<int>(bytes.size()));  // NULs and all
         vxTest::freshScanState();
         vxTest::_loader loader(file.fileName());
         const qint32 code = pLoadSceneFile(&loader.record());
