@@ -128,7 +128,7 @@ TEST_P(ResolvedLoad, GivesTheJobsThatHoudiniWouldRun) {
 
 INSTANTIATE_TEST_SUITE_P(Table, ResolvedLoad, testing::ValuesIn(cases), vxTest::rowName);
 
-/// How many drivers of a real scene write something, counted by hand from its nodes' types and switches.
+/// How many drivers of a real scene write something, as its nodes' types, switches and output names have it.
 struct _realCase {
     const char* scene;
     std::size_t drivers;
