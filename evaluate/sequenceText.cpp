@@ -17,7 +17,7 @@ constexpr double proofFrame = 4321;
 struct _numbered {
     std::string before;
     std::string behind;
-    std::size_t width;
+    std::size_t width = 0;  ///< digits
 
     std::string at(double frame) const {
         const std::string digits = std::to_string(static_cast<long long>(frame));
@@ -37,28 +37,24 @@ std::optional<_numbered> numberedText(const std::string& withLong, const std::st
 
 }  // namespace
 
-_textOutcome sequenceText(_evaluator& evaluator, const vxN::_node& node, std::string_view parameter, bool& changes) {
+_textOutcome sequenceText(_evaluator& evaluator, const std::function<_textOutcome(_dependence&)>& textNow) {
     _dependence dependence;
-    const _textOutcome now = evaluator.text(node, parameter, &dependence);
-    changes = now && dependence.time;
-    if (!changes) return now;
+    const _textOutcome now = textNow(dependence);
+    if (!now || !dependence.time) return now;
     const double frame = evaluator.frame();
     const auto textAt = [&](double other) {
         evaluator.setFrame(other);
-        return evaluator.text(node, parameter);
+        return textNow(dependence);
     };
     const _textOutcome longText = textAt(longFrame);
     const _textOutcome shortText = textAt(shortFrame);
     const _textOutcome proof = textAt(proofFrame);
     evaluator.setFrame(frame);
-    if (!longText || !shortText || !proof) return now;
+    const auto uncertain = [] { return _textOutcome(unknown(_reason::uncertain, "frame")); };
+    if (!longText || !shortText || !proof) return uncertain();
+    if (*longText == *now && *shortText == *now && *proof == *now) return now;
     const auto numbered = numberedText(*longText, *shortText);
-    if (!numbered || numbered->at(shortFrame) != *shortText || numbered->at(proofFrame) != *proof ||
-        numbered->at(frame) != *now) {
-        changes = *longText != *now || *shortText != *now || *proof != *now;
-        return now;
-    }
-    changes = false;
+    if (!numbered || numbered->at(shortFrame) != *shortText || numbered->at(proofFrame) != *proof) return uncertain();
     return numbered->before + "$F" + (numbered->width > 1 ? std::to_string(numbered->width) : "") + numbered->behind;
 }
 

@@ -5,7 +5,7 @@
 
 #include "input/sceneLine.h"
 #include "plugin/sceneScan.h"
-#include "resolve/outputText.h"
+#include "resolve/sectionEvaluator.h"
 #include "resolve/resolvedSection.h"
 #include "scan/scanBudget.h"
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "drivers/outNodeRules.h"
-#include "resolve/outputText.h"
+#include "evaluate/sequenceText.h"
 #include "scan/scanBudget.h"
 #include "scan/scanState.h"
 
@@ -99,11 +99,21 @@ _idle _sectionResolver::idleness(const vxN::_node& node, const _nodeType* type) 
     return _idle::no;
 }
 
+/// A number is that of the current frame, a name that of every frame.
+vxV::_textOutcome _sectionResolver::textOf(const vxN::_node& node, const vxN::_value& value) {
+    const auto textNow = [&](vxV::_dependence& dependence) {
+        return value.isDriven() ? evaluator.text(node, value.channel, &dependence)
+                                : evaluator.expand(node, value.text, &dependence);
+    };
+    vxV::_dependence dependence;
+    if (const auto now = textNow(dependence); !now || literalNumber(*now)) return now;
+    return vxV::sequenceText(evaluator, textNow);
+}
+
 /// What one component of a parameter reads as.
 QString _sectionResolver::valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value) {
     if (!mayNeedComputing(value)) return qt(value.text);
-    const vxV::_textOutcome text =
-        value.isDriven() ? evaluator.text(target.node, value.channel) : outputText(evaluator, target.node, value.text);
+    const vxV::_textOutcome text = textOf(target.node, value);
     const QString result = text ? qt(*text) : QString();
     const bool isExpression = value.isDriven() || value.text.find('`') != std::string_view::npos;
     if (isExpression) tellValue(target.node, parameter.name, value, result, text ? QString() : reasonText(text.why()));

@@ -35,6 +35,7 @@ class _sectionResolver {
     void addParameter(const _target& target, const vxN::_parameter& parameter, std::string_view name);
     void addFrames(const _target& target, const vxN::_parameter& parameter);
     void addResolution(const _target& target);
+    vxV::_textOutcome textOf(const vxN::_node& node, const vxN::_value& value);
     QString valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value);
     QString cameraPath(const vxN::_node& node, const QString& path) const;
     std::optional<bool> isOn(const vxN::_node& node, std::string_view parameter);
