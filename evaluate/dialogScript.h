@@ -8,7 +8,7 @@
 namespace vxV {
 
 struct _parameterDefinition {
-    std::string name;  ///< a "#" stands for the number of an instance
+    std::string name;  ///< "#" is where the number of an instance goes
     std::string type;  ///< "float", "toggle", "ordinal", "string" ...
     /// The tokens of its menu in their order; none where there is no menu, or where a script makes it.
     std::vector<std::string> tokens;

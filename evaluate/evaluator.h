@@ -34,7 +34,7 @@ struct _options {
     std::string sceneFile;
     bool storedPlace = false;  ///< take these three as they were when the scene was saved
     std::vector<_variable> environment;
-    /// Variables that texts keep as they are written; one that ends with "*" stands for all that begin so. Digits
+    /// Variables that texts keep as they are written; one that ends with "*" means all that begin like it. Digits
     /// behind a name are its padding: "F" keeps $F4 too. A function that measures a text measures what is kept.
     std::vector<std::string> keptVariables;
     bool keepsUnsetVariables = false;  ///< texts keep those, too, that neither the scene nor the environment sets

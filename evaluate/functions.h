@@ -20,7 +20,7 @@ struct _call {
 
 struct _function {
     std::string_view name;
-    /// A letter for each argument: n number, t text, v either. What stands behind "?" may be left out.
+    /// A letter for each argument: n number, t text, v either. Arguments after "?" may be left out.
     std::string_view arguments;
     /// Null for a choice: its first argument tells which of the other two is the value, and only that is evaluated.
     _valueOutcome (*evaluate)(const _call& call);

@@ -149,7 +149,7 @@ _valueOutcome _walk::choice(const _syntax& node) {
     return argument(node.parts[chosen], kindOf(*node.function, chosen));
 }
 
-/// A word without quotes counts as a text where it stands alone as an argument.
+/// A word without quotes counts as a text where it is a whole argument.
 _valueOutcome _walk::argument(const _syntax& node, char kind) {
     const bool isText = node.form == _form::word && kind != 'n' && !variables.contains(node.text);
     const _valueOutcome value = isText ? _valueOutcome(_value(node.text)) : valueOf(node);

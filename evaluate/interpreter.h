@@ -6,7 +6,7 @@
 
 namespace vxV {
 
-/// The value of an expression where it stands. Of a choice only the needed side is evaluated, and a logical operator
+/// The value of an expression of a node. Of a choice only the needed side is evaluated, and a logical operator
 /// is known as soon as one side decides it.
 /// Throws `vxP::_budgetExceeded` where a budget is counted, and nothing else.
 _valueOutcome evaluateExpression(const _syntax& expression, _surroundings& surroundings);

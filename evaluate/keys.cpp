@@ -13,7 +13,7 @@ using vxN::_extend;
 using vxN::_interpolation;
 using vxN::_segment;
 
-/// Keys stand on frames, whose times are rounded: so close to a key it is meant itself.
+/// Keys are on frames, whose times are rounded: a time this close to a key means the key.
 constexpr double timeNoise = 1e-7;
 constexpr int bisections = 60;
 
@@ -45,7 +45,7 @@ _valueOutcome between(const _segment& segment, double into) {
     return unknown(_reason::interpolation, std::string(segment.expression));
 }
 
-/// A time within the keys that stands for one outside of them, and what is added to the value there.
+/// The time within the keys whose value one outside of them takes, and what is added to that value.
 struct _folded {
     double seconds;
     double rounds;  ///< how often the keys have to be gone through

@@ -7,7 +7,7 @@
 
 namespace vxV {
 
-/// A text that says a number is one where it stands alone: $PI * 2.
+/// A text that is a number counts as one: $PI * 2.
 _valueOutcome _nodeSurroundings::variable(std::string_view name) {
     const _valueOutcome value = evaluation.variable(node, name, frame);
     if (!value || std::holds_alternative<double>(*value)) return value;

@@ -22,7 +22,7 @@ double smoothed(double number, double low, double high) {
     return share * share * (3 - 2 * share);
 }
 
-/// The nearest whole number; to which side a half goes is not certain.
+/// The nearest whole number; which way a half is rounded is not certain.
 _valueOutcome nearest(const _call& call) {
     const double number = call.number(0);
     if (std::fabs(number - std::trunc(number)) == 0.5) return unknown(_reason::uncertain, "rounding a half");

@@ -7,7 +7,7 @@
 
 namespace vxV {
 
-/// How an operator treats what stands at its sides.
+/// How an operator treats its two sides.
 enum class _operands : quint8 {
     values,     ///< both are evaluated first
     logicalOr,  ///< the right one only where the left one leaves the result open
@@ -29,7 +29,7 @@ constexpr int loosestBinding = 1;
 /// a ^ b ^ c are meant is not certain.
 constexpr int powerBinding = 7;
 
-/// Signs that stand in front of an operand: - + !
+/// Signs in front of an operand: - + !
 bool isUnary(std::string_view sign);
 _valueOutcome applyUnary(std::string_view sign, const _value& operand);
 

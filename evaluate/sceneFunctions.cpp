@@ -21,7 +21,7 @@ _valueOutcome nodeName(const _call& call) {
     return path ? _valueOutcome(_value(nameOf(*path))) : _valueOutcome(path.why());
 }
 
-/// The last digits that stand together in a node's name.
+/// The last run of digits in a node's name.
 _valueOutcome nodeDigits(const _call& call) {
     const _textOutcome path = call.surroundings.nodePathNearby(call.text(0));
     if (!path) return path.why();

@@ -8,7 +8,7 @@ namespace vxV {
 
 namespace {
 
-/// A frame of one digit shows the padding, a long one where the number stands, and the third one proves both.
+/// A frame of one digit shows the padding, a long one where the number is, and the third one proves both.
 constexpr double shortFrame = 7;
 constexpr double longFrame = 9'182'736;
 constexpr double proofFrame = 4321;

@@ -17,7 +17,7 @@ constexpr double tolerance = 1e-5;
 constexpr std::array<std::string_view, 2> switchWords{"off", "on"};
 constexpr int longestChain = 20;
 
-/// Stand for a folder and a name: no text of a scene holds them.
+/// Marks in place of a folder and a name: no text of a scene holds them.
 constexpr std::string_view folderMark = "\x01";
 constexpr std::string_view nameMark = "\x02";
 constexpr std::string_view marks = "\x01\x02";
@@ -43,7 +43,7 @@ _options placedAtMarks(const vxN::_byteSource& source) {
     return options;
 }
 
-/// A text with marks, each of which stands for any text: what is between them has to follow in order.
+/// A text with marks, each of which matches any text: what is between them has to follow in order.
 bool fits(std::string_view marked, std::string_view text) {
     for (bool isFirst = true;; isFirst = false) {
         const std::size_t mark = std::min(marked.find_first_of(marks), marked.size());

@@ -11,11 +11,11 @@ namespace vxV {
 
 namespace {
 
-/// Signs that give a variable of a block a new value, and the operator they stand for; none for a plain one.
+/// Signs that give a variable of a block a new value, and the operator they apply; none for a plain one.
 struct _assigning {
     std::string_view sign;
     std::string_view binary;
-    bool byOne = false;  ///< nothing stands behind the sign: the value changes by 1
+    bool byOne = false;  ///< nothing follows the sign: the value changes by 1
 };
 constexpr std::array assigningSigns{
     _assigning{"=", ""},   _assigning{"+=", "+"}, _assigning{"-=", "-"},       _assigning{"*=", "*"},

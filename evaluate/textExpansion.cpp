@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view partLetters = "rhte";
 
-/// ":r" and the like, at the begin of a text and not the begin of a word.
+/// ":r" and the like at the start of a text, where no longer word begins with it.
 char partAtStart(std::string_view text) {
     if (text.size() < 2 || text[0] != ':' || partLetters.find(text[1]) == std::string_view::npos) return 0;
     return text.size() == 2 || !isNamePart(text[2]) ? text[1] : '\0';

@@ -15,7 +15,7 @@ struct _variableUse {
     char part = 0;             ///< what is behind a colon: r without extension, h folder, t file, e extension; 0: all
 };
 
-/// What stands for the parts of a text.
+/// What replaces the parts of a text.
 struct _textSources {
     std::function<_textOutcome(const _variableUse& use)> variable;
     std::function<_textOutcome(std::string_view expression)> expression;

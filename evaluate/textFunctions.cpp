@@ -35,7 +35,7 @@ _valueOutcome compared(const std::string& a, const std::string& b) {
     return _value(order == 0 ? 0.0 : (order < 0 ? -1.0 : 1.0));
 }
 
-/// A pattern of "*" and "?"; what others of its kind hold besides is not certain.
+/// A pattern of "*" and "?"; whether other characters are special is not certain.
 bool isPlainPattern(const std::string& pattern) {
     return pattern.find_first_of("[]{}^\\ ") == std::string::npos;
 }
@@ -124,7 +124,7 @@ std::string filledUp(const std::string& digits, double width) {
     return std::string(static_cast<std::size_t>(zeros), '0') + digits;
 }
 
-/// A whole number with zeros in front.
+/// A whole number padded with zeros.
 _valueOutcome padded(double width, double number) {
     if (!isCount(width) || width > mostPadding || number < 0 || number >= largestPadded ||
         std::floor(number) != number) {
@@ -133,7 +133,7 @@ _valueOutcome padded(double width, double number) {
     return asValue(_textOutcome(filledUp(std::to_string(static_cast<long long>(number)), width)));
 }
 
-/// Zeros in front of the point, and so many digits behind it.
+/// Padded with zeros before the point, and with that many digits after it.
 _valueOutcome paddedFraction(const _call& call) {
     const double digits = call.number(1);
     const double number = call.number(2);

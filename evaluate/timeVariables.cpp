@@ -1,4 +1,4 @@
-// Time lines as variables.
+// Frame, time and range as variables.
 #include "evaluate/timeVariables.h"
 
 #include <algorithm>

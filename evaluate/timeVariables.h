@@ -28,8 +28,8 @@ struct _timeVariable {
     std::optional<double> (*value)(const _clock& clock);
 };
 
-/// Null: none of them. Of the global range: $FSTART and $FEND are its first and last frame, $TSTART its begin and $TEND
-/// the begin of its last frame, as stored values of real scenes show.
+/// Null: none of them. Of the global range: $FSTART and $FEND are its first and last frame, $TSTART and $TEND
+/// the times at which these begin, as stored values of real scenes show.
 const _timeVariable* timeVariableNamed(std::string_view name);
 
 /// True for a name that nodes of some type set while they cook, such as PT.

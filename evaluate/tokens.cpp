@@ -16,7 +16,7 @@ constexpr std::array<std::string_view, 29> signs{
     "==", "!=", "<=", ">=", "&&", "||", "+=", "-=", "*=", "/=", "%=", "++", "--", "+", "-",
     "*",  "/",  "%",  "^",  "!",  "<",  ">",  "(",  ")",  "{",  "}",  ",",  ";",  "="};
 
-/// What a backslash may stand before: the character itself is meant then.
+/// Characters that a backslash may come before: the character itself is meant then.
 constexpr std::string_view escapable = "\"'\\$`";
 
 }  // namespace

@@ -10,7 +10,7 @@ namespace vxV {
 enum class _tokenKind : quint8 {
     end,
     number,
-    plainText,      ///< in single quotes: taken as it stands
+    plainText,      ///< in single quotes: taken as written
     variableText,   ///< in double quotes: variables in it are replaced
     name,           ///< a function, a variable of a block, or a text without quotes
     variable,       ///< behind "$", braces aside
@@ -22,7 +22,7 @@ enum class _tokenKind : quint8 {
 
 struct _token {
     _tokenKind kind = _tokenKind::end;
-    std::string_view source;  ///< as it stands in the expression; of a variable and a sign the name and the sign
+    std::string_view source;  ///< as written in the expression; of a variable and a sign the name and the sign
     std::string text;         ///< of a text: what it says
     double number = 0;
 };

@@ -39,8 +39,8 @@ bool readNumber(std::string_view text, double& number);
 /// A text counts as the number that it says; else `notANumber`.
 _numberOutcome numberOf(const _value& value);
 
-/// A number as it stands in a text. Whole ones up to 15 digits, and others of at most 6 digits that need no exponent,
-/// are written alike by every version; anything else is `numberAsText`.
+/// A number as it is written in a text. Whole ones up to 15 digits, and others of at most 6 digits that need no
+/// exponent, are written alike by every version; anything else is `numberAsText`.
 _textOutcome textOf(const _value& value);
 _textOutcome textOf(double number);
 

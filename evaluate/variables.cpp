@@ -1,4 +1,4 @@
-// What stands for a variable, in a number and in a text.
+// The values of variables, in a number and in a text.
 #include <algorithm>
 #include <array>
 

@@ -141,7 +141,7 @@ class _comparison {
         const auto hit = model.find(source, from);
         expect(text.indexOf(Kind::view(source), static_cast<vxS::_size>(from)) ==
                    (hit == _model::npos ? -1 : static_cast<vxS::_size>(hit)),
-               "a part is found where it stands");
+               "a part is found where it is");
         const typename Kind::Text other(Kind::view(source));
         const _model cut = source.substr(0, text.capacity());
         expect((text == other) == (model == cut), "texts are equal when their characters are");

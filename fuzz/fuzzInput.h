@@ -63,7 +63,7 @@ class _input {
     static QString decoded(std::string_view utf8) {
         return QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size()));
     }
-    /// As a 16-bit text stands in a record.
+    /// A 16-bit text as it is in a record.
     static QByteArray asText(std::string_view latin) {
         QByteArray text;
         for (const std::size_t number : {latin.size(), std::size_t{0}}) text += char(number), text += '\0';

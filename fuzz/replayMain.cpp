@@ -95,7 +95,7 @@ path finding;
 
 void keepFinding() {
     std::ofstream(finding, std::ios::binary) << inputAtHand;
-    std::cerr << "the input stands in " << absolute(finding) << std::endl;
+    std::cerr << "the input is in " << absolute(finding) << std::endl;
 }
 
 void keepFindings(const path& where) {

@@ -48,7 +48,7 @@ void check(const vxN::_takes& read) {
     for (std::size_t i = 0; i < read.all().size(); ++i) {
         const vxN::_take& take = read.all()[i];
         const auto position = static_cast<qint32>(i);
-        expect(take.parent < position, "a take stands behind its parent");
+        expect(take.parent < position, "a take comes after its parent");
         for (const vxN::_takeOverride& override : take.overrides) {
             const auto* const found = read.overrideIn(position, override.node, override.name);
             expect(found != nullptr && found >= &override, "an override is found, the last one of its kind");

@@ -5,8 +5,8 @@
 
 #include "input/sceneLine.h"
 #include "plugin/sceneScan.h"
-#include "resolve/sectionEvaluator.h"
 #include "resolve/resolvedSection.h"
+#include "resolve/sectionEvaluator.h"
 #include "scan/scanBudget.h"
 
 namespace vxP {

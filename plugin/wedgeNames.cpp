@@ -11,7 +11,7 @@ namespace {
 
 using vxS::_vxString;
 
-/// What a placeholder stands for.
+/// What replaces a placeholder.
 struct _variant {
     QString number;
     QString name;

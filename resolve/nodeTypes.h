@@ -26,7 +26,7 @@ struct _outputParameter {
 
 struct _nodeType {
     std::string_view space{};                   ///< of names: "labs"; empty: Houdini's own
-    std::string_view name{};                    ///< without namespace and version; a "*" at its end stands for anything
+    std::string_view name{};                    ///< without namespace and version; a "*" at its end matches anything
     _sectionReader reader{};                    ///< who takes its section
     std::array<_outputParameter, 2> outputs{};  ///< of a driver; of two the first is the file people look for
     _writes writes = _writes::always;

@@ -83,7 +83,7 @@ std::size_t findMagic(std::string_view text, std::string_view magic) {
     return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
 }
 
-/// Bytes of the name that stands in front of a NUL; 0: there is none.
+/// Length in bytes of the name in front of a NUL; 0: there is none.
 std::size_t nameSizeIn(std::string_view text) {
     const auto* const end = std::find_if(text.begin(), text.end(), endsName);
     return end != text.end() && *end == '\0' ? static_cast<std::size_t>(end - text.begin()) : 0;
@@ -132,7 +132,7 @@ std::optional<_entry> _archive::next() {
     return entry;
 }
 
-/// Keeps an entry until it is clear that it lies in no definition: where sizes are not known, what stands between a
+/// Keeps an entry until it is clear that it lies in no definition: where sizes are not known, what lies between a
 /// definition and a trailer which is not the last one belongs to the definition.
 void _archive::hold(_entry entry) {
     if (entry.name == formOf(archiveKind).trailer) return endArchive(entry);

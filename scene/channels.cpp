@@ -146,7 +146,7 @@ class _channelReader {
         }
     }
 
-    /// One number stands for both.
+    /// One number is for both.
     void readPair(_inOut& pair) {
         pair.in = nextNumber().value_or(0);
         pair.out = nextNumber().value_or(pair.in);

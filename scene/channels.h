@@ -24,7 +24,7 @@ enum class _interpolation : quint8 {
     easeout,
 };
 
-/// What stands for a channel before its first or behind its last key.
+/// What a channel does before its first or after its last key.
 enum class _extend : quint8 { extend, hold, cycle, cycleoffset, slope, other };
 
 /// A number at a segment's begin and at its end.
@@ -33,7 +33,7 @@ struct _inOut {
     double out = 0;
 };
 
-/// From one key to the next; the last one has length 0 and stands for the last key.
+/// From one key to the next; the last one has length 0 and is the last key itself.
 struct _segment {
     double length = 0;  ///< seconds
     _inOut value;
@@ -81,7 +81,7 @@ class _channels {
     friend class _channelReader;
 
     std::string source;
-    std::deque<std::string> made;  ///< texts that do not stand in the source as they are
+    std::deque<std::string> made;  ///< texts that are not in the source as they are
     std::vector<_segment> segments;
     std::vector<_channel> channels;
     std::vector<quint32> byName;

@@ -15,7 +15,7 @@ namespace vxN {
 struct _value {
     std::string_view text;     ///< literal, or cached where a channel drives it; without quotes and escapes
     std::string_view channel;  ///< what drives it, "f1"; empty: the text is literal
-    bool isQuoted = false;     ///< as it stands in the scene
+    bool isQuoted = false;     ///< in the scene
 
     bool isDriven() const { return !channel.empty(); }
 };
@@ -55,7 +55,7 @@ class _parameters {
     const _value* numberedComponent(std::string_view channel) const;
 
     std::string source;
-    std::deque<std::string> made;  ///< texts that do not stand in the source as they are
+    std::deque<std::string> made;  ///< texts that are not in the source as they are
     std::vector<_value> values;
     std::vector<_parameter> parameters;
     std::vector<quint32> byName;     ///< positions of parameters

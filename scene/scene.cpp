@@ -48,7 +48,7 @@ class _sceneReader {
 
     struct _nodeRule {
         std::string_view kind;
-        bool makesNode;  ///< the others stand behind one that does
+        bool makesNode;  ///< the others come after one that does
         _handler handle;
     };
     static const std::array<_nodeRule, 6> nodeRules;
@@ -167,7 +167,7 @@ class _sceneReader {
     _sceneStore& store;
     _archive archive;
     std::map<std::string_view, quint32> typeNames;
-    std::string pathBefore;  ///< the entries of a node stand together
+    std::string pathBefore;  ///< the entries of a node are next to each other
     qint32 nodeBefore = -1;
 };
 

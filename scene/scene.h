@@ -35,7 +35,7 @@ struct _range {
 struct _timeline {
     std::optional<double> fps;          ///< greater than 0
     std::optional<double> currentTime;  ///< seconds; 0 is frame 1
-    std::optional<_range> globalRange;  ///< seconds, from the begin of the first frame to the end of the last
+    std::optional<_range> globalRange;  ///< seconds, from the start of the first frame to the end of the last
     std::optional<_range> frameRange;   ///< played back, frames
 };
 

@@ -24,7 +24,7 @@ auto keyOf(const _takeOverride& override) {
     return std::tie(override.node, override.name);
 }
 
-/// What stands behind a length (big-endian); none when it reaches behind the end. `text` loses both.
+/// The bytes after a length (big-endian); none when they reach past the end. `text` loses both.
 std::optional<std::string_view> takeCounted(std::string_view& text) {
     if (text.size() < lengthBytes) return std::nullopt;
     std::size_t length = 0;

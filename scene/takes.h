@@ -32,11 +32,11 @@ class _takes {
     _takes(const _takes&) = delete;
     _takes& operator=(const _takes&) = delete;
 
-    /// A take stands behind its parent.
+    /// A take comes after its parent.
     std::span<const _take> all() const { return takes; }
     /// Position in the list; -1: none.
     qint32 find(std::string_view name) const;
-    /// What stands for a parameter in a take: its own, else that of the next take above which says something. "Main"
+    /// The value of a parameter in a take: its own, else that of the next take above which says something. "Main"
     /// repeats the values of what the others override. Null: that of the node.
     const _takeOverride* overrideIn(qint32 take, std::string_view node, std::string_view name) const;
     /// False: the text ended within a take, or was none of this form.

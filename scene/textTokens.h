@@ -14,18 +14,18 @@ constexpr bool isBlank(char byte) {
 }
 
 struct _token {
-    std::string_view text;  ///< as it stands in the source, without the quotes around it
+    std::string_view text;  ///< as written in the source, without the quotes around it
     bool isQuoted = false;
 
     bool is(std::string_view word) const { return !isQuoted && text == word; }
 };
 
-/// Hands out the tokens of a text one by one: a quoted string, which may span lines, or what stands between blanks.
+/// Hands out the tokens of a text one by one: a quoted string, which may span lines, or what is between blanks.
 class _textTokens {
  public:
     explicit _textTokens(std::string_view source) : left(source) {}
 
-    /// None at the end, which a string without its second quote lies behind.
+    /// None at the end, or for a string without its second quote.
     std::optional<_token> next();
     /// Tells whether the next token is this word.
     bool peekIs(std::string_view word) const { return _textTokens(*this).take(word); }

@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view head =
     "# Offset, size, field and default. Bytes in hex, as new records hold them; \"00*7\": seven times; \"..\": left "
     "as\n"
-    "# the memory was. \"-\" stands for what is no field of the record's own: its base record, and reserved bytes.\n"
+    "# the memory was. \"-\" marks what is no field of the record's own: its base record, and reserved bytes.\n"
     "# Written by: build/release/bin/layoutTable >tests/jobs/recordLayout.golden\n";
 
 /// The bytes of a new record, each as a word.

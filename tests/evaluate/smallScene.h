@@ -14,7 +14,7 @@ using _entries = std::vector<_entryText>;
 
 /// A node's entries.
 /// @param parameters  `name=value` parted by `|`, values by blanks; a driven one is `[x 1]`
-/// @param channels  names and segments: "$F", or "{ ... }" as it stands in a scene
+/// @param channels  names and segments: "$F", or "{ ... }" as in a scene
 inline _entries nodeText(const std::string& path, const std::string& type, const std::string& parameters,
                          const std::vector<std::pair<std::string, std::string>>& channels = {}) {
     const auto quoted = [](const std::string& text) {

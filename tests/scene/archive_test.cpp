@@ -31,7 +31,7 @@ class _watchedSource : public _memorySource {
     mutable qint64 bytesRead = 0;
 };
 
-/// "name=body name=body", of each body its begin.
+/// "name=body name=body", of each body its start.
 std::string entriesOf(_archive& archive) {
     vxP::beginBudget();
     std::string entries;
