@@ -91,7 +91,10 @@ function whatDiffers({job, fields}) {
 }
 
 const JOB_CELLS = [
-    ["#", ({number, was}) => (!was || was === number ? number : `${number} (was ${was})`)],
+    [
+        "#",
+        ({number, was}) => (!was || was === number ? number : el("span", {class: "whole"}, `${number} (was ${was})`))
+    ],
     ["Driver", ({job}) => code(job.driver)],
     ["Renderer", ({job}) => parts(job.renderer)],
     ["Take", ({job}) => longText(job.take)],

@@ -109,10 +109,11 @@ const WITHOUT_JOB = {
     counted: (count) => `${grouped(count)} without a job`
 };
 
-/** Warnings, and what gave no job, for the filter: as lists of `kind`, `node`, `text`, `to`, `searched`. */
+/** Warnings, and what gave no job, for the filter: as lists of `kind`, `scene`, `node`, `text`, `to`, `searched`. */
 function entriesBeside(scene, index) {
     const entry = (kind, mark) => (item, at) => ({
         kind,
+        scene: index,
         node: item.node,
         text: item.text,
         to: `#s${index}-${mark}${at + 1}`,

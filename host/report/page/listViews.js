@@ -37,14 +37,18 @@ class SceneRow {
         this.classes = outcomeOf(scene) === "failed" ? "faulty" : "";
     }
 
-    /** The row, and the scene's renderers and cameras. */
+    /** What the filter looks through: the row, the scene's renderers and cameras, warnings and what gave no job. */
     get text() {
-        const {facts, jobs} = this.scene;
-        const beside = [...jobs.map(({renderer}) => renderer), ...(facts?.cameras ?? []).map(({node}) => node)];
-        this.searched ??= [
-            ...SCENE_COLUMNS.map(({value}) => value(this)), this.scene.scene, ...new Set(beside)
-        ].join("\n").toLowerCase();
+        this.searched ??= this.allTexts().join("\n").toLowerCase();
         return this.searched;
+    }
+
+    allTexts() {
+        const {scene, facts, jobs} = this.scene;
+        const renderers = new Set(jobs.map(({renderer}) => renderer));
+        const cameras = (facts?.cameras ?? []).map(({node}) => node);
+        const beside = entriesBeside(this.scene, this.index).map(({searched}) => searched);
+        return [...SCENE_COLUMNS.map(({value}) => value(this)), scene, ...renderers, ...cameras, ...beside];
     }
 }
 
@@ -84,7 +88,8 @@ class ScenesView {
                 rows: scenes.map((scene, index) => new SceneRow(scene, index))
             }),
             taken: TAKEN_SCENES,
-            makeEntries: () => scenes.flatMap(entriesBeside)
+            makeEntries: () => scenes.flatMap(entriesBeside),
+            isOfAll: true
         });
         this.element =
             el("section", {class: "view", "aria-labelledby": "scenes-title"},
@@ -109,7 +114,8 @@ class JobsView {
                 rows: scenes.flatMap(jobRows)
             }),
             taken: TAKEN_JOBS,
-            makeEntries: () => scenes.flatMap(entriesBeside)
+            makeEntries: () => scenes.flatMap(entriesBeside),
+            isOfAll: true
         });
         this.element =
             el("section", {class: "view", "aria-labelledby": "jobs-title"},

@@ -1,6 +1,6 @@
 // The page: header, the view that is shown, and what keys, links, pointer and printer do.
 
-const scenesView = scenes.length > 1 ? new ScenesView() : null;
+const scenesView = scenes.length === 1 ? null : new ScenesView();
 const compareView = new CompareView();
 const made = new Map([["scenes", scenesView], ["compare", compareView]]);
 let shown = null;
@@ -87,9 +87,9 @@ function findJobs(words) {
 function followLinks() {
     document.addEventListener("click", (event) => {
         const link = event.target.closest?.("a[href^='#']");
-        if (!link || link.getAttribute("href") !== location.hash) return;  // hashchange reports any other place
-        event.preventDefault();
-        goTo(placeOf(location.hash));
+        if (!link || link.hash !== location.hash || !viewOf(link.hash.slice(1))) return;
+        event.preventDefault();  // hashchange reports any other place
+        goTo(link.hash.slice(1));
     });
     addEventListener("hashchange", () => {
         if (location.hash !== "#content") goTo(placeOf(location.hash));

@@ -6,7 +6,7 @@ class SceneView {
         this.element = el("section", {class: "view", "aria-labelledby": `${this.id}-title`});
         append(this.element, [
             this.head(), this.failure(), sceneFigures(scene, index),
-            rendererFigures(scene.jobs, (renderer) => this.table.filter(renderer)), warningsSection(scene, index),
+            rendererFigures(scene.jobs, (renderer) => this.findJobs(renderer)), warningsSection(scene, index),
             this.jobsSection(), skippedSection(scene, index), factSections(scene, index)
         ]);
     }
@@ -64,6 +64,11 @@ class SceneView {
             between: this.chart.element
         });
         return section(id, `Jobs (${grouped(this.rows.length)})`, this.table.element);
+    }
+
+    findJobs(words) {
+        this.table.filter(words);
+        this.table.input.focus();
     }
 
     /** The place that an address names; jobs and entries of lists are made where they are not there yet. */

@@ -33,7 +33,9 @@ class RowTable {
         this.before = this.moveButton(() => this.draw(Math.max(0, this.first - ROWS_AT_ONCE)));
         this.after = this.moveButton(() => this.grow());
         this.element = el("div", {class: "wide"}, this.before, this.table, this.after);
-        new IntersectionObserver((seen) => seen.some((one) => one.isIntersecting) && this.grow()).observe(this.after);
+        new IntersectionObserver((seen) => seen.some((one) => one.isIntersecting) && this.grow(), {
+            rootMargin: "600px"
+        }).observe(this.after);
         this.filter([]);
     }
 
@@ -124,10 +126,11 @@ class RowTable {
 const MOST_HINTS = 3;
 
 /** What the filter finds beside the table: entries of `kind`, `node`, `text` and where they are. */
-function hintItems(entries) {
-    const shown = entries.slice(0, MOST_HINTS).map(({kind, node, text, to}) => {
+function hintItems(entries, isOfAll) {
+    const shown = entries.slice(0, MOST_HINTS).map(({kind, scene, node, text, to}) => {
         const link = el("a", {href: to}, longText(node || "scene"));
-        return el("div", {}, `${kind.name}: `, link, ", ", longText(text));
+        const place = isOfAll ? [parts(names[scene]), " "] : null;
+        return el("div", {}, `${kind.name}: `, place, link, ", ", longText(text));
     });
     const more = entries.length - MOST_HINTS;
     return [shown, more > 0 ? el("div", {}, `and ${grouped(more)} more`) : null];
@@ -138,8 +141,9 @@ function hintItems(entries) {
  * each change.
  */
 class FilteredTable {
-    constructor({id, noun, table, taken, makeEntries = () => [], refreshed = () => {}, between = null}) {
-        Object.assign(this, {noun, table, makeEntries, refreshed});
+    constructor(
+        {id, noun, table, taken, makeEntries = () => [], refreshed = () => {}, between = null, isOfAll = false}) {
+        Object.assign(this, {noun, table, makeEntries, refreshed, isOfAll});
         this.input = el("input", {type: "search", id: `${id}-filter`, autocomplete: "off", spellcheck: "false"});
         this.input.addEventListener("input", () => this.filter());
         this.input.addEventListener("keydown", (event) => this.leave(event));
@@ -175,7 +179,7 @@ class FilteredTable {
         this.found.hidden = this.table.shown.length === 0;
         this.count.textContent = this.countText(found);
         this.hint.replaceChildren();
-        append(this.hint, hintItems(found));
+        append(this.hint, hintItems(found, this.isOfAll));
     }
 
     foundBeside(words) {
