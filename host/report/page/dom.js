@@ -100,19 +100,20 @@ function foldedSection(id, title, count, makeContent, isLong = count > MOST_UNFO
 }
 
 /** A list that shows its first entries until it is asked for all. `makeItem` gets an entry and its place. */
-function shortList(kind, entries, makeItem) {
-    const list = el("ul", {class: kind}, entries.slice(0, MOST_UNFOLDED).map(makeItem));
-    if (entries.length <= MOST_UNFOLDED) return list;
+function shortList(kind, entries, makeItem, most = MOST_UNFOLDED) {
+    const list = el("ul", {class: kind}, entries.slice(0, most).map(makeItem));
+    if (entries.length <= most) return list;
     const button = el("button", {type: "button", class: "all"}, `Show all ${grouped(entries.length)}`);
     const box = el("div", {class: "short"}, list, button);
     box.unfold = () => {
         if (!button.isConnected) return;
         button.remove();
-        append(list, entries.slice(MOST_UNFOLDED).map((entry, at) => makeItem(entry, at + MOST_UNFOLDED)));
+        append(list, entries.slice(most).map((entry, at) => makeItem(entry, at + most)));
     };
     button.addEventListener("click", () => {
         box.unfold();
-        list.children[MOST_UNFOLDED].focus();
+        const next = list.children[most];
+        (next.querySelector("a, button") ?? next).focus();
     });
     return box;
 }

@@ -1,6 +1,7 @@
 // The sections around the jobs of a scene: figures, warnings, and what gave no job.
 
 const MOST_LINKS = 24;
+const MOST_RENDERERS = 6;
 
 /** Figures, of which some lead to their sections: `before`, `value`, `name`, `to` (an address) or `act`, `kind`. */
 function figures(list) {
@@ -41,7 +42,7 @@ function rendererFigures(jobs, findJobs) {
     });
     return el(
         "div", {class: "renderers-total", role: "group", "aria-label": "Frames by renderer"},
-        shortList("figures", totals, item));
+        shortList("figures", totals, item, MOST_RENDERERS));
 }
 
 function sceneFigures(scene, index) {
