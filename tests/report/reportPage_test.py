@@ -150,11 +150,20 @@ class OneScene(PageTest):
         self.press(Keys.ENTER)
         self.wait_until_focused("s0-j2")
 
+    def test_frames_beyond_all_measure_are_drawn_too(self):
+        data = data_of(self.page)
+        for start, end in ((1e300, 1e300), (-1.7e308, 1.7e308)):
+            for job in data["scenes"][0]["jobs"]:
+                job.update(start=start, end=end)
+            self.open(with_data(self.page, data))
+            self.assertEqual(len(self.rows()), 6)
+
     def test_colours_follow_the_system_until_the_button_is_used(self):
         self.browser.set_colours("dark")
         self.wait_for(lambda: self.all("[data-theme=dark]"), "the page does not follow the system")
         self.one("button.theme").click()
         self.assertTrue(self.all("[data-theme=light]"))
+
 
 DIFFERENCES = """return [...document.querySelectorAll(".comparison tr:has(.kind)")].map((row) => [
     row.querySelector(".kind").className, [...row.cells].map((cell) => cell.innerText),

@@ -24,13 +24,14 @@ function frameAxis(jobs) {
     return {start: extent.start, end: extent.end, first: extent.start - 0.5 - room, last: extent.end + 0.5 + room};
 }
 
+// Nothing is drawn along it.
 const NO_FRAMES = {
     first: 0,
     last: 1
-};  // nothing is drawn along it
+};
 
 function percent(axis, frame) {
-    const share = (frame - axis.first) / (axis.last - axis.first);
+    const share = (frame - axis.first) / (axis.last - axis.first) || 0;  // of huge frames the differences are none
     return Math.round(Math.min(1, Math.max(0, share)) * 1e5) / 1e3;
 }
 
@@ -46,9 +47,9 @@ function roundFrames(axis) {
     const rough = (axis.last - axis.first) / TICKS;
     const power = 10 ** Math.floor(Math.log10(rough));
     const step = Math.max(1, [1, 2, 5, 10].map((factor) => factor * power).find((candidate) => candidate >= rough));
-    const frames = [];
-    for (let frame = Math.ceil(axis.start / step) * step; frame <= axis.end; frame += step) frames.push(frame);
-    return frames;
+    const first = Math.ceil(axis.start / step) * step;
+    const frames = Array.from({length: 2 * TICKS}, (_, at) => first + at * step);  // a loop up to the end may have none
+    return frames.filter((frame) => frame <= axis.end);
 }
 
 function tickLabel(axis, frame) {

@@ -183,7 +183,7 @@ class CompareView {
 
     make() {
         this.choices = ["Left", "Right"].map((label) => sceneChoice(label, () => this.show()));
-        this.result = el("div", {class: "comparison", role: "status"});
+        this.result = el("div", {class: "comparison"});
         const first = data.asksToCompare ? data.comparisons[0] : undefined;
         if (first) this.choose(first.left, first.right);
         this.show();

@@ -64,7 +64,7 @@ function goTo(place) {
 function unfoldAround(target) {
     const details = target.closest("details") ?? target.querySelector(":scope > details");
     if (!details) return;
-    if (details.unfold) details.unfold();
+    details.unfold?.();
     details.open = true;
 }
 

@@ -138,7 +138,7 @@ function hintItems(entries, isOfAll) {
 
 /**
  * A table under the bar of its filter. What `makeEntries` gives is also looked through; `refreshed` is called after
- * each change.
+ * each change; what `between` holds stands above the table. Hints name the scene where the table is of all of them.
  */
 class FilteredTable {
     constructor(
@@ -158,13 +158,8 @@ class FilteredTable {
     /** The bar stays in view, with the head of the table right below it, however high it is. */
     bar(buttons) {
         const bar =
-            el("div", {class: "filter"},
-               el("label",
-                  { for: this.input.id
-                  },
-                  "Filter"),
-               this.input, el("kbd", {"aria-hidden": "true"}, "/"), this.count, el("span", {class: "saves"}, buttons),
-               this.hint);
+            el("div", {class: "filter"}, el("label", {"for": this.input.id}, "Filter"), this.input,
+               el("kbd", {"aria-hidden": "true"}, "/"), this.count, el("span", {class: "saves"}, buttons), this.hint);
         new ResizeObserver(() => this.element.style.setProperty("--filter-height", `${bar.offsetHeight}px`))
             .observe(bar);
         return bar;
