@@ -14,6 +14,7 @@ namespace {
 struct _options {
     _sceneOptions scenes;
     std::string output;  // empty: the standard output
+    bool asksToCompare = false;
 };
 
 /// Whole or not at all. @return the problem, empty when written
@@ -50,7 +51,9 @@ int run(const _options& options, const _submitterArguments& submitter) {
         return true;
     };
     const int status = runScenes(options.scenes, {sceneFileFilter(), explain}, {pack, keep, [] { return true; }});
-    const int written = write(options.output, reportPage(reportData(scenes, QStringLiteral("vxscene " VX_VERSION))));
+    const _reportOrigin origin{QStringLiteral("vxscene " VX_VERSION), QDateTime::currentDateTimeUtc(),
+                               options.asksToCompare};
+    const int written = write(options.output, reportPage(reportData(scenes, origin)));
     return written == exitSuccess ? status : written;
 }
 
@@ -62,9 +65,10 @@ _command reportCommand() {
         "report",
         "Write a page that shows the jobs of scenes, for a browser; submitter arguments follow \"--\"",
         "Examples:\n  vxscene report -o shot010.html shot010.hip\n"
-        "  vxscene report -o versions.html shot010_v1.hip shot010_v2.hip\n"
+        "  vxscene report --compare -o versions.html shot010_v1.hip shot010_v2.hip\n"
         "  vxscene report --recursive -o kettle.html /projects/kettle",
-        {fileOption({"-o", "--output"}, options->output, "File of the page; otherwise the standard output")},
+        {fileOption({"-o", "--output"}, options->output, "File of the page; otherwise the standard output"),
+         flag("--compare", options->asksToCompare, "Open on what differs between each scene and the next")},
         {},
         [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);

@@ -51,8 +51,7 @@ QJsonObject comparisonJson(const _place& left, const _place& right) {
 
 }  // namespace
 
-QJsonArray comparisons(const std::vector<const _sceneResult*>& scenes) {
-    if (scenes.size() < 2) return {};
+QJsonArray comparisons(const std::vector<const _sceneResult*>& scenes, bool isAskedFor) {
     std::vector<_place> places;
     places.reserve(scenes.size());
     int number = 0;
@@ -61,7 +60,9 @@ QJsonArray comparisons(const std::vector<const _sceneResult*>& scenes) {
         ++number;
     }
     QJsonArray list;
-    const auto furthest = places.size() <= mostScenesWithEveryPair ? places.size() : 2;
+    const bool areFew = places.size() <= mostScenesWithEveryPair;
+    if (!areFew && !isAskedFor) return {};
+    const auto furthest = areFew ? places.size() : 2;
     std::size_t jobs = 0;
     for (std::size_t distance = 1; distance < furthest; ++distance) {
         for (std::size_t left = 0; left + distance < places.size(); ++left) {

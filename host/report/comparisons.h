@@ -9,6 +9,6 @@
 namespace vxH {
 
 /// See reportData.h.
-QJsonArray comparisons(const std::vector<const _sceneResult*>& scenes);
+QJsonArray comparisons(const std::vector<const _sceneResult*>& scenes, bool isAskedFor);
 
 }  // namespace vxH

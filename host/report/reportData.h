@@ -2,7 +2,9 @@
 // differs between the scenes.
 #pragma once
 
+#include <QDateTime>
 #include <QJsonObject>
+#include <QString>
 #include <vector>
 
 #include "host/results/explainedScene.h"
@@ -15,23 +17,35 @@ struct _reportScene {
     _sceneResult result;  ///< for comparisons
 };
 
-/// `shown` holds, texts untouched, `scene`, `code` and, where the scene has them, `error`, `facts` and `warnings`. Its
-/// `jobs` hold the cells of the job table (`driver`, `renderer`, `frames`, `output`, `camera`, `take`, `size`), numbers
-/// to sort and draw by (`start`, `end`, `step`; missing where a frame set counts or a frame is no number), `waitsFor`
-/// (numbers of jobs, from 1) and `waitsForIDs` (own numbers that no job before has). `skipped` lists what gave no job:
-/// sections without an outcome and those not recognised (without `reader`); it is missing where the scene was not read.
+/// `shown` holds, texts untouched, `scene`, `code` and, where the scene has them, `error`, `facts` and `warnings`;
+/// `outcome` is there for a scene that was not loaded: "no jobs" or "failed". Empty texts, empty lists and steps of 1
+/// are left out, so that a scene takes some two kilobytes.
+///
+/// Its `jobs` hold the cells of the job table (`driver`, `renderer`, `frames`, `output`, `camera`, `take`, `size`),
+/// numbers to sort and draw by (`start`, `end`, `step`; missing where a frame set counts or a frame is no number),
+/// `frameCount` and `fault` (see jobFrames.h), `waitsFor` (numbers of jobs, from 1) and `waitsForIDs` (own numbers that
+/// no job before has). The variables among the facts are lists: name, value and, of others than the scene's, the
+/// source. `skipped` lists what gave no job: sections without an outcome and those not recognised (without `reader`);
+/// it is missing where the scene was not read.
 _reportScene reportScene(const _explainedScene& scene);
 
 QByteArray toBytes(const _reportScene& scene);
 _reportScene reportSceneFromBytes(const QByteArray& bytes);
 
-/// The page's data: `program` as given, `scenes` as above, and `comparisons`, which say what `vxscene diff` says of two
-/// scenes, by their places from 0: `left`, `right` (the later one), `came` and `went` (numbers of jobs), and
-/// `changed`: `left`, `right` (numbers of the job) and `fields`, each of `name`, `before` and `after`. Jobs of the
-/// right scene that are in none of them are unchanged.
+/// What a report tells of itself.
+struct _reportOrigin {
+    QString program;
+    QDateTime made;
+    bool asksToCompare = false;  ///< scenes that belong together: the page opens on what differs
+};
+
+/// The page's data: `program`, `made` (ISO 8601, UTC) and `asksToCompare` as given, `scenes` as above, and
+/// `comparisons`, which say what `vxscene diff` says of two scenes, by their places from 0: `left`, `right` (the later
+/// one), `came` and `went` (numbers of jobs), and `changed`: `left`, `right` (numbers of the job) and `fields`, each of
+/// `name`, `before` and `after`. Jobs of the right scene that are in none of them are unchanged.
 ///
-/// Every scene is compared with the next one; of up to 20 scenes every pair is compared as long as they have not too
-/// many jobs. A scene whose jobs are not known is compared with none.
-QJsonObject reportData(const std::vector<_reportScene>& scenes, const QString& program);
+/// Of up to 20 scenes every pair is compared as long as they have not too many jobs. Of more scenes each is compared
+/// with the next one, and only where the report asks for it. A scene whose jobs are not known is compared with none.
+QJsonObject reportData(const std::vector<_reportScene>& scenes, const _reportOrigin& origin);
 
 }  // namespace vxH

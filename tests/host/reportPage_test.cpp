@@ -3,6 +3,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <limits>
 
 #include "host/report/reportData.h"
 #include "host/report/reportPage.h"
@@ -50,14 +51,42 @@ TEST(ReportData, SkippedAreDriversAndWedgesWithoutAnOutcomeAndSectionsNotRecogni
     EXPECT_EQ(vxTest::plain(nodes), "bfg");
 }
 
-/// Of many scenes neighbours are compared, of few every pair, and none whose jobs are not known.
+/// Of few scenes every pair is compared, of many neighbours where that is asked for, and none whose jobs are not known.
 TEST(ReportData, ComparesScenesInPairs) {
-    const std::pair<int, int> cases[] = {{1, 0}, {2, 1}, {5, 10}, {20, 190}, {21, 20}};
-    for (const auto& [count, pairs] : cases) {
+    const std::tuple<int, int, int> cases[] = {{1, 0, 0}, {2, 1, 1}, {5, 10, 10}, {20, 190, 190}, {21, 0, 20}};
+    for (const auto& [count, pairs, pairsAskedFor] : cases) {
         std::vector<_reportScene> scenes(static_cast<std::size_t>(count));
         for (auto& scene : scenes) scene.result.code = 1;
         scenes.insert(scenes.begin(), _reportScene{{}, {{{}, 6, {}, {}}, {_job{}}}});
-        EXPECT_EQ(reportData(scenes, {})[QLatin1String{"comparisons"}].toArray().size(), pairs) << count;
+        for (const bool asksToCompare : {false, true}) {
+            const auto data = reportData(scenes, {{}, {}, asksToCompare});
+            EXPECT_EQ(data[QLatin1String{"comparisons"}].toArray().size(), asksToCompare ? pairsAskedFor : pairs)
+                << count;
+        }
+    }
+}
+
+TEST(ReportData, TellsHowManyFramesAJobHasOrWhyNot) {
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    const std::tuple<const char*, double, double, int, QJsonValue, const char*> cases[] = {
+        {"", 1, 10, 1, 10, ""},
+        {"", 1, 10, 4, 3, ""},
+        {"", -2.5, 2, 2, 3, ""},
+        {"", 7, 7, 9, 1, ""},
+        {"", 1, 10, 0, QJsonValue::Undefined, "a step of 0"},
+        {"", 10, 1, 1, QJsonValue::Undefined, "starts behind its end"},
+        {"", 1, nan, 1, QJsonValue::Undefined, "a frame that is no number"},
+        {"1-3,8", 0, 0, 0, QJsonValue::Undefined, ""}};
+    for (const auto& [frameSet, start, end, step, count, fault] : cases) {
+        _explainedScene scene{};
+        auto& job = scene.jobs.emplace_back();
+        job.seqFrameSet = QLatin1String{frameSet};
+        job.seqStart = start;
+        job.seqEnd = end;
+        job.seqStep = step;
+        const auto row = reportScene(scene).shown[QLatin1String{"jobs"}].toArray()[0].toObject();
+        EXPECT_EQ(row[QLatin1String{"frameCount"}], count) << start << ' ' << end << ' ' << step;
+        EXPECT_EQ(row[QLatin1String{"fault"}].toString(), QLatin1String{fault});
     }
 }
 

@@ -2,6 +2,7 @@
 import json
 import os
 import pathlib
+import re
 import resource
 import signal
 import sys
@@ -34,7 +35,11 @@ class Command(unittest.TestCase):
     def test_page_goes_to_the_file_or_to_an_output_that_is_no_terminal(self):
         run = run_report("-o", self.report, self.scene)
         self.assertEqual((run.returncode, run.stdout, run.stderr), (0, b"", b""))
-        self.assertEqual(run_report(self.scene).stdout, self.report.read_bytes())
+        pages = [run_report(self.scene).stdout, self.report.read_bytes()]
+        for made in {data_of(page).pop("made") for page in pages}:
+            self.assertRegex(made, r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ$")
+        without_time = [re.sub(rb'"made":"[^"]*"', b"", page) for page in pages]
+        self.assertEqual(*without_time)
 
     def test_terminal_gets_no_page(self):
         terminal, program_side = os.openpty()

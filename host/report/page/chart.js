@@ -3,34 +3,41 @@
 
 const LANE = 22;  // pixels
 const BAR = 10;
-const FAULTY_BAR = 18;  // holds words
+const WORDS = 18;  // a line of words below a bar
 const DRIVERS_AT_FIRST = 16;
 const TICKS = 6;
+const MOST_LANES = 50;   // of a driver
 const MOST_STEPS = 300;  // more cannot be distinguished
 const ARROW_INSET = 9;
 
 /** `start` and `end` of all frames; the axis goes from `first` to `last`, half a frame beyond their middles. */
 function frameAxis(jobs) {
     const drawn = jobs.filter(hasRange);
-    const sound = drawn.filter((job) => !rangeFault(job));
-    const frames = (sound.length > 0 ? sound : drawn).flatMap((job) => [job.start, job.end]);
-    if (frames.length === 0) return null;
-    const extent = {start: frames[0], end: frames[0]};
-    for (const frame of frames) {
-        extent.start = Math.min(extent.start, frame);
-        extent.end = Math.max(extent.end, frame);
+    if (drawn.length === 0) return null;
+    const sound = drawn.filter((job) => !job.fault);
+    const extent = {start: Infinity, end: -Infinity};
+    for (const {start, end} of sound.length > 0 ? sound : drawn) {
+        extent.start = Math.min(extent.start, start, end);
+        extent.end = Math.max(extent.end, start, end);
     }
     const room = Math.max(0, 10 - (extent.end - extent.start)) / 2;  // a single frame is no full bar
     return {start: extent.start, end: extent.end, first: extent.start - 0.5 - room, last: extent.end + 0.5 + room};
 }
 
+// Nothing is drawn along it.
+const NO_FRAMES = {
+    first: 0,
+    last: 1
+};
+
 function percent(axis, frame) {
-    const share = (frame - axis.first) / (axis.last - axis.first);
+    const share = (frame - axis.first) / (axis.last - axis.first) || 0;  // of huge frames the differences are none
     return Math.round(Math.min(1, Math.max(0, share)) * 1e5) / 1e3;
 }
 
 /** Round frames, and the first and the last of all. */
 function tickFrames(axis) {
+    if (axis === NO_FRAMES) return [];
     const ends = axis.start === axis.end ? [axis.start] : [axis.start, axis.end];
     const far = (frame) => ends.every((end) => Math.abs(percent(axis, frame) - percent(axis, end)) > 8);
     return [...ends, ...roundFrames(axis).filter(far)];
@@ -40,9 +47,9 @@ function roundFrames(axis) {
     const rough = (axis.last - axis.first) / TICKS;
     const power = 10 ** Math.floor(Math.log10(rough));
     const step = Math.max(1, [1, 2, 5, 10].map((factor) => factor * power).find((candidate) => candidate >= rough));
-    const frames = [];
-    for (let frame = Math.ceil(axis.start / step) * step; frame <= axis.end; frame += step) frames.push(frame);
-    return frames;
+    const first = Math.ceil(axis.start / step) * step;
+    const frames = Array.from({length: 2 * TICKS}, (_, at) => first + at * step);  // a loop up to the end may have none
+    return frames.filter((frame) => frame <= axis.end);
 }
 
 function tickLabel(axis, frame) {
@@ -63,21 +70,43 @@ const BAR_KINDS = [
     ["faulty", "frames that no renderer takes"],
 ];
 
-/** Bars of a driver, with their rows. Bars are the same where renderer and frames are. */
-function lanesOf(rows) {
-    const groups = groupedBy(rows, ({job}) => `${job.renderer}\n${job.frames}`);
-    return [...groups.values()].map((members, index) => ({index, rows: members, job: members[0].job}));
+/** Whether any of the job is on the axis: faulty frames may be beyond it. */
+function isDrawn(job, axis) {
+    return hasRange(job) && Math.max(job.start, job.end) >= axis.first && Math.min(job.start, job.end) <= axis.last;
 }
 
-function barKind(lane, exports) {
-    if (rangeFault(lane.job)) return "faulty";
-    return exports.has(lane.rows[0].number) ? "export" : "render";
+/** What stands below a bar, or in its place. */
+function laneWords(job, hasBar) {
+    if (job.fault) return `${job.frames}: ${job.fault}`;
+    return hasBar ? "" : `frames ${job.frames}`;
+}
+
+/**
+ * Bars of a driver, with their rows, and how many there are beyond. They are the same where renderer and frames are.
+ */
+function lanesOf(rows, axis) {
+    const groups = [...groupedBy(rows, ({job}) => `${job.renderer}\n${job.frames}`).values()];
+    let top = 0;
+    const lanes = groups.slice(0, MOST_LANES).map((members, index) => {
+        const {job} = members[0];
+        const hasBar = isDrawn(job, axis);
+        const words = laneWords(job, hasBar);
+        const lane = {index, rows: members, job, top, hasBar, words, height: words && hasBar ? LANE + WORDS : LANE};
+        top += lane.height;
+        return lane;
+    });
+    return {lanes, left: groups.length - lanes.length};
+}
+
+function barKind({job, number}, exports) {
+    if (job.fault) return "faulty";
+    return exports.has(number) ? "export" : "render";
 }
 
 function laneTitle({job, rows}) {
     const numbers = runsText(rows.map((row) => row.number));
     const jobs = `${job.driver}: ${nounFor(rows.length, "job")} ${numbers}`;
-    const frames = [`${job.renderer}, frames ${job.frames}`, rangeFault(job)].filter(Boolean).join(": ");
+    const frames = [`${job.renderer}, frames ${job.frames}`, job.fault].filter(Boolean).join(": ");
     const texts = rows.length === 1 ? [jobs, frames, job.output] : [jobs, frames];
     return texts.join(" \u00b7 ");
 }
@@ -92,34 +121,31 @@ function stepDashes(lane, axis, ends) {
 }
 
 function bar(lane, axis, kind) {
-    const {job, index} = lane;
-    const middle = index * LANE + LANE / 2;
+    const {job, top} = lane;
+    const middle = top + LANE / 2;
     const [low, high] = job.start <= job.end ? [job.start, job.end] : [job.end, job.start];
     const from = percent(axis, low - 0.5);
     const to = percent(axis, high + 0.5);
     const dashes =
         kind === "faulty" ? null : stepDashes(lane, axis, {x1: `${from}%`, x2: `${to}%`, y1: middle, y2: middle});
-    const height = kind === "faulty" ? FAULTY_BAR : BAR;
-    const shape = {x: `${from}%`, width: `${to - from}%`, y: middle - height / 2, height, rx: 2};
+    const shape = {x: `${from}%`, width: `${to - from}%`, y: middle - BAR / 2, height: BAR, rx: 2};
     return [svg("rect", {class: dashes ? "shape stepped" : "shape", ...shape}), dashes];
 }
 
-function laneWords(lane, axis, words) {
-    const at = hasRange(lane.job) ? percent(axis, Math.min(lane.job.start, lane.job.end)) : 0;
-    const x = at > 60 ? {x: "100%", "text-anchor": "end"} : {x: `${at}%`, dx: 6};
-    return svg("text", {class: "words", ...x, y: lane.index * LANE + 15}, words.slice(0, 60));
+/** On the side of the lane where its bar is. The bar's own name tells the same to those who hear it. */
+function wordsBelow({job, words, top, hasBar}, axis) {
+    if (!words) return null;
+    const isFarRight = hasBar && percent(axis, Math.min(job.start, job.end)) > 50;
+    const kind = ["words", job.fault && "fault", isFarRight && "right"].filter(Boolean).join(" ");
+    const element = el("div", {class: kind, "aria-hidden": "true"}, words);
+    element.style.top = `${top + (hasBar ? LANE - 4 : 2)}px`;
+    return element;
 }
 
 /** The bar of a lane: a link to its first job. */
 function barLink(lane, axis, exports) {
-    const kind = barKind(lane, exports);
+    const kind = barKind(lane.rows[0], exports);
     const title = laneTitle(lane);
-    const fault = rangeFault(lane.job);
-    const words = fault ? `${lane.job.frames}: ${fault}` : `frames ${lane.job.frames}`;
-    const drawing = [
-        hasRange(lane.job) ? bar(lane, axis, kind) : null,
-        fault || !hasRange(lane.job) ? laneWords(lane, axis, words) : null
-    ];
     const first = lane.rows[0];
     return svg(
         "a", {
@@ -129,13 +155,13 @@ function barLink(lane, axis, exports) {
             "aria-label": title,
             "data-tip": title
         },
-        drawing);
+        lane.hasBar ? bar(lane, axis, kind) : svg("rect", {class: "bare", y: lane.top, height: LANE, width: "100%"}));
 }
 
 function arrow(from, to, axis) {
     const x = (lane) => `${percent(axis, Math.min(lane.job.start, lane.job.end) - 0.5)}%`;
-    const y1 = from.index * LANE + LANE / 2 + BAR / 2;
-    const y2 = to.index * LANE + LANE / 2 - BAR / 2;
+    const y1 = from.top + LANE / 2 + BAR / 2;
+    const y2 = to.top + LANE / 2 - BAR / 2;
     return svg(
         "g", {class: "arrow", transform: `translate(${ARROW_INSET} 0)`}, svg("line", {x1: x(from), x2: x(to), y1, y2}),
         svg("svg", {x: x(to), y: y2, overflow: "visible"}, svg("path", {d: "M-4-6H4L0 0Z"})));
@@ -143,87 +169,102 @@ function arrow(from, to, axis) {
 
 function arrowsOf(lanes, axis) {
     const laneOfJob = new Map(lanes.flatMap((lane) => lane.rows.map((row) => [row.number, lane])));
-    return lanes.filter((lane) => hasRange(lane.job)).flatMap((lane) => {
+    return lanes.filter((lane) => lane.hasBar).flatMap((lane) => {
         const sources =
             new Set(lane.rows.flatMap((row) => row.job.waitsFor ?? []).map((number) => laneOfJob.get(number)));
         return [...sources]
-            .filter((source) => source && source.index < lane.index && hasRange(source.job))
+            .filter((source) => source && source.index < lane.index && source.hasBar)
             .map((source) => arrow(source, lane, axis));
     });
 }
 
 function laneLabel(lane) {
     const count = lane.rows.length > 1 ? el("span", {class: "copies"}, `\u00d7${lane.rows.length}`) : null;
+    const label =
+        el("div", {class: "renderer", title: laneTitle(lane)}, el("span", {class: "name"}, lane.job.renderer), count);
+    label.style.height = `${lane.height}px`;
+    return label;
+}
+
+/** The end of the path tells drivers apart: where there is no room for all of it, the start is left out. */
+function driverName(driver) {
+    const folder = folderOf(driver);
     return el(
-        "div", {class: "renderer", title: laneTitle(lane)}, el("span", {class: "name"}, lane.job.renderer), count);
+        "div", {class: "name code", title: driver}, el("span", {class: "folder"}, folder),
+        el("span", {class: "leaf"}, driver.slice(folder.length)));
 }
 
 /** Frame ranges of one scene: `element`, and `refresh()` after its rows have been filtered. */
 class FrameChart {
     constructor(rows, jobs) {
-        this.axis = frameAxis(jobs);
-        this.isOpen = false;
-        const exports = jobsWaitedFor(jobs);
-        this.groups = [...groupedBy(rows, ({job}) => job.driver)].map(
-            ([driver, members]) => ({
-                rows: members,
-                element: this.driverRow(driver, lanesOf(members), exports),
-            }));
+        this.axis = frameAxis(jobs) ?? NO_FRAMES;
+        this.most = DRIVERS_AT_FIRST;
+        this.exports = jobsWaitedFor(jobs);
+        this.groups = [...groupedBy(rows, ({job}) => job.driver)].map(([driver, members]) => ({driver, rows: members}));
         this.more = el("button", {type: "button", class: "all"});
         this.more.addEventListener("click", () => this.open());
-        this.element =
-            el("figure", {class: "chart"}, this.legend(), this.axisRow(),
-               el("div", {class: "drivers"}, this.grid(), this.groups.map((group) => group.element)), this.more);
+        this.drivers = el("div", {class: "drivers"});
+        this.element = el("figure", {class: "chart"}, this.legend(rows), this.axisRow(), this.drivers, this.more);
         this.element.addEventListener("keydown", (event) => this.move(event));
-        this.element.querySelector("a.bar")?.setAttribute("tabindex", "0");
         this.refresh();
     }
 
-    driverRow(driver, lanes, exports) {
-        const axis = this.axis ?? {first: 0, last: 1};
+    /** A driver with its bars; made when it is first shown. */
+    elementOf(group) {
+        group.element ??= this.driverRow(group.driver, lanesOf(group.rows, this.axis));
+        return group.element;
+    }
+
+    driverRow(driver, {lanes, left}) {
+        const {axis} = this;
+        const height = sumOf(lanes, (lane) => lane.height);
         const drawing =
-            svg("svg", {class: "lanes", height: lanes.length * LANE, role: "group", "aria-label": `Bars of ${driver}`},
-                arrowsOf(lanes, axis), lanes.map((lane) => barLink(lane, axis, exports)));
+            svg("svg", {class: "lanes", height, role: "group", "aria-label": `Bars of ${driver}`},
+                arrowsOf(lanes, axis), lanes.map((lane) => barLink(lane, axis, this.exports)));
+        const words = lanes.map((lane) => wordsBelow(lane, axis));
         return el(
-            "div", {class: "driver"}, el("div", {class: "name code", title: driver}, driver),
-            el("div", {class: "renderers"}, lanes.map(laneLabel)), drawing);
+            "div", {class: "driver"}, driverName(driver), el("div", {class: "renderers"}, lanes.map(laneLabel)),
+            el("div", {class: "drawing"}, drawing, words),
+            left > 0 ? el("div", {class: "quiet beyond"}, `and ${plural(left, "further range")}: see the table`)
+                     : null);
     }
 
     axisRow() {
-        const ticks = this.axis ? tickFrames(this.axis).map((frame) => tickLabel(this.axis, frame)) : [];
+        const ticks = tickFrames(this.axis).map((frame) => tickLabel(this.axis, frame));
         return el(
             "div", {class: "axis", "aria-hidden": "true"}, el("span", {}, "Driver"), el("span", {}, "Renderer"),
             svg("svg", {height: 20}, ticks));
     }
 
     grid() {
-        const lines = this.axis ? tickFrames(this.axis).map((frame) => gridLine(this.axis, frame)) : [];
+        const lines = tickFrames(this.axis).map((frame) => gridLine(this.axis, frame));
         return svg("svg", {class: "grid", "aria-hidden": "true"}, lines);
     }
 
-    legend() {
-        const used =
-            BAR_KINDS.filter(([kind]) => this.groups.some((group) => group.element.querySelector(`a.${kind}`)));
+    legend(rows) {
+        const kinds = new Set(rows.map((row) => barKind(row, this.exports)));
+        const used = BAR_KINDS.filter(([kind]) => kinds.has(kind));
         return el(
             "figcaption", {}, used.map(([kind, name]) => el("span", {class: `key ${kind}`}, name)),
             el("span", {class: "hint"}, "\u2191 \u2193 move between bars, Enter goes to the job"));
     }
 
-    open() {
-        this.isOpen = true;
+    showAll() {
+        this.most = Infinity;
         this.refresh();
+    }
+
+    open() {
+        this.showAll();
         this.element.querySelector("a.bar[tabindex='0']")?.focus();
     }
 
     refresh() {
         const fitting = this.groups.filter((group) => group.rows.some((row) => row.isShown));
-        const shown = new Set(this.isOpen ? fitting : fitting.slice(0, DRIVERS_AT_FIRST));
-        for (const group of this.groups) {
-            group.element.hidden = !shown.has(group);
-            group.element.classList.toggle("fits", fitting.includes(group));
-        }
-        this.more.hidden = shown.size === fitting.length;
-        this.more.textContent = `Show all ${fitting.length} drivers`;
+        const shown = fitting.slice(0, this.most);
+        this.drivers.replaceChildren(this.grid(), ...shown.map((group) => this.elementOf(group)));
+        this.more.hidden = shown.length === fitting.length;
+        this.more.textContent = `Show all ${grouped(fitting.length)} drivers`;
         this.makeReachable();
     }
 
@@ -234,8 +275,7 @@ class FrameChart {
     }
 
     shownBars() {
-        return this.groups.filter((group) => !group.element.hidden)
-            .flatMap((group) => [...group.element.querySelectorAll("a.bar")]);
+        return [...this.element.querySelectorAll("a.bar")];
     }
 
     move(event) {

@@ -3,11 +3,11 @@
 /** Where the entries of a list are compared one by one: the list, what an entry is, its name's member, its text. */
 const LISTED_FACTS = [
     ["cameras", "Camera", "node", ({width, height, stereo}) => `${width} \u00d7 ${height}${stereo ? " stereo" : ""}`],
-    ["wedges", "Wedge", "node", ({variants, driver}) => `${plural(variants, "variant")} of ${driver}`],
-    ["lops", "LOP node", "node", ({renderer, image}) => `${renderer} ${image}`.trim()],
-    ["usdRenderSettings", "USD render settings", "node", ({camera, image}) => `${camera} ${image}`.trim()],
+    ["wedges", "Wedge", "node", ({variants, driver}) => `${plural(variants, "variant")} of ${driver ?? ""}`],
+    ["lops", "LOP node", "node", ({renderer = "", image = ""}) => `${renderer} ${image}`.trim()],
+    ["usdRenderSettings", "USD render settings", "node", ({camera = "", image = ""}) => `${camera} ${image}`.trim()],
     ["skipped", "Without a job", "node", ({text}) => text],
-    ["variables", "Variable", "name", ({value}) => value],
+    ["variables", "Variable", 0, ([, value]) => value],
 ];
 
 /** Facts, and what gave no job, as named texts. */
@@ -91,7 +91,10 @@ function whatDiffers({job, fields}) {
 }
 
 const JOB_CELLS = [
-    ["#", ({number, was}) => (!was || was === number ? number : `${number} (was ${was})`)],
+    [
+        "#",
+        ({number, was}) => (!was || was === number ? number : el("span", {class: "whole"}, `${number} (was ${was})`))
+    ],
     ["Driver", ({job}) => code(job.driver)],
     ["Renderer", ({job}) => parts(job.renderer)],
     ["Take", ({job}) => longText(job.take)],
@@ -134,16 +137,16 @@ function factPart(left, right) {
 }
 
 const NOT_COMPARED =
-    "The jobs of these two scenes have not been compared: a report compares each scene with the next one, and every " +
-    "pair where there are few, but none whose jobs are not known. vxscene diff compares any two.";
+    "The jobs of these two scenes have not been compared: that is done for every pair where scenes are few, and with " +
+    "vxscene report --compare for each scene and the next, but never for a scene whose jobs are not known. " +
+    "vxscene diff compares any two.";
 
 function jobPart(left, right) {
-    if (left === right) return el("p", {}, "This is one and the same scene.");
-    const found = comparisonOf(left.index, right.index);
+    const found = comparisonOf(left, right);
     if (!found) return [el("h3", {}, "Jobs"), el("p", {}, NOT_COMPARED)];
-    const different = differentJobs(left.scene, right.scene, found);
+    const different = differentJobs(scenes[left], scenes[right], found);
     const told = new Set(different.filter(({kind}) => kind !== "went").map(({number}) => number));
-    const equal = right.scene.jobs.map((job, at) => ({job, number: at + 1})).filter(({number}) => !told.has(number));
+    const equal = scenes[right].jobs.map((job, at) => ({job, number: at + 1})).filter(({number}) => !told.has(number));
     return [
         el("h3", {}, `Jobs that differ (${different.length})`),
         different.length > 0 ? plainTable("Jobs that differ", DIFFERENCE_CELLS, different)
@@ -152,33 +155,60 @@ function jobPart(left, right) {
     ];
 }
 
-function sceneChoice(label, names, chosen, act) {
-    const options = names.map((name, index) => el("option", {value: index, selected: index === chosen}, name));
-    const select = el("select", {}, options);
-    select.addEventListener("change", act);
-    return el("label", {}, label, " ", select);
-}
-
 /** Scenes that failed before anything was read have nothing to compare. */
 function canBeCompared(scene) {
     return Boolean(scene.facts) || scene.jobs.length > 0;
 }
 
-/** The section in which any two of the views' scenes are compared; null where there are no two. */
-function comparison(views) {
-    const chosen = views.filter(({scene}) => canBeCompared(scene));
-    if (chosen.length < 2) return null;
-    const names = chosen.map(({name}) => name);
-    const result = el("div", {class: "comparison"});
-    const choice = el("div", {class: "choice"});
-    const show = () => {
-        const [left, right] = [...choice.querySelectorAll("select")].map((select) => chosen[Number(select.value)]);
-        result.replaceChildren();
-        append(result, [factPart(left.scene, right.scene), jobPart(left, right)]);
-    };
-    choice.append(sceneChoice("Left", names, 0, show), sceneChoice("Right", names, 1, show));
-    show();
-    return el(
-        "section", {id: "compare", "aria-labelledby": "compare-title", tabindex: "-1"},
-        el("h2", {id: "compare-title"}, "What differs"), choice, result);
+const comparable = [...scenes.keys()].filter((index) => canBeCompared(scenes[index]));
+
+function sceneChoice(label, act) {
+    const options = comparable.map((index) => el("option", {value: index}, names[index]));
+    const select = el("select", {}, el("option", {value: ""}, "Choose a scene"), options);
+    select.addEventListener("change", act);
+    return {select, element: el("label", {}, label, " ", select)};
+}
+
+/** Any two scenes, once the reader has picked them or the report was asked to compare. */
+class CompareView {
+    constructor() {
+        this.id = "compare";
+        this.title = "What differs";
+    }
+
+    get element() {
+        this.made ??= this.make();
+        return this.made;
+    }
+
+    make() {
+        this.choices = ["Left", "Right"].map((label) => sceneChoice(label, () => this.show()));
+        this.result = el("div", {class: "comparison"});
+        const first = data.asksToCompare ? data.comparisons[0] : undefined;
+        if (first) this.choose(first.left, first.right);
+        this.show();
+        return el(
+            "section", {class: "view", "aria-labelledby": "compare-title"},
+            el("h2", {id: "compare-title", tabindex: "-1"}, this.title),
+            el("div", {class: "choice"}, this.choices.map(({element}) => element)), this.result);
+    }
+
+    /** Picks the left scene and, with a second number, the right one. */
+    choose(...indices) {
+        if (!this.choices) this.made = this.make();
+        for (const [at, index] of indices.entries()) this.choices[at].select.value = index;
+        this.show();
+    }
+
+    show() {
+        this.result.replaceChildren();
+        append(this.result, [this.content(...this.choices.map(({select}) => select.value))]);
+    }
+
+    content(left, right) {
+        if (left === "" || right === "")
+            return el("p", {class: "quiet"}, "Choose two scenes, such as two versions of a shot.");
+        if (left === right) return el("p", {}, "This is one and the same scene.");
+        return [factPart(scenes[left], scenes[right]), jobPart(Number(left), Number(right))];
+    }
 }

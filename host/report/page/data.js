@@ -2,16 +2,23 @@
 
 const data = JSON.parse(document.getElementById("data").textContent);
 
+/** What the data leaves out. */
+const BARE_JOB = {
+    driver: "",
+    renderer: "",
+    frames: "",
+    output: "",
+    camera: "",
+    take: "",
+    size: "",
+    step: 1
+};
+
+const scenes = data.scenes.map((scene) => ({...scene, jobs: scene.jobs.map((job) => ({...BARE_JOB, ...job}))}));
+
 /** Frames are drawn and sorted by numbers; a job with a frame set or an undefined frame has none. */
 function hasRange(job) {
     return Number.isFinite(job.start) && Number.isFinite(job.end);
-}
-
-/** Why no renderer takes the frames; empty for frames that it takes. */
-function rangeFault(job) {
-    if (job.step === 0) return "a step of 0";
-    if (!hasRange(job)) return job.frames.includes("?") ? "a frame that is no number" : "";
-    return job.start > job.end ? "starts behind its end" : "";
 }
 
 function fileNameOf(path) {
@@ -22,13 +29,22 @@ function folderOf(path) {
     return path.slice(0, path.lastIndexOf("/") + 1);
 }
 
-/** File names, with a folder before those that several scenes share. */
-function sceneNames(scenes) {
-    const names = scenes.map((scene) => fileNameOf(scene.scene));
-    return names.map((name, index) => {
-        if (names.indexOf(name) === names.lastIndexOf(name)) return name;
-        return scenes[index].scene.split("/").slice(-2).join("/");
-    });
+/** The folder that holds all of the paths, with its slash. */
+function commonFolder(paths) {
+    let common = folderOf(paths[0] ?? "");
+    for (const path of paths) {
+        while (!path.startsWith(common)) common = folderOf(common.slice(0, -1));
+    }
+    return common;
+}
+
+const sceneFolder = commonFolder(scenes.map(({scene}) => scene));
+
+/** Paths of the scenes below the folder that holds them all. */
+const names = scenes.map(({scene}) => scene.slice(sceneFolder.length) || scene);
+
+function outcomeOf(scene) {
+    return scene.outcome ?? "loaded";
 }
 
 /** The numbers from 1 of the jobs that other jobs wait for. */
@@ -39,15 +55,29 @@ function jobsWaitedFor(jobs) {
 /** Texts of the warnings of each job, by the job's number. */
 function warningsByJob(scene) {
     const byJob = new Map();
-    for (const warning of scene.warnings ?? []) {
-        for (const number of warning.jobs ?? []) byJob.set(number, [...(byJob.get(number) ?? []), warning.text]);
+    for (const {jobs, text} of scene.warnings ?? []) {
+        for (const number of jobs ?? []) {
+            if (!byJob.has(number)) byJob.set(number, []);
+            byJob.get(number).push(text);
+        }
     }
     return byJob;
 }
 
-/** Sections that are drivers, and those that nobody could make out. */
-function skippedDrivers(scene) {
-    return (scene.skipped ?? []).filter((item) => !item.reader || item.reader === "driver");
+/** Sum of what `valueOf` gives for each entry. */
+function sumOf(entries, valueOf) {
+    return entries.reduce((total, entry) => total + valueOf(entry), 0);
+}
+
+function framesOf(jobs) {
+    return sumOf(jobs, (job) => job.frameCount ?? 0);
+}
+
+/** Jobs and their frames by renderer, the one with the most frames first. */
+function rendererTotals(jobs) {
+    const totals = [...groupedBy(jobs, (job) => job.renderer)].map(
+        ([renderer, members]) => ({renderer, jobs: members.length, frames: framesOf(members)}));
+    return totals.sort((left, right) => right.frames - left.frames);
 }
 
 function frameRangeText(range) {
@@ -84,4 +114,26 @@ function groupedBy(entries, keyOf) {
         groups.get(key).push(entry);
     }
     return groups;
+}
+
+/** Words that all have to be in a text. */
+function wordsOf(query) {
+    return query.toLowerCase().split(/\s+/).filter(Boolean);
+}
+
+function holdsAll(text, words) {
+    return words.every((word) => text.includes(word));
+}
+
+/** 1,234,567: the same wherever the page is read. */
+function grouped(number) {
+    return number.toLocaleString("en", {maximumFractionDigits: 2});
+}
+
+function nounFor(count, one) {
+    return count === 1 ? one : `${one}s`;
+}
+
+function plural(count, one) {
+    return `${grouped(count)} ${nounFor(count, one)}`;
 }

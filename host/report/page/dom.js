@@ -61,13 +61,15 @@ function parts(text = "") {
     return text.length > LONGEST_TEXT ? longText(text) : breakable(text);
 }
 
-/** A node, path or expression. */
+/** A node, path or expression; nothing for an empty one. */
 function code(text) {
+    if (!text) return null;
     return el("span", {class: "code"}, parts(text));
 }
 
 /** The path of a file, whose name stands out. */
 function filePath(text) {
+    if (!text) return null;
     if (text.length > LONGEST_TEXT) return code(text);
     const folder = folderOf(text);
     return el(
@@ -79,6 +81,53 @@ function section(id, title, ...children) {
     return el("section", {id, "aria-labelledby": `${id}-title`, tabindex: "-1"}, heading, children);
 }
 
+const MOST_UNFOLDED = 10;
+
+/** A section whose content is made and shown at once where it is short, and otherwise when it is asked for. */
+function foldedSection(id, title, count, makeContent, isLong = count > MOST_UNFOLDED) {
+    const heading = `${title} (${grouped(count)})`;
+    if (!isLong) return section(id, heading, makeContent());
+    const details = el("details", {}, el("summary", {}, el("h3", {id: `${id}-title`}, heading)));
+    const unfold = () => {
+        if (details.open && details.children.length === 1) append(details, [makeContent()]);
+    };
+    details.addEventListener("toggle", unfold);
+    details.unfold = () => {
+        details.open = true;
+        unfold();
+    };
+    return el("section", {id, "aria-labelledby": `${id}-title`, tabindex: "-1"}, details);
+}
+
+/** A list that shows its first entries until it is asked for all. `makeItem` gets an entry and its place. */
+function shortList(kind, entries, makeItem, most = MOST_UNFOLDED) {
+    const list = el("ul", {class: kind}, entries.slice(0, most).map(makeItem));
+    if (entries.length <= most) return list;
+    const button = el("button", {type: "button", class: "all"}, `Show all ${grouped(entries.length)}`);
+    const box = el("div", {class: "short"}, list, button);
+    box.unfold = () => {
+        if (!button.isConnected) return;
+        button.remove();
+        append(list, entries.slice(most).map((entry, at) => makeItem(entry, at + most)));
+    };
+    button.addEventListener("click", () => {
+        box.unfold();
+        const next = list.children[most];
+        (next.querySelector("a, button") ?? next).focus();
+    });
+    return box;
+}
+
+/** Shows all that is folded within an element, for a link that leads into it and for paper. */
+function unfoldAll(element) {
+    for (const folded of element.querySelectorAll("details, .short")) {
+        if (folded.unfold)
+            folded.unfold();
+        else
+            folded.open = true;
+    }
+}
+
 /** A table without controls. Columns are pairs of a title and a function from an entry to a cell's children. */
 function plainTable(caption, columns, entries) {
     const heads = columns.map(([title]) => el("th", {scope: "col"}, title));
@@ -87,12 +136,4 @@ function plainTable(caption, columns, entries) {
         "div", {class: "scroll", role: "region", "aria-label": caption, tabindex: "0"},
         el("table", {}, el("caption", {class: "unseen"}, caption), el("thead", {}, el("tr", {}, heads)),
            el("tbody", {}, rows)));
-}
-
-function nounFor(count, one) {
-    return count === 1 ? one : `${one}s`;
-}
-
-function plural(count, one) {
-    return `${count} ${nounFor(count, one)}`;
 }

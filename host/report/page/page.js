@@ -1,209 +1,99 @@
-// The page: header, one panel for each scene, and what keys, links, pointer and printer do.
+// The page: header, the view that is shown, and what keys, links, pointer and printer do.
 
-const {scenes, program} = data;
-const names = sceneNames(scenes);
+const scenesView = scenes.length === 1 ? null : new ScenesView();
+const compareView = new CompareView();
+const made = new Map([["scenes", scenesView], ["compare", compareView]]);
+let shown = null;
 
-const MOST_HINTS = 3;
-
-/** Drivers without a job that the filter finds. */
-function skippedHint(entries) {
-    const shown = entries.slice(0, MOST_HINTS)
-                      .map(
-                          ({item, id}) =>
-                              el("div", {}, "Without a job: ", el("a", {href: `#${id}`}, longText(item.node)), ", ",
-                                 longText(item.text)));
-    const more = entries.length - MOST_HINTS;
-    return [shown, more > 0 ? el("div", {}, `and ${more} more`) : null];
+function madeOnce(id, make) {
+    if (!made.has(id)) made.set(id, make());
+    return made.get(id);
 }
 
-/** One scene: its panel, filled when it is first shown. */
-class SceneView {
-    constructor(scene, index) {
-        this.scene = scene;
-        this.index = index;
-        this.name = names[index];
-        this.panel =
-            el("section", {id: `s${index}`, class: "panel", tabindex: "-1", "aria-label": `Scene ${this.name}`});
-    }
+/** The view that a place of the page is in; undefined for no place. */
+function viewOf(place) {
+    const [, index] = /^s(\d+)(-|$)/.exec(place) ?? [];
+    if (scenes[index]) return madeOnce(`s${index}`, () => new SceneView(scenes[index], Number(index)));
+    if (scenes.length === 1) return undefined;
+    return place === "jobs" ? madeOnce("jobs", () => new JobsView()) : made.get(place);
+}
 
-    fill() {
-        if (this.isFilled) return;
-        this.isFilled = true;
-        const {scene, index} = this;
-        this.skipped = skippedSection(scene, index);
-        append(this.panel, [
-            this.title(), this.failure(), figures(scene, index), warningsSection(scene, index), this.skipped.element,
-            this.jobsSection(), factSections(scene, index)
-        ]);
-    }
-
-    title() {
-        const path = this.scene.scene;
-        return el(
-            "div", {class: "scene"}, el("h2", {}, longText(fileNameOf(path))),
-            el("p", {class: "code quiet"}, longText(folderOf(path))));
-    }
-
-    failure() {
-        if (this.scene.code === 1) return null;
-        const reason = longText(this.scene.error ?? "no reason given");
-        return el("p", {class: "failure"}, el("b", {}, "Failed: "), reason, ` (code ${this.scene.code})`);
-    }
-
-    jobsSection() {
-        const id = `s${this.index}-jobs`;
-        const hasNone = this.scene.jobs.length === 0;
-        if (hasNone && this.scene.code !== 1) return null;
-        if (hasNone) return section(id, "Jobs", el("p", {}, "This scene has no jobs."));
-        this.jobs = new JobTable(this.scene, this.index);
-        this.chart = new FrameChart(this.jobs.rows, this.scene.jobs);
-        this.input =
-            el("input", {type: "search", id: `s${this.index}-filter`, autocomplete: "off", spellcheck: "false"});
-        this.input.addEventListener("input", () => this.filter());
-        this.input.addEventListener("keydown", (event) => this.leaveFilter(event));
-        this.count = el("span", {class: "count", role: "status"});
-        this.hint = el("div", {class: "found-without"});
-        this.found =
-            el("div", {}, this.chart.element,
-               el("div", {class: "wide", role: "region", "aria-label": "Job table", tabindex: "0"}, this.jobs.table));
-        this.filter();
-        return section(id, "Jobs", this.filterBar(), this.found);
-    }
-
-    /** The bar stays in view, with the head of the table right below it, however high it is. */
-    filterBar() {
-        const bar = el("div", {class: "filter"}, el("label", { for: this.input.id
-                       }, "Filter"), this.input, el("kbd", {"aria-hidden": "true"}, "/"), this.count, this.hint);
-        new ResizeObserver(() => this.panel.style.setProperty("--filter-height", `${bar.offsetHeight}px`)).observe(bar);
-        return bar;
-    }
-
-    filter() {
-        const words = wordsOf(this.input.value);
-        const left = this.jobs.filter(words);
-        this.chart.refresh();
-        this.found.hidden = left === 0;
-        const found = words.length === 0 ? [] : this.skipped.entries.filter((entry) => holdsAll(entry.text, words));
-        this.count.textContent = `${left} of ${plural(this.jobs.rows.length, "job")}${
-            found.length > 0 ? `, ${found.length} without a job` : ""}`;
-        this.hint.replaceChildren();
-        append(this.hint, skippedHint(found));
-    }
-
-    clearFilter() {
-        this.input.value = "";
-        this.filter();
-    }
-
-    leaveFilter(event) {
-        if (event.key !== "Escape") return;
-        if (this.input.value === "")
-            this.input.blur();
-        else
-            this.clearFilter();
-        event.preventDefault();
+/** In the list of views: the view itself, or the list that its scene is in. */
+function markCurrent(view) {
+    for (const link of document.querySelectorAll(".views a")) {
+        const isHere = link.hash === `#${view.id}`;
+        const isAbove = link.hash === "#scenes" && view instanceof SceneView;
+        link.removeAttribute("aria-current");
+        if (isHere || isAbove) link.setAttribute("aria-current", isHere ? "page" : "true");
     }
 }
 
-const views = scenes.map((scene, index) => new SceneView(scene, index));
-
-/** The panel of all scenes, only there for several: figures of each, and what differs between two. */
-function overviewPanel() {
-    const columns = [
-        ["Scene", ({name, index}) => el("a", {href: `#s${index}`}, longText(name))],
-        ["Folder", ({scene}) => code(folderOf(scene.scene))],
-        ["Houdini", ({scene}) => scene.facts?.houdiniVersion || null],
-        ["Frames", ({scene}) => frameRangeText(scene.facts?.frameRange)],
-        ["Jobs", ({scene}) => scene.jobs.length],
-        ["Skipped", ({scene}) => scene.skipped && skippedDrivers(scene).length],
-        ["Warnings", ({scene}) => scene.warnings?.length],
-        [
-            "Result",
-            ({scene}) => (scene.code === 1 ? "loaded" : el("span", {class: "fault"}, longText(scene.error ?? "failed")))
-        ],
-    ];
-    return el(
-        "section", {id: "overview", class: "panel", tabindex: "-1", "aria-label": "All scenes"}, el("h2", {}, "Scenes"),
-        plainTable("Scenes", columns, views), comparison(views));
+/** With the focus on its heading, where it was last looked at. */
+function show(view) {
+    if (view === shown) return;
+    if (shown) shown.scrolledTo = scrollY;
+    const isFirst = shown === null;
+    shown = view;
+    document.getElementById("content").replaceChildren(view.element);
+    document.title = visible(`${view.title} \u2013 render jobs`);
+    markCurrent(view);
+    if (isFirst) return;
+    scrollTo(0, view.scrolledTo ?? 0);
+    view.element.querySelector("h2").focus({preventScroll: true});
 }
 
-const panels = scenes.length > 1 ? [{name: "All scenes", panel: overviewPanel(), fill() {}}, ...views] : views;
-
-/** Tabs that name the panels; only one panel is shown. */
-class Tabs {
-    constructor() {
-        this.buttons = panels.map((view, index) => this.button(view, index));
-        this.element = el("div", {class: "tabs", role: "tablist", "aria-label": "Scenes"}, this.buttons);
-        this.element.addEventListener("keydown", (event) => this.move(event));
-        if (panels.length > 1) {
-            for (const [index, view] of panels.entries())
-                fill(view.panel, {role: "tabpanel", "aria-labelledby": this.buttons[index].id}, []);
-        }
-    }
-
-    button({panel, name, scene}, index) {
-        const hasFailed = scene && scene.code !== 1;
-        const mark = hasFailed ? el("span", {class: "mark", role: "img", "aria-label": "failed"}, "!") : null;
-        const button =
-            el("button", {role: "tab", type: "button", id: `tab-${panel.id}`, "aria-controls": panel.id}, name, mark);
-        button.addEventListener("click", () => this.select(index));
-        return button;
-    }
-
-    select(index) {
-        this.selected = index;
-        panels[index].fill();
-        for (const [at, view] of panels.entries()) {
-            view.panel.classList.toggle("away", at !== index);
-            this.buttons[at].setAttribute("aria-selected", String(at === index));
-            this.buttons[at].tabIndex = at === index ? 0 : -1;
-        }
-    }
-
-    move(event) {
-        const last = panels.length - 1;
-        const targets = {ArrowRight: this.selected + 1, ArrowLeft: this.selected - 1, Home: 0, End: last};
-        const target = targets[event.key];
-        if (target === undefined) return;
-        event.preventDefault();
-        this.select((target + panels.length) % panels.length);
-        this.buttons[this.selected].focus();
-    }
-}
-
-const tabs = new Tabs();
-
-// Links lead to places of the page, which may be in another panel, filtered away or folded up.
-
-function makeShown(target) {
-    const view = views.find(({panel}) => panel.contains(target));
-    if (target.hidden && view?.input) view.clearFilter();
-    target.closest("details")?.setAttribute("open", "");
-}
-
-function goTo(hash) {
-    const id = hash.slice(1);
-    const at = panels.findIndex(({panel}) => id === panel.id || id.startsWith(`${panel.id}-`));
-    if (at < 0) return;
-    tabs.select(at);
-    const target = document.getElementById(id);
-    if (!target) return;
-    makeShown(target);
+function mark(target) {
     for (const found of document.querySelectorAll(".found")) found.classList.remove("found");
-    const isPart = target !== panels[at].panel;
-    if (isPart) target.classList.add("found");
+    target.classList.add("found");
     target.scrollIntoView({block: target.matches("tr, li") ? "center" : "start"});
     target.focus({preventScroll: true});
 }
 
+/** Places may be in another view, filtered away or folded up. */
+function goTo(place) {
+    const view = viewOf(place);
+    if (!view) return;
+    show(view);
+    if (place === view.id) return;
+    const target = view.find?.(place);
+    if (!target) return;
+    unfoldAround(target);
+    mark(target);
+}
+
+function unfoldAround(target) {
+    const details = target.closest("details") ?? target.querySelector(":scope > details");
+    if (!details) return;
+    details.unfold?.();
+    details.open = true;
+}
+
+function startPlace() {
+    if (scenes.length === 1) return "s0";
+    return data.asksToCompare ? "compare" : "scenes";
+}
+
+function placeOf(hash) {
+    const place = hash.slice(1);
+    return viewOf(place) ? place : startPlace();
+}
+
+/** The table of all jobs with these words in its filter. */
+function findJobs(words) {
+    viewOf("jobs").table.filter(words);
+    location.hash = "#jobs";
+}
+
 function followLinks() {
     document.addEventListener("click", (event) => {
-        const link = event.target.closest?.("a[href^='#s']");
-        if (!link || link.getAttribute("href") !== location.hash) return;  // hashchange reports any other place
-        event.preventDefault();
-        goTo(location.hash);
+        const link = event.target.closest?.("a[href^='#']");
+        if (!link || link.hash !== location.hash || !viewOf(link.hash.slice(1))) return;
+        event.preventDefault();  // hashchange reports any other place
+        goTo(link.hash.slice(1));
     });
-    addEventListener("hashchange", () => goTo(location.hash));
+    addEventListener("hashchange", () => {
+        if (location.hash !== "#content") goTo(placeOf(location.hash));
+    });
 }
 
 // Colours follow the system until the button is used.
@@ -226,12 +116,12 @@ function themeButton() {
     return button;
 }
 
-// Keys: "/" goes to the filter of the panel that is shown.
+// Keys: "/" goes to the filter of the view that is shown.
 
 function handleKeys() {
     document.addEventListener("keydown", (event) => {
         const isTyping = event.target.matches?.("input, select");
-        const {input} = panels[tabs.selected];
+        const input = shown?.table?.input;
         if (event.key !== "/" || isTyping || event.ctrlKey || event.metaKey || event.altKey || !input) return;
         event.preventDefault();
         input.focus();
@@ -260,47 +150,33 @@ function showTips() {
     });
 }
 
-/** On paper all panels are there and everything is unfolded. */
+/** Paper has all of the view that is shown, unfolded. */
 function unfoldForPrint() {
-    let folded = [];
     addEventListener("beforeprint", () => {
-        for (const view of panels) view.fill();
-        folded = [...document.querySelectorAll("details:not([open])")];
-        for (const details of folded) details.open = true;
-    });
-    addEventListener("afterprint", () => {
-        for (const details of folded) details.open = false;
+        shown.table?.table.showAll();
+        shown.chart?.showAll();
+        unfoldAll(shown.element);
     });
 }
 
-function totals() {
-    const sum = (count) => scenes.reduce((total, scene) => total + count(scene), 0);
-    const failed = sum((scene) => (scene.code === 1 ? 0 : 1));
-    const parts = [plural(scenes.length, "scene"), plural(sum((scene) => scene.jobs.length), "job")];
-    if (scenes.some((scene) => scene.skipped))
-        parts.push(`${plural(sum((scene) => skippedDrivers(scene).length), "driver")} skipped`);
-    if (scenes.some((scene) => scene.warnings))
-        parts.push(plural(sum((scene) => scene.warnings?.length ?? 0), "warning"));
-    if (failed > 0) parts.push(`${failed} failed`);
-    return parts.join(" \u00b7 ");
+function viewLinks() {
+    if (scenes.length === 1) return null;
+    const views = [["scenes", "Scenes", scenes.length], ["jobs", "Jobs", allJobs.length], ["compare", "What differs"]];
+    const link = ([id, title, count]) => el(
+        "a", {href: `#${id}`}, title, count === undefined ? null : el("span", {class: "number"}, ` ${grouped(count)}`));
+    return el("nav", {class: "views", "aria-label": "Views"}, views.map(link));
 }
 
 function start() {
-    document.title =
-        visible(scenes.length === 1 ? `Render jobs: ${names[0]}` : `Render jobs of ${scenes.length} scenes`);
+    const when = String(data.made).replace("T", " ").replace("Z", " UTC");
     append(document.getElementById("top"), [
-        el("h1", {}, "Render jobs"), el("p", {class: "totals"}, totals()), themeButton(),
-        panels.length > 1 ? tabs.element : null
+        el("h1", {}, "Render jobs"), viewLinks(), el("p", {class: "origin"}, `${when}, ${data.program}`), themeButton()
     ]);
-    const content = document.getElementById("content");
-    content.replaceChildren(...panels.map(({panel}) => panel));
-    append(document.getElementById("bottom"), [`Generated by ${program}`]);
-    tabs.select(0);
     followLinks();
     handleKeys();
     showTips();
     unfoldForPrint();
-    goTo(location.hash);
+    goTo(placeOf(location.hash));
 }
 
 start();
