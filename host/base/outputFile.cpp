@@ -49,12 +49,11 @@ int writeAndClose(int file, const QByteArray& bytes) {
     return close(file) == 0 || error != 0 ? error : errno;
 }
 
-/// Of the file that is replaced; its owner where the system allows that. @return 0, or the errno
+/// Those of the file that is replaced; its owner only where the system allows that. @return 0, or the errno
 int takeAttributes(int file, const struct stat* former) {
-    const bool isOwned = former == nullptr || fchown(file, former->st_uid, former->st_gid) == 0 || errno == EPERM;
-    const bool isDone =
-        isOwned && fchmod(file, former == nullptr ? newPermissions() : former->st_mode & permissionBits) == 0;
-    return isDone ? 0 : errno;
+    if (former == nullptr) return fchmod(file, newPermissions()) == 0 ? 0 : errno;
+    [[maybe_unused]] const int mayFail = fchown(file, former->st_uid, former->st_gid);
+    return fchmod(file, former->st_mode & permissionBits) == 0 ? 0 : errno;
 }
 
 /// @param former  the file that there is; null: none. @return 0, or the errno

@@ -189,7 +189,7 @@ class SeveralScenes(PageTest):
 
     def test_tabs_show_one_scene_at_a_time(self):
         self.one("[role=tab][aria-selected=true]").send_keys(Keys.ARROW_LEFT)
-        self.assertEqual(self.text(".failure"), "Failed: cannot be opened for reading (code 3)")
+        self.assertEqual(self.text(".failure"), "Failed: cannot be opened for reading: No such file or directory (code 3)")
         self.press(Keys.HOME, Keys.ARROW_RIGHT)
         self.assertEqual((self.text("[role=tabpanel] h2"), self.focused()), ("shot.hip", "tab-s0"))
 
