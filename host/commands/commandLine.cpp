@@ -65,7 +65,7 @@ QStringList optionNames(const _command& command) {
     return names;
 }
 
-/// What is wrong with the words that the parser has no place for; empty where it has one for all.
+/// What is wrong with the words that the parser has no place for; empty where there are none.
 /// @param part  the command that was typed, or the program itself: of `parts` the first
 QString problemOfWords(const std::vector<std::string>& words, const _command& part,
                        const std::vector<_command>& parts) {
@@ -200,8 +200,8 @@ int runCommandLine(int argc, const char* const* argv, const _submitterArguments&
         const auto parts = commandLineParts();  // the program, then its commands
         const auto& part = parts[(chosen() + 1) % parts.size()];
         const auto words = problemOfWords(program.remaining(true), part, parts);
-        return wrongUsage(words.isEmpty() ? QString::fromUtf8(problem.what()) : words,
-                          QString::fromStdString(part.name));
+        const auto other = argc > 1 ? QString::fromUtf8(problem.what()) : QStringLiteral("no command is given");
+        return wrongUsage(words.isEmpty() ? other : words, QString::fromStdString(part.name));
     }
     const auto& command = commands[chosen()];
     const auto* const plugin = lines[chosen()]->get_option_no_throw("--plugin");
