@@ -17,12 +17,18 @@ set(libFolder ${CMAKE_INSTALL_FULL_LIBDIR})
 set(pluginFolder ${libFolder}/vxscene)
 cmake_path(RELATIVE_PATH pluginFolder BASE_DIRECTORY ${binFolder} OUTPUT_VARIABLE VX_PLUGIN_FROM_PROGRAM)
 
-# vx_find_libraries_from(target folder): the target, installed in the folder, finds libvxShared.so beside itself, as in
-# the build and where a host keeps all in one folder, or in the folder of libraries; and Qt, where the system does not.
-function(vx_find_libraries_from target folder)
-  cmake_path(RELATIVE_PATH libFolder BASE_DIRECTORY ${folder} OUTPUT_VARIABLE way)
+# vx_find_libraries_from(target [folder]): the target finds libvxShared.so beside itself, as in the build and where a host
+# keeps all in one folder; a program that is installed in the folder looks in the folder of libraries too. Any folder
+# that is named here is searched for Qt as well, so a library that others load names no other: its parent folder may be
+# anybody's. Qt's own folder is added where the system does not know it.
+function(vx_find_libraries_from target)
+  set(folders "$ORIGIN")
+  if(ARGC GREATER 1)
+    cmake_path(RELATIVE_PATH libFolder BASE_DIRECTORY ${ARGV1} OUTPUT_VARIABLE way)
+    list(APPEND folders "$ORIGIN/${way}")
+  endif()
   # The same in the build: CMake would pad a list that it changes later with empty names, which mean the current folder.
-  set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${way}" INSTALL_RPATH_USE_LINK_PATH ON
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "${folders}" INSTALL_RPATH_USE_LINK_PATH ON
                         BUILD_WITH_INSTALL_RPATH ON)
 endfunction()
 

@@ -33,14 +33,6 @@ void takeVersionsOfScene(_rendererVersions& versions) {
     }
 }
 
-/// Row of the renderer whose version follows the argument; the number of rows when it is no such switch.
-std::size_t rowOfVersionSwitch(const QString& argument) {
-    const auto* const found = std::find_if(renderers.begin(), renderers.end(), [&](const _renderer& renderer) {
-        return !renderer.versionSwitch.isEmpty() && argument.compare(renderer.versionSwitch, Qt::CaseInsensitive) == 0;
-    });
-    return static_cast<std::size_t>(found - renderers.begin());
-}
-
 /// A switch in last place or in front of another one has no version after it and is ignored.
 void takeVersionsOfSubmitter(const _submitterSettings& settings, _rendererVersions& versions) {
     const QStringList arguments = argumentsOf(settings);

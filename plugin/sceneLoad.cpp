@@ -3,6 +3,7 @@
 #include "input/sceneFile.h"
 #include "plugin/jobFinishing.h"
 #include "plugin/resolvedScan.h"
+#include "plugin/submitterArguments.h"
 #include "scan/scanBudget.h"
 
 namespace vxP {

@@ -7,7 +7,6 @@
 #include "input/sceneLine.h"
 #include "input/sceneTexts.h"
 #include "input/sectionKinds.h"
-#include "plugin/submitterArguments.h"
 #include "scan/scanBudget.h"
 #include "scan/scanObserver.h"
 #include "scan/scanState.h"
@@ -15,10 +14,6 @@
 namespace vxP {
 
 namespace {
-
-constexpr QLatin1String buildVersionSwitch{"-houdiniBuildVersion"};
-constexpr QLatin1String compressedIFDSwitch{"-houdiniCompressedIFD"};
-constexpr QLatin1String resolveSwitch{"-houdiniResolve"};
 
 constexpr QLatin1String importedPrefix{"HIP"};
 constexpr std::array neverImported{QLatin1String{"OS"}, QLatin1String{"AOV"}};
@@ -117,14 +112,6 @@ void ensureRoomForStream() {
 }
 
 }  // namespace
-
-void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts) {
-    for (const QString& argument : argumentsOf(settings)) {
-        if (argument.compare(buildVersionSwitch, Qt::CaseInsensitive) == 0) facts.usesBuildVersion = false;
-        if (argument.compare(compressedIFDSwitch, Qt::CaseInsensitive) == 0) facts.compressedIFD = true;
-        if (argument.compare(resolveSwitch, Qt::CaseInsensitive) == 0) facts.resolves = true;
-    }
-}
 
 void importSceneFolder(const _vxString<500>& sceneFileName) {
     DatabaseDir = sceneFileName.toQString();

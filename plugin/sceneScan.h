@@ -11,10 +11,6 @@
 
 namespace vxP {
 
-/// Takes -houdiniBuildVersion, -houdiniCompressedIFD and -houdiniResolve (any letter case) from the submitter's command
-/// line.
-void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts);
-
 /// Keeps the scene's folder with its separator as `DatabaseDir`; a name without folder is kept whole.
 void importSceneFolder(const _vxString<500>& sceneFileName);
 

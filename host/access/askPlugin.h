@@ -1,6 +1,7 @@
 // Questions to the plug-in, each asked in a child process: every answer comes from fresh plug-in state.
 #pragma once
 
+#include <chrono>
 #include <functional>
 
 #include "host/access/pluginLibrary.h"
@@ -9,9 +10,15 @@
 
 namespace vxH {
 
+/// A plug-in's file, and how long one answer may take; 0: as long as it likes.
+struct _askedPlugin {
+    QString path;
+    std::chrono::milliseconds timeout{0};
+};
+
 /// Has a child process load the plug-in and work on the question, and waits for its answer.
 /// @return code 0 with the answer; or a `_hostCode` when there is none
-_childResult askPlugin(const QString& pluginPath, const std::function<QByteArray(const _pluginLibrary&)>& question);
+_childResult askPlugin(const _askedPlugin& plugin, const std::function<QByteArray(const _pluginLibrary&)>& question);
 
 /// What came of asking for the plug-in's info record.
 struct _infoAnswer {
@@ -19,6 +26,9 @@ struct _infoAnswer {
     qint32 code = 0;  ///< 0, or a `_hostCode` when there is no answer
     QString failure;  ///< one line that says why there is none
 };
-_infoAnswer askForInfo(const QString& pluginPath);
+_infoAnswer askForInfo(const _askedPlugin& plugin);
+
+/// What is wrong with an info record, in one line: the plug-in refused it, or left it empty. Empty when all is well.
+QString problemOfInfo(const _pluginInfo& info);
 
 }  // namespace vxH

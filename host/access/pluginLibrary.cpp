@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include "host/base/systemReason.h"
+
 namespace vxH {
 namespace {
 
@@ -22,6 +24,9 @@ QString _pluginLibrary::load(const QString& path) {
     // a name without a folder would be searched for in the system's library folders
     std::error_code ignored;
     const auto file = std::filesystem::absolute(path.toStdString(), ignored);
+    struct stat status {};
+    const bool isOdd = stat(file.c_str(), &status) == 0 && !S_ISREG(status.st_mode);  // a pipe would hold dlopen up
+    if (isOdd) return QStringLiteral("%1: %2, not a regular file").arg(path, kindOfFile(status.st_mode));
     void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) return QString::fromUtf8(dlerror());
     const char* missing = nullptr;

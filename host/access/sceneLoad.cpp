@@ -6,6 +6,7 @@
 #include "host/access/askPlugin.h"
 #include "host/base/resultCodes.h"
 #include "host/base/scenePath.h"
+#include "host/base/systemReason.h"
 #include "host/results/recordReading.h"
 #include "host/results/sceneJson.h"
 
@@ -13,6 +14,13 @@ namespace vxH {
 namespace {
 
 using _recordReader = std::function<void(const vxJ::_JobBasicsArray&)>;
+
+/// One line; empty for a scene that was loaded. Why a scene cannot be opened is asked here: the plug-in does not say.
+QString errorOf(qint32 code, const QString& scene) {
+    if (code == vxP::resultSuccess) return {};
+    const auto reason = code == vxP::resultCannotOpen ? whyNotReadable(scene) : QString{};
+    return reason.isEmpty() ? sentenceOfCode(code) : sentenceOfCode(code) + QLatin1String{": "} + reason;
+}
 
 _sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
                        const _recordReader& read) {
@@ -22,18 +30,17 @@ _sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _
     vxP::_dataPARS_LoadSceneFile load{&sceneFileName, &records, &settings};
     const qint32 code = loader(&load);
     read(records);
-    const bool isLoaded = code == vxP::resultSuccess;
-    return {scene, code, isLoaded ? QString{} : sentenceOfCode(code), records.message.toQString()};
+    return {scene, code, errorOf(code, scene), records.message.toQString()};
 }
 
 /// @param answer  makes the result of the absolute path, as JSON, in a child process
 template <class _result, class _answer>
-_result loadApart(const QString& pluginPath, const char* scene, _result (*fromJson)(const QJsonObject&),
+_result loadApart(const _askedPlugin& plugin, const char* scene, _result (*fromJson)(const QJsonObject&),
                   const _answer& answer) {
     const auto [path, problem] = absoluteScenePath(scene);
     if (!problem.isEmpty()) return {failedHead(path, hostPathUnusable, problem), {}};
-    const auto [code, failure, bytes] = askPlugin(pluginPath, [&, &scenePath = path](const _pluginLibrary& plugin) {
-        return QJsonDocument(answer(plugin.loadSceneFile, scenePath)).toJson(QJsonDocument::Compact);
+    const auto [code, failure, bytes] = askPlugin(plugin, [&, &scenePath = path](const _pluginLibrary& library) {
+        return QJsonDocument(answer(library.loadSceneFile, scenePath)).toJson(QJsonDocument::Compact);
     });
     if (code != 0) return {failedHead(path, code, failure), {}};
     return fromJson(QJsonDocument::fromJson(bytes).object());
@@ -48,18 +55,18 @@ _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _
     return result;
 }
 
-_sceneResult loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments) {
-    return loadApart(pluginPath, scene, sceneFromJson, [&](const _sceneLoader& loader, const QString& path) {
+_sceneResult loadSceneApart(const _askedPlugin& plugin, const char* scene, const _submitterArguments& arguments) {
+    return loadApart(plugin, scene, sceneFromJson, [&](const _sceneLoader& loader, const QString& path) {
         return sceneToJson(loadScene(loader, path, arguments));
     });
 }
 
-_sceneVariables loadVariablesApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments,
-                                   int jobNumber) {
-    return loadApart(pluginPath, scene, variablesFromJson, [&](const _sceneLoader& loader, const QString& path) {
+_sceneVariables loadVariablesApart(const _askedPlugin& plugin, const char* scene,
+                                   const _submitterArguments& arguments) {
+    return loadApart(plugin, scene, variablesFromJson, [&](const _sceneLoader& loader, const QString& path) {
         _sceneVariables result;
-        static_cast<_sceneHead&>(result) = loadRecords(
-            loader, path, arguments, [&](const auto& records) { result.jobs = variablesOf(records, jobNumber); });
+        static_cast<_sceneHead&>(result) =
+            loadRecords(loader, path, arguments, [&](const auto& records) { result.jobs = variablesOf(records); });
         return variablesToJson(result);
     });
 }

@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 
+#include "host/access/askPlugin.h"
 #include "host/access/pluginLibrary.h"
 #include "host/base/submitterArguments.h"
 #include "host/results/sceneResult.h"
@@ -19,11 +20,9 @@ _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _
 
 /// The same in a child process, for a scene as named on the command line. Why the plug-in did not answer is
 /// the result's code (a `_hostCode`) and error.
-_sceneResult loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments);
+_sceneResult loadSceneApart(const _askedPlugin& plugin, const char* scene, const _submitterArguments& arguments);
 
 /// The variables of the scene's jobs, in the same way.
-/// @param jobNumber  as in recordReading.h
-_sceneVariables loadVariablesApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments,
-                                   int jobNumber);
+_sceneVariables loadVariablesApart(const _askedPlugin& plugin, const char* scene, const _submitterArguments& arguments);
 
 }  // namespace vxH

@@ -2,36 +2,52 @@
 #include "host/base/childProcess.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QDataStream>
 #include <QIODevice>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
-#include <cstring>
 
 #include "host/base/descriptorWrite.h"
+#include "host/base/systemReason.h"
 
 namespace vxH {
 namespace {
 
-constexpr std::size_t readSize = 65536;
+using _clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
 
-QString systemError() {
-    return QString::fromUtf8(std::strerror(errno));
+constexpr std::size_t readSize = 65536;
+constexpr milliseconds mostWait{60000};
+
+/// What is left of the time for `poll`: a part of it where that is long; none: -1, without end.
+int timeLeft(_clock::time_point begin, milliseconds timeout) {
+    if (timeout == milliseconds{0}) return -1;
+    const auto left = std::chrono::ceil<milliseconds>(begin + timeout - _clock::now());
+    return static_cast<int>(std::clamp(left, milliseconds{0}, mostWait).count());
 }
 
-QByteArray readAll(int descriptor) {
-    QByteArray bytes;
+/// @return false when the time was over before the end
+bool readAll(int descriptor, milliseconds timeout, QByteArray& bytes) {
     std::array<char, readSize> part;
+    const auto begin = _clock::now();
     for (;;) {
+        const int left = timeLeft(begin, timeout);
+        pollfd input{descriptor, POLLIN, 0};
+        if (poll(&input, 1, left) <= 0) {
+            if (left == 0) return false;
+            continue;
+        }
         const auto got = read(descriptor, part.data(), part.size());
         if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) return bytes;
+        if (got <= 0) return true;
         bytes.append(part.data(), static_cast<decltype(bytes.size())>(got));
     }
 }
@@ -76,7 +92,7 @@ int waitForEnd(pid_t process) {
 _child startChild(const _childWork& work) {
     std::fflush(nullptr);  // the child must not write the parent's buffers once more
     std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0) return {-1, -1, systemError()};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) return {-1, -1, reasonOf(errno)};
     const pid_t parent = getpid();
     const pid_t process = fork();
     if (process == 0) {
@@ -84,21 +100,29 @@ _child startChild(const _childWork& work) {
         close(ends[0]);
         childMain(work, ends[1]);
     }
-    const QString problem = process < 0 ? systemError() : QString{};
+    const QString problem = process < 0 ? reasonOf(errno) : QString{};
     close(ends[1]);
     if (process < 0) close(ends[0]);
     return {process, process < 0 ? -1 : ends[0], problem};
 }
 
-_childResult collectChild(const _child& child) {
+_childResult collectChild(const _child& child, milliseconds timeout) {
     if (child.process < 0) return resultWithoutChild(child);
-    const QByteArray sent = readAll(child.pipe);
+    QByteArray sent;
+    const bool isInTime = readAll(child.pipe, timeout, sent);
     close(child.pipe);
-    return resultOfChild(sent, waitForEnd(child.process));
+    if (!isInTime) kill(child.process, SIGKILL);
+    const int status = waitForEnd(child.process);
+    return isInTime ? resultOfChild(sent, status) : resultOfLate(timeout);
 }
 
 _childResult resultWithoutChild(const _child& child) {
     return {hostNoResult, QStringLiteral("cannot start a process: ") + child.problem, {}};
+}
+
+_childResult resultOfLate(milliseconds timeout) {
+    const double seconds = std::chrono::duration<double>(timeout).count();
+    return {hostTimedOut, QStringLiteral("%1 of %2 s").arg(sentenceOfCode(hostTimedOut)).arg(seconds), {}};
 }
 
 _childResult resultOfChild(const QByteArray& sent, int status) {

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <chrono>
 #include <functional>
 
 #include "host/base/resultCodes.h"
@@ -31,10 +32,14 @@ using _childWork = std::function<_childResult()>;
 _child startChild(const _childWork& work);
 
 /// Waits for the child's result and for its end. Call it once for each child.
-_childResult collectChild(const _child& child);
+/// @param timeout  a child that takes longer is ended; 0: it may take as long as it likes
+_childResult collectChild(const _child& child, std::chrono::milliseconds timeout);
 
 /// What a child that could not be started comes to.
 _childResult resultWithoutChild(const _child& child);
+
+/// What a child comes to that was ended after this time.
+_childResult resultOfLate(std::chrono::milliseconds timeout);
 
 /// What a child that has ended comes to.
 /// @param sent    all that came through its pipe

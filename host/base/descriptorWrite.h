@@ -5,7 +5,7 @@
 
 namespace vxH {
 
-/// Writes all the bytes, in one go where the system lets it.
+/// Writes all the bytes, in one go where the system lets it. A descriptor that does not block is waited for.
 /// @return false when they cannot be written, or when a signal that ends the program (`_interrupts`) came before the
 /// first of them was written; errno says why
 bool writeAll(int descriptor, const QByteArray& bytes);

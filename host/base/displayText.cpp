@@ -72,19 +72,25 @@ QStringView tailOf(QStringView text, int columns) {
 
 }  // namespace
 
-QString printable(QStringView text) {
+QString withoutHarmful(QStringView text, const std::function<QString(QStringView character)>& instead) {
     QString harmless;
     harmless.reserve(static_cast<decltype(harmless.size())>(text.size()));
+    qsizetype begin = 0;  // of what is not copied yet
     for (qsizetype position = 0; position < text.size();) {
         const auto character = characterAt(text, position);
-        if (isHarmless(character.code)) {
-            harmless.append(text.mid(position, character.units).toString());
-        } else {
-            harmless += QLatin1Char('?');
+        const auto end = position + character.units;
+        if (!isHarmless(character.code)) {
+            harmless.append(text.mid(begin, position - begin).toString());
+            harmless.append(instead(text.mid(position, character.units)));
+            begin = end;
         }
-        position += character.units;
+        position = end;
     }
-    return harmless;
+    return harmless.append(text.mid(begin).toString());
+}
+
+QString printable(QStringView text) {
+    return withoutHarmful(text, [](QStringView) { return QStringLiteral("?"); });
 }
 
 int columnsOf(QStringView text) {

@@ -5,11 +5,16 @@
 #include <QLatin1String>
 #include <QString>
 #include <QStringView>
+#include <functional>
 
 namespace vxH {
 
-/// The text with "?" for every character that could steer a terminal or reorder a line: control and format
-/// characters, line separators, and halves of surrogate pairs.
+/// The text with something else for every character that could steer a terminal or reorder a line: control and format
+/// characters, line separators, halves of surrogate pairs, and what Unicode has given no meaning yet.
+/// @param instead  gets the character, of one or two units
+QString withoutHarmful(QStringView text, const std::function<QString(QStringView character)>& instead);
+
+/// The same with "?" for each.
 QString printable(QStringView text);
 
 /// Columns that a printable text takes.

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "host/base/systemReason.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxH {
@@ -22,7 +23,10 @@ std::filesystem::path tidied(const std::filesystem::path& absolute) {
 _scenePath absoluteScenePath(const char* argument) {
     std::error_code error;
     const auto absolute = std::filesystem::absolute(argument, error);
-    if (error) return {QString::fromUtf8(argument), QStringLiteral("the path cannot be made absolute")};
+    if (error) {
+        return {QString::fromUtf8(argument),
+                QLatin1String{"the path cannot be made absolute: "} + reasonOf(error.value())};
+    }
     const auto bytes = QByteArray::fromStdString(tidied(absolute).native());
     const auto path = QString::fromUtf8(bytes);
     if (path.toUtf8() != bytes) return {path, QStringLiteral("the path is not valid UTF-8")};

@@ -9,6 +9,7 @@
 #include <clocale>
 #include <cstring>
 
+#include "host/base/descriptorWrite.h"
 #include "host/base/displayText.h"
 
 namespace vxH {
@@ -34,9 +35,11 @@ bool canBeRedrawn(int descriptor) {
     return isatty(descriptor) != 0 && !isDumb();
 }
 
-_terminal standardOutputTerminal() {
-    if (isatty(STDOUT_FILENO) == 0) return {};
-    return {terminalWidth(STDOUT_FILENO), qEnvironmentVariableIsEmpty("NO_COLOR") && !isDumb()};
+_terminal standardOutputTerminal(_colour choice) {
+    const bool isTerminal = isatty(STDOUT_FILENO) != 0;
+    const bool isWelcome = isTerminal && qEnvironmentVariableIsEmpty("NO_COLOR") && !isDumb();
+    return {isTerminal ? terminalWidth(STDOUT_FILENO) : 0,
+            choice == _colour::automatic ? isWelcome : choice == _colour::always};
 }
 
 void holdStandardStreams() {
@@ -51,13 +54,8 @@ void useUtf8Characters() {
     if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 
-void writeLine(std::FILE* stream, const QString& text) {
-    const QByteArray line = text.toUtf8() + '\n';
-    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stream);
-}
-
 void writeError(const QString& text) {
-    writeLine(stderr, QStringLiteral("vxscene: ") + printable(text));
+    writeAll(STDERR_FILENO, "vxscene: " + printable(text).toUtf8() + '\n');
 }
 
 }  // namespace vxH

@@ -1,8 +1,7 @@
-// The terminal of an output stream, if it has one, and lines written to streams.
+// The terminal of an output stream, if it has one, and lines of the error stream.
 #pragma once
 
 #include <QString>
-#include <cstdio>
 
 namespace vxH {
 
@@ -12,8 +11,12 @@ struct _terminal {
     bool colour = false;  ///< escape sequences are welcome
 };
 
-/// The terminal of the standard output. No colour where NO_COLOR holds a text or TERM is "dumb".
-_terminal standardOutputTerminal();
+/// Whether output has colours, in the order of their words on the command line.
+enum class _colour { automatic, always, never };
+
+/// The terminal of the standard output. A choice that is automatic: no colour where there is no terminal, NO_COLOR
+/// holds a text or TERM is "dumb".
+_terminal standardOutputTerminal(_colour choice = _colour::automatic);
 
 /// Columns that the descriptor's terminal has at the moment.
 int terminalWidth(int descriptor);
@@ -27,9 +30,6 @@ void holdStandardStreams();
 
 /// Uses the character set of the environment if it is UTF-8, else UTF-8: paths are UTF-8 throughout.
 void useUtf8Characters();
-
-/// Writes the text and a line end, as UTF-8.
-void writeLine(std::FILE* stream, const QString& text);
 
 /// Writes one line "vxscene: text" to the error stream; characters that would steer a terminal are made harmless.
 void writeError(const QString& text);

@@ -201,10 +201,7 @@ void _batch::finish(_running& one, int status) {
     while (readPipe(one)) continue;
     close(one.child.pipe);
     auto result = resultOfChild(one.output, status);
-    if (one.isLate && result.code == hostCrashed) {
-        const double seconds = std::chrono::duration<double>(limits.timeout).count();
-        result = {hostTimedOut, QStringLiteral("%1 of %2 s").arg(sentenceOfCode(hostTimedOut)).arg(seconds), {}};
-    }
+    if (one.isLate && result.code == hostCrashed) result = resultOfLate(limits.timeout);
     setOutcome(one.number, {places[one.number - firstNumber].outcome.scene, result});
 }
 

@@ -4,8 +4,9 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
+
+#include "host/base/systemReason.h"
 
 namespace vxH {
 namespace {
@@ -100,8 +101,7 @@ void _sceneList::readInput() {
     const auto count = read(STDIN_FILENO, block.data(), block.size());
     if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
     if (count > 0) return list->add(block.data(), static_cast<std::size_t>(count));
-    if (count < 0)
-        addProblem(QStringLiteral("the list cannot be read: ") + QString::fromLocal8Bit(std::strerror(errno)));
+    if (count < 0) addProblem(QStringLiteral("the list cannot be read: ") + reasonOf(errno));
     list->end();
     inputEnded = true;
 }

@@ -1,14 +1,32 @@
 #include "host/commands/command.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <memory>
+#include <stdexcept>
 
 #include "host/access/pluginLibrary.h"
-#include "host/base/terminal.h"
+#include "host/base/descriptorWrite.h"
+#include "host/base/systemReason.h"
 
 namespace vxH {
 namespace {
+
+constexpr double longestTimeout = 1e9;  // seconds
+
+/// "-o,--output" -> "-o", "--output"
+std::vector<std::string> namesIn(const std::string& list) {
+    const auto comma = list.find(',');
+    if (comma == std::string::npos) return {list};
+    return {list.substr(0, comma), list.substr(comma + 1)};
+}
+
+QString lostOutput(int error) {
+    return QLatin1String{"the output could not be written: "} + reasonOf(error);
+}
 
 std::string joined(const std::vector<std::string>& words, const char* between) {
     std::string text;
@@ -35,7 +53,7 @@ std::function<std::string(const std::string&)> keptIn(std::string& text) {
 
 _option pluginOption(std::string& plugin) {
     plugin = defaultPlugin().toStdString();
-    return fileOption({"--plugin"}, plugin, "Plug-in file instead of the program's own");
+    return fileOption("--plugin", plugin, "Plug-in file instead of the program's own");
 }
 
 _command resolving(_command command) {
@@ -50,18 +68,18 @@ _command resolving(_command command) {
     return command;
 }
 
-_option flag(const char* name, bool& isGiven, const char* description) {
-    return {{name}, description, {}, _offered::nothing, {}, false, [&isGiven](const std::string&) {
+_option flag(const char* names, bool& isGiven, const char* description) {
+    return {namesIn(names), description, {}, _offered::nothing, {}, false, [&isGiven](const std::string&) {
                 isGiven = true;
                 return std::string{};
             }};
 }
 
-_option fileOption(std::vector<std::string> names, std::string& file, const char* description) {
-    return {std::move(names), description, "FILE", _offered::files, {}, false, keptIn(file)};
+_option fileOption(const char* names, std::string& file, const char* description) {
+    return {namesIn(names), description, "FILE", _offered::files, {}, false, keptIn(file)};
 }
 
-_option numberOption(const char* name, int& number, std::pair<int, int> leastAndMost, const char* description) {
+_option numberOption(const char* names, int& number, std::pair<int, int> leastAndMost, const char* description) {
     const auto take = [&number, leastAndMost](const std::string& value) {
         const auto& [least, most] = leastAndMost;
         int given = 0;
@@ -70,21 +88,10 @@ _option numberOption(const char* name, int& number, std::pair<int, int> leastAnd
         number = given;
         return std::string{};
     };
-    return {{name}, description, "N", _offered::nothing, {}, false, take};
+    return {namesIn(names), description, "N", _offered::nothing, {}, false, take};
 }
 
-_option secondsOption(const char* name, double& seconds, double most, const char* description) {
-    const auto take = [&seconds, most](const std::string& value) {
-        double given = 0;
-        const bool isGood = readNumber(value, given) && given > 0 && given <= most;  // which "nan" is not
-        if (!isGood) return value + " is no number of seconds above 0";
-        seconds = given;
-        return std::string{};
-    };
-    return {{name}, description, "SECONDS", _offered::nothing, {}, false, take};
-}
-
-_option wordOption(const char* name, const std::vector<std::string>& words, std::function<void(std::size_t)> choose,
+_option wordOption(const char* names, const std::vector<std::string>& words, std::function<void(std::size_t)> choose,
                    const char* description) {
     const auto label = joined(words, "|");
     const auto take = [label, words, choose = std::move(choose)](const std::string& value) {
@@ -93,12 +100,29 @@ _option wordOption(const char* name, const std::vector<std::string>& words, std:
         choose(static_cast<std::size_t>(found - words.begin()));
         return std::string{};
     };
-    return {{name}, description, label, _offered::words, words, false, take};
+    return {namesIn(names), description, label, _offered::words, words, false, take};
+}
+
+_option timeoutOption(std::chrono::milliseconds& timeout, const char* description) {
+    const auto take = [&timeout](const std::string& value) {
+        double seconds = 0;
+        const bool isGood =
+            readNumber(value, seconds) && seconds > 0 && seconds <= longestTimeout;  // which "nan" is not
+        if (!isGood) return value + " is no number of seconds above 0";
+        timeout = std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>{seconds});
+        return std::string{};
+    };
+    return {namesIn("-t,--timeout"), description, "SECONDS", _offered::nothing, {}, false, take};
+}
+
+_option colourOption(_colour& choice) {
+    const auto choose = [&choice](std::size_t place) { choice = static_cast<_colour>(place); };
+    return wordOption("--color", {"auto", "always", "never"}, choose, "Colours; auto: on a terminal that takes them");
 }
 
 _option textOrJson(bool& asJson) {
     const auto choose = [&asJson](std::size_t place) { asJson = place == 1; };
-    return wordOption("--format", {"text", "json"}, choose, "How to print it");
+    return wordOption("-f,--format", {"text", "json"}, choose, "How to print it");
 }
 
 _option sceneArgument(const char* label, std::string& scene, const char* description) {
@@ -122,9 +146,17 @@ int sceneFailed(const _sceneHead& scene) {
     return exitFailed;
 }
 
-int outputLost() {
-    writeError(QStringLiteral("the output could not be written"));
+int outputLost(int error) {
+    writeError(lostOutput(error));
     return exitFailed;
+}
+
+void print(const QString& text) {
+    if (!writeAll(STDOUT_FILENO, text.toUtf8() + '\n')) throw std::runtime_error(lostOutput(errno).toStdString());
+}
+
+void print(const QStringList& lines) {
+    if (!lines.isEmpty()) print(lines.join(QLatin1Char('\n')));
 }
 
 }  // namespace vxH

@@ -2,6 +2,8 @@
 // known to commandLine.cpp alone: it takes long to compile.
 #pragma once
 
+#include <QStringList>
+#include <chrono>
 #include <functional>
 #include <string>
 #include <utility>
@@ -9,6 +11,7 @@
 
 #include "host/base/resultCodes.h"
 #include "host/base/submitterArguments.h"
+#include "host/base/terminal.h"
 #include "host/results/sceneResult.h"
 
 namespace vxH {
@@ -40,18 +43,23 @@ struct _command {
 
 /// `--plugin`, with the program's own plug-in where it is not given.
 _option pluginOption(std::string& plugin);
+
+// Options take their names as "-o,--output", the long one last.
+
 /// An option without a value.
-_option flag(const char* name, bool& isGiven, const char* description);
+_option flag(const char* names, bool& isGiven, const char* description);
 /// An option with a file as value.
-_option fileOption(std::vector<std::string> names, std::string& file, const char* description);
+_option fileOption(const char* names, std::string& file, const char* description);
 /// An option with a whole number from `least` to `most` as value.
-_option numberOption(const char* name, int& number, std::pair<int, int> leastAndMost, const char* description);
-/// An option with a number of seconds above 0, fractions included, as value.
-_option secondsOption(const char* name, double& seconds, double most, const char* description);
+_option numberOption(const char* names, int& number, std::pair<int, int> leastAndMost, const char* description);
 /// An option that takes one of a few words. The help shows them: `--format table|json|jsonl`.
 /// @param choose  called with the place of the word that is given
-_option wordOption(const char* name, const std::vector<std::string>& words, std::function<void(std::size_t)> choose,
+_option wordOption(const char* names, const std::vector<std::string>& words, std::function<void(std::size_t)> choose,
                    const char* description);
+/// `--timeout`, with a number of seconds above 0, fractions included.
+_option timeoutOption(std::chrono::milliseconds& timeout, const char* description);
+/// `--color auto|always|never`
+_option colourOption(_colour& choice);
 /// The command with `--resolve`: the scenes are loaded as Houdini reads them.
 _command resolving(_command command);
 /// `--format text|json`
@@ -73,7 +81,12 @@ std::string exitStatusHelp(const _statuses& statuses) {
 int noPlugin(const QString& problem);
 /// The error line of a scene that failed. @return the exit status
 int sceneFailed(const _sceneHead& scene);
-/// The error line of output that cannot be written. @return the exit status
-int outputLost();
+/// The error line of output that cannot be written. @param error  the errno. @return the exit status
+int outputLost(int error);
+/// Writes the text to the standard output, with a line end behind it.
+/// @throw std::runtime_error  it cannot be written
+void print(const QString& text);
+/// The same for lines.
+void print(const QStringList& lines);
 
 }  // namespace vxH

@@ -3,14 +3,15 @@
 #include <CLI/CLI.hpp>
 #include <QByteArray>
 #include <algorithm>
-#include <cstdio>
 #include <exception>
-#include <iostream>
+#include <sstream>
 
 #include "host/access/pluginLibrary.h"
+#include "host/access/submitterSwitches.h"
 #include "host/base/displayText.h"
 #include "host/base/terminal.h"
 #include "host/commands/allCommands.h"
+#include "host/commands/suggestion.h"
 #include "jobs/VX_DataTypes_jobs_defines.h"
 
 namespace vxH {
@@ -30,6 +31,8 @@ constexpr const char* examples =
     "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
     "  vxscene jobs --help\n";
 
+constexpr std::size_t widestOption = 34;  // columns of the help in front of what it says
+
 constexpr const char* environment =
     "Environment:\n"
     "  NO_COLOR  no colour when it holds a text; the manual page vxscene(1) names the others";
@@ -47,22 +50,56 @@ std::string versionText() {
            std::to_string(vxJ::structureMinor) + "\nplug-in " + plugin;
 }
 
-int wrongUsage(const char* problem) {
-    writeError(QString::fromUtf8(problem).simplified() + QLatin1String{" (see vxscene --help)"});
+/// @param command  that was typed; empty: none
+int wrongUsage(const QString& problem, const QString& command) {
+    const auto help = command.isEmpty() ? QString{} : command + QLatin1Char(' ');
+    writeError(QStringLiteral("%1 (see vxscene %2--help)").arg(problem.simplified(), help));
     return exitUsage;
 }
 
-/// Output is buffered: it may fail only here.
-int withOutputWritten(int status, int failure) {
-    std::cout.flush();
-    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
-    return std::max({status, outputLost(), failure});
+QStringList optionNames(const _command& command) {
+    QStringList names;
+    for (const auto& option : command.options) {
+        for (const auto& name : option.names) names.append(QString::fromStdString(name));
+    }
+    return names;
+}
+
+/// What is wrong with the words that the parser has no place for; empty where there are none.
+/// @param part  the command that was typed, or the program itself: of `parts` the first
+QString problemOfWords(const std::vector<std::string>& words, const _command& part,
+                       const std::vector<_command>& parts) {
+    if (words.empty()) return {};
+    const auto isOption = [](const std::string& word) { return word.size() > 1 && word.front() == '-'; };
+    const auto firstOption = std::find_if(words.begin(), words.end(), isOption);
+    if (firstOption != words.end()) {
+        const auto name = QString::fromStdString(firstOption->substr(0, firstOption->find('=')));
+        return QStringLiteral("there is no option %1%2").arg(name, suggestionFor(name, optionNames(part)));
+    }
+    const auto word = QString::fromStdString(words.front());
+    if (!part.name.empty()) return QStringLiteral("there is no place for the argument %1").arg(word);
+    QStringList names;
+    for (const auto& command : parts) {
+        if (!command.name.empty()) names.append(QString::fromStdString(command.name));
+    }
+    return QStringLiteral("there is no command %1%2").arg(word, suggestionFor(word, names));
+}
+
+/// The error line of arguments that nobody takes notice of; another plug-in may have switches of its own.
+void tellOfArguments(const _submitterArguments& submitter, bool isOtherPlugin) {
+    const auto left = isOtherPlugin ? QStringList{} : argumentsNotTaken(submitter);
+    if (left.isEmpty()) return;
+    QString suggestion;
+    for (auto argument = left.begin(); suggestion.isEmpty() && argument != left.end(); ++argument)
+        suggestion = suggestionFor(*argument, submitterSwitches());
+    writeError(
+        QStringLiteral("warning: no switch of the plug-in takes %1%2").arg(left.join(QLatin1Char(' ')), suggestion));
 }
 
 int statusOf(const _command& command, const _submitterArguments& submitter) try {
     return command.run(submitter);
 } catch (const std::exception& failure) {
-    writeError(QString::fromLocal8Bit(failure.what()));
+    writeError(QString::fromUtf8(failure.what()));
     return command.failure;
 }
 
@@ -114,6 +151,7 @@ void describe(CLI::App& program) {
     program.name("vxscene");
     program.description("Lists the render jobs of Houdini scene files, without Houdini.");
     const auto help = program.get_formatter();
+    help->column_width(widestOption);
     help->label("OPTIONS", "options");
     help->label("SUBCOMMAND", "COMMAND");
     help->label("Positionals", "Arguments");
@@ -147,16 +185,28 @@ int runCommandLine(int argc, const char* const* argv, const _submitterArguments&
     std::vector<const CLI::App*> lines;
     lines.reserve(commands.size());
     for (const auto& command : commands) lines.push_back(addCommand(program, command));
+    const auto chosen = [&] {
+        const auto line = std::find_if(lines.begin(), lines.end(), [](const auto* one) { return one->parsed(); });
+        return static_cast<std::size_t>(line - lines.begin());
+    };
     try {
         program.parse(argc, argv);
     } catch (const CLI::Success& request) {
-        return withOutputWritten(program.exit(request, std::cout), exitFailed);  // prints the help or the version
+        std::ostringstream text;
+        program.exit(request, text);  // the help or the version
+        print(QString::fromStdString(text.str()).trimmed());
+        return exitSuccess;
     } catch (const CLI::ParseError& problem) {
-        return wrongUsage(problem.what());
+        const auto parts = commandLineParts();  // the program, then its commands
+        const auto& part = parts[(chosen() + 1) % parts.size()];
+        const auto words = problemOfWords(program.remaining(true), part, parts);
+        const auto other = argc > 1 ? QString::fromUtf8(problem.what()) : QStringLiteral("no command is given");
+        return wrongUsage(words.isEmpty() ? other : words, QString::fromStdString(part.name));
     }
-    const auto chosen = std::find_if(lines.begin(), lines.end(), [](const auto* line) { return line->parsed(); });
-    const auto& command = commands[static_cast<std::size_t>(chosen - lines.begin())];
-    return withOutputWritten(statusOf(command, submitter), command.failure);
+    const auto& command = commands[chosen()];
+    const auto* const plugin = lines[chosen()]->get_option_no_throw("--plugin");
+    tellOfArguments(submitter, plugin != nullptr && plugin->count() > 0);
+    return statusOf(command, submitter);
 }
 
 }  // namespace vxH

@@ -13,15 +13,17 @@ namespace {
 
 struct _options {
     std::string plugin;
+    std::chrono::milliseconds timeout{0};  // for each scene
     std::string oldScene;
     std::string newScene;
     bool asJson = false;
     bool everyField = false;
+    _colour colour = _colour::automatic;
 };
 
 /// Loads both scenes; each that fails has its error line. @return exitSame while the jobs of all are known
 int load(const _options& options, const _submitterArguments& submitter, std::array<_sceneResult, 2>& results) {
-    const auto plugin = QString::fromStdString(options.plugin);
+    const _askedPlugin plugin{QString::fromStdString(options.plugin), options.timeout};
     int status = exitSame;
     auto result = results.begin();
     for (const auto* const scene : {&options.oldScene, &options.newScene}) {
@@ -42,10 +44,9 @@ int run(const _options& options, const _submitterArguments& submitter) {
     const auto diff =
         diffJobs(_comparable{before}, _comparable{now}, options.everyField ? _compared::everyField : _compared::jobs);
     if (options.asJson) {
-        writeLine(stdout, jsonText(diffToJson(diff, before, now), true));
+        print(jsonText(diffToJson(diff, before, now), true));
     } else {
-        const auto lines = diffLines(diff, before, now, standardOutputTerminal());
-        for (const auto& text : lines) writeLine(stdout, text);
+        print(diffLines(diff, before, now, standardOutputTerminal(options.colour)));
     }
     return diff.differences.empty() ? exitSame : exitDifferent;
 }
@@ -70,7 +71,9 @@ _command diffCommand() {
              "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
              "  vxscene diff --format json shot010_v001.hip shot010_v002.hip -- -houdiniBuildVersion 50000",
          {pluginOption(options->plugin), textOrJson(options->asJson),
-          flag("--all", options->everyField, "Every field that differs, whatever the reason")},
+          flag("-a,--all", options->everyField, "Every field that differs, whatever the reason"),
+          colourOption(options->colour),
+          timeoutOption(options->timeout, "End a load that takes longer, 2.5 for example")},
          {sceneArgument("OLD", options->oldScene, "Scene file to compare with"),
           sceneArgument("NEW", options->newScene, "Scene file; submitter arguments follow \"--\"")},
          [options](const _submitterArguments& submitter) { return run(*options, submitter); },

@@ -30,7 +30,8 @@ _command explainCommand() {
                      "  vxscene explain shot010.hip\n"
                      "  vxscene explain --format json shot010.hip | jq '.[].warnings'\n"
                      "  vxscene explain --recursive --format jsonl /projects/kettle",
-                     {formatOption(options->formats, options->format, "Text, a JSON list, or one JSON object a line")},
+                     {formatOption(options->formats, options->format, "Text, a JSON list, or one JSON object a line"),
+                      colourOption(options->scenes.colour)},
                      {},
                      [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);

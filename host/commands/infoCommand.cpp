@@ -4,13 +4,13 @@
 #include "host/base/terminal.h"
 #include "host/commands/allCommands.h"
 #include "host/results/sceneJson.h"
-#include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxH {
 namespace {
 
 struct _options {
     std::string plugin;
+    std::chrono::milliseconds timeout{0};
     bool asJson = false;
 };
 
@@ -21,28 +21,31 @@ QString shown(const QString& text) {
     return printable(text);
 }
 
-void printInfoLines(const _pluginInfo& info) {
+QStringList infoLines(const _pluginInfo& info) {
+    QStringList lines;
     for (const auto& field : infoFields) {
         const auto value = std::visit([&](auto member) { return shown(info.*member); }, field.member);
-        writeLine(stdout, field.name + QLatin1String{": "} + value);
+        lines.append(field.name + QLatin1String{": "} + value);
     }
+    return lines;
 }
 
 int run(const _options& options) {
     const auto plugin = QString::fromStdString(options.plugin);
-    const auto [info, code, failure] = askForInfo(plugin);
+    const auto [info, code, failure] = askForInfo({plugin, options.timeout});
     if (code == hostNoPlugin) return noPlugin(failure);
     if (code != 0) {
         writeError(plugin + QLatin1String{": "} + failure);
         return exitFailed;
     }
     if (options.asJson) {
-        writeLine(stdout, jsonText(infoToJson(info), true));
+        print(jsonText(infoToJson(info), true));
     } else {
-        printInfoLines(info);
+        print(infoLines(info));
     }
-    if (info.code == vxP::resultSuccess) return exitSuccess;
-    writeError(QStringLiteral("%1: %2 (code %3)").arg(plugin, sentenceOfCode(info.code), QString::number(info.code)));
+    const auto problem = problemOfInfo(info);
+    if (problem.isEmpty()) return exitSuccess;
+    writeError(plugin + QLatin1String{": "} + problem);
     return exitFailed;
 }
 
@@ -54,7 +57,8 @@ _command infoCommand() {
             "Print the plug-in's info record",
             "Examples:\n  vxscene info\n"
             "  vxscene info --plugin ./lx_vxSceneParserHoudini64.so --format json",
-            {pluginOption(options->plugin), textOrJson(options->asJson)},
+            {pluginOption(options->plugin), textOrJson(options->asJson),
+             timeoutOption(options->timeout, "End a plug-in that takes longer to answer, 2.5 for example")},
             {},
             [options](const _submitterArguments&) { return run(*options); }};
 }

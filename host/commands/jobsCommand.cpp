@@ -1,5 +1,6 @@
 // vxscene jobs
 #include "host/access/askPlugin.h"
+#include "host/access/sceneExplanation.h"
 #include "host/access/sceneLoad.h"
 #include "host/commands/allCommands.h"
 #include "host/commands/sceneRun.h"
@@ -17,30 +18,35 @@ struct _options {
 
 int run(const _options& options, const _submitterArguments& submitter) {
     const auto path = QString::fromStdString(options.plugin);
-    const auto answer = askForInfo(path);
+    const auto answer = askForInfo({path, options.scenes.timeout});
     if (answer.code != 0) return noPlugin(answer.failure);
+    const auto infoProblem = problemOfInfo(answer.info);
+    const auto fileFilter = infoProblem.isEmpty() ? answer.info.fileFilter : sceneFileFilter();
+    if (!infoProblem.isEmpty()) writeError(QStringLiteral("%1: %2").arg(path, infoProblem));
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
     const auto load = [&](const QString& scene) -> _explainedScene {
         return {loadScene(plugin.loadSceneFile, scene, submitter), {}};
     };
-    return printScenes(options.scenes, {answer.info.fileFilter, load}, *options.format);
+    return printScenes(options.scenes, {fileFilter, load}, *options.format);
 }
 
 }  // namespace
 
 _command jobsCommand() {
     const auto options = std::make_shared<_options>();
-    _command command{"jobs",
-                     "Print the render jobs of scenes; submitter arguments follow \"--\"",
-                     "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
-                     "  vxscene jobs --recursive --timeout 60 /projects/kettle\n"
-                     "  find /projects -name '*.hip' -newer yesterday -print0 | vxscene jobs --format jsonl -\n"
-                     "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000",
-                     {pluginOption(options->plugin), formatOption(options->formats, options->format,
-                                                                  "A table, a JSON list, or one JSON object a line")},
-                     {},
-                     [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    _command command{
+        "jobs",
+        "Print the render jobs of scenes; submitter arguments follow \"--\"",
+        "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
+        "  vxscene jobs --recursive --timeout 60 /projects/kettle\n"
+        "  find /projects -name '*.hip' -newer yesterday -print0 | vxscene jobs --format jsonl -\n"
+        "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000",
+        {pluginOption(options->plugin),
+         formatOption(options->formats, options->format, "A table, a JSON list, or one JSON object a line"),
+         colourOption(options->scenes.colour)},
+        {},
+        [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);
     return resolving(command);
 }

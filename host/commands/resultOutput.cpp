@@ -21,7 +21,7 @@ _option formatOption(const std::vector<_resultFormat>& formats, const _resultFor
     words.reserve(formats.size());
     for (const auto& format : formats) words.emplace_back(format.word);
     return wordOption(
-        "--format", words, [&formats, &chosen](std::size_t place) { chosen = &formats[place]; }, description);
+        "-f,--format", words, [&formats, &chosen](std::size_t place) { chosen = &formats[place]; }, description);
 }
 
 bool _resultOutput::print(const QByteArray& text) {

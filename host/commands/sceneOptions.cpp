@@ -9,7 +9,6 @@ namespace vxH {
 namespace {
 
 constexpr int mostParallel = 1024;
-constexpr double longestTimeout = 1e9;  // seconds
 
 /// Cores that this process may run on.
 int availableCores() {
@@ -24,10 +23,10 @@ int availableCores() {
 void addSceneOptions(_command& command, _sceneOptions& options) {
     options.parallel = availableCores();
     const _option added[] = {
-        flag("--recursive", options.recursive, "Look into the folders below a folder too"),
-        numberOption("--parallel", options.parallel, {1, mostParallel},
+        flag("-r,--recursive", options.recursive, "Look into the folders below a folder too"),
+        numberOption("-j,--parallel", options.parallel, {1, mostParallel},
                      "Scenes to load at a time; as many as there are cores otherwise"),
-        secondsOption("--timeout", options.timeout, longestTimeout, "End a scene that takes longer, 2.5 for example"),
+        timeoutOption(options.timeout, "End a scene that takes longer, 2.5 for example"),
         flag("--no-progress", options.noProgress, "No progress line on the terminal"),
     };
     command.options.insert(command.options.end(), std::begin(added), std::end(added));

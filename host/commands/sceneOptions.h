@@ -9,11 +9,12 @@
 namespace vxH {
 
 struct _sceneOptions {
-    std::vector<std::string> scenes;  ///< files, folders, and "-" for a list on the standard input
-    bool recursive = false;           ///< look into the folders below a folder too
-    int parallel = 1;                 ///< scenes at a time
-    double timeout = 0;               ///< seconds for each scene; 0: none
+    std::vector<std::string> scenes;       ///< files, folders, and "-" for a list on the standard input
+    bool recursive = false;                ///< look into the folders below a folder too
+    int parallel = 1;                      ///< scenes at a time
+    std::chrono::milliseconds timeout{0};  ///< for each scene; 0: none
     bool noProgress = false;
+    _colour colour = _colour::automatic;  ///< of commands that have such an option
 };
 
 /// Adds the scenes and their options to the command; `parallel` is all cores available where it is not given.

@@ -45,11 +45,12 @@ class _sceneReceiver {
 
     bool keepsOn(bool isWritten) {
         if (isWritten) return true;
+        const int error = errno;
         isWritable = false;
-        if (errno == EPIPE) _interrupts::note(SIGPIPE);
+        if (error == EPIPE) _interrupts::note(SIGPIPE);
         if (_interrupts::noted() == 0) {
             progress.clear();
-            status = outputLost();
+            status = outputLost(error);
         }
         return false;
     }
@@ -61,9 +62,7 @@ class _sceneReceiver {
 };
 
 _batchLimits limitsOf(const _sceneOptions& options) {
-    const std::chrono::duration<double> timeout{options.timeout};
-    return {options.parallel, std::chrono::ceil<std::chrono::milliseconds>(timeout),
-            _batchLimits::windowFor(options.parallel)};
+    return {options.parallel, options.timeout, _batchLimits::windowFor(options.parallel)};
 }
 
 }  // namespace
@@ -81,7 +80,7 @@ int runScenes(const _sceneOptions& options, const _sceneSource& source, const _s
 }
 
 int printScenes(const _sceneOptions& options, const _sceneSource& source, const _resultFormat& format) {
-    const _terminal terminal = standardOutputTerminal();
+    const _terminal terminal = standardOutputTerminal(options.colour);
     _resultOutput output{format.frame};
     const auto pack = [&](const _explainedScene& scene) { return format.text(scene, terminal).toUtf8(); };
     const auto print = [&](const QByteArray& text) { return output.print(text); };

@@ -1,36 +1,52 @@
 // vxscene vars
+#include <algorithm>
 #include <limits>
 
 #include "host/access/sceneLoad.h"
 #include "host/base/terminal.h"
 #include "host/commands/allCommands.h"
-#include "host/results/recordReading.h"
 #include "host/results/sceneJson.h"
 #include "host/text/variablesText.h"
 
 namespace vxH {
 namespace {
 
+constexpr int allJobs = 0;  // in place of a job's number
+
 struct _options {
     std::string plugin;
+    std::chrono::milliseconds timeout{0};
     std::string scene;
     bool asJson = false;
     int jobNumber = allJobs;
 };
 
+/// "18 jobs"
+QString countOf(std::size_t jobs) {
+    return jobs == 1 ? QStringLiteral("1 job") : QStringLiteral("%1 jobs").arg(jobs);
+}
+
+/// Leaves the job with this number alone.
+void keepJob(std::vector<_jobVariables>& jobs, int number) {
+    const auto isOther = [&](const auto& job) { return job.number != number; };
+    jobs.erase(std::remove_if(jobs.begin(), jobs.end(), isOther), jobs.end());
+}
+
 int run(const _options& options, const _submitterArguments& submitter) {
-    const auto result =
-        loadVariablesApart(QString::fromStdString(options.plugin), options.scene.c_str(), submitter, options.jobNumber);
+    auto result =
+        loadVariablesApart({QString::fromStdString(options.plugin), options.timeout}, options.scene.c_str(), submitter);
     if (result.code == hostNoPlugin) return noPlugin(result.error);
+    const auto jobsOfScene = result.jobs.size();
+    if (options.jobNumber != allJobs) keepJob(result.jobs, options.jobNumber);
     if (result.isLoaded() && result.jobs.empty() && options.jobNumber != allJobs) {
-        writeError(QStringLiteral("%1: there is no job %2").arg(result.scene, QString::number(options.jobNumber)));
+        writeError(QStringLiteral("%1: there is no job %2: the scene has %3")
+                       .arg(result.scene, QString::number(options.jobNumber), countOf(jobsOfScene)));
         return exitUsage;
     }
     if (options.asJson) {
-        writeLine(stdout, jsonText(variablesToJson(result), true));
+        print(jsonText(variablesToJson(result), true));
     } else {
-        const auto lines = variableLines(result.jobs);
-        for (const auto& text : lines) writeLine(stdout, text);
+        print(variableLines(result.jobs));
     }
     return result.isLoaded() ? exitSuccess : sceneFailed(result);
 }
@@ -44,7 +60,8 @@ _command varsCommand() {
                       "Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip",
                       {pluginOption(options->plugin), textOrJson(options->asJson),
                        numberOption("--job", options->jobNumber, {1, std::numeric_limits<int>::max()},
-                                    "Only this job, numbered as \"jobs\" does")},
+                                    "Only this job, numbered as \"jobs\" does"),
+                       timeoutOption(options->timeout, "End a load that takes longer, 2.5 for example")},
                       {sceneArgument("SCENE", options->scene, "Scene file; submitter arguments follow \"--\"")},
                       [options](const _submitterArguments& submitter) { return run(*options, submitter); }});
 }

@@ -27,11 +27,10 @@ std::vector<_job> jobsOf(const vxJ::_JobBasicsArray& records) {
     return jobs;
 }
 
-std::vector<_jobVariables> variablesOf(const vxJ::_JobBasicsArray& records, int jobNumber) {
+std::vector<_jobVariables> variablesOf(const vxJ::_JobBasicsArray& records) {
     const auto compact = std::make_unique<vxJ::_JobBasics>();
     std::vector<_jobVariables> jobs;
     forEachRecord(records, [&](const auto& record, int number) {
-        if (jobNumber != allJobs && jobNumber != number) return;
         record.toJobsBasic(*compact);
         vxJ::_varValList list;
         compact->exportJobVarList_Basic(list);

@@ -2,6 +2,7 @@
 
 #include <QJsonDocument>
 
+#include "host/base/displayText.h"
 #include "host/results/jobFields.h"
 #include "host/results/jsonValues.h"
 
@@ -23,6 +24,19 @@ constexpr QLatin1String variablesKey{"variables"};
 _sceneHead headFromJson(const QJsonObject& object) {
     return {object[sceneKey].toString(), object[codeKey].toInt(), object[errorKey].toString(),
             object[messageKey].toString()};
+}
+
+/// JSON with `\u` for what could steer a terminal or reorder a line. Outside its texts only line ends are of that kind.
+QString withEscapes(const QString& json) {
+    return withoutHarmful(json, [](QStringView character) {
+        QString escapes;
+        if (character.front() == QLatin1Char('\n')) return QStringLiteral("\n");
+        for (const QChar unit : character) {
+            const int code = unit.unicode();
+            escapes += QStringLiteral("\\u%1").arg(code, 4, 16, QLatin1Char('0'));
+        }
+        return escapes;
+    });
 }
 
 }  // namespace
@@ -73,7 +87,7 @@ _sceneVariables variablesFromJson(const QJsonObject& object) {
 QString jsonText(QJsonObject object, bool indented) {
     object.insert(formatVersionKey, formatVersion);
     const auto bytes = QJsonDocument(object).toJson(indented ? QJsonDocument::Indented : QJsonDocument::Compact);
-    return QString::fromUtf8(bytes).trimmed();
+    return withEscapes(QString::fromUtf8(bytes).trimmed());
 }
 
 }  // namespace vxH

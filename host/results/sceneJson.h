@@ -18,7 +18,8 @@ _sceneResult sceneFromJson(const QJsonObject& object);
 QJsonObject variablesToJson(const _sceneVariables& result);
 _sceneVariables variablesFromJson(const QJsonObject& object);
 
-/// An object as it is printed, with the version of the format and without a line end.
+/// An object as it is printed, with the version of the format and without a line end. Characters that could steer a
+/// terminal or reorder a line are written as `\u`.
 QString jsonText(QJsonObject object, bool indented);
 
 }  // namespace vxH

@@ -1,6 +1,7 @@
 // A plug-in whose behaviour is chosen by the scene's file name. It reads no file.
 #include <unistd.h>
 
+#include <QByteArray>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -143,6 +144,11 @@ extern "C" VX_EXPORT quint8 pInfo(vxP::_dataPARS_PluginInfo* info);
 extern "C" VX_EXPORT qint32 pLoadSceneFile(_load* load);
 
 quint8 pInfo(vxP::_dataPARS_PluginInfo* info) {
+    const QByteArray behaviour = qgetenv("FAKE_INFO");
+    if (behaviour == "refuses") return vxP::resultVersionMismatch;
+    if (behaviour == "isSilent") return vxP::resultSuccess;
+    if (behaviour == "crashes") std::abort();
+    if (behaviour == "hangs") hang({});
     const bool versionsMatch = info->structureVersion == vxP::pluginStructureVersion;
     info->appName = u"Fake\x1b[1m";
     info->fileFilter = u"*.fake;";

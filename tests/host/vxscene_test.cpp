@@ -35,7 +35,7 @@ struct _failure {
     int jobs;
 };
 constexpr _failure failures[] = {
-    {"cannotOpen", 3, "cannot be opened for reading", 0},
+    {"cannotOpen", 3, "cannot be opened for reading: No such file or directory", 0},
     {"noUsableOutput", 25, "without usable output names", 0},
     {"jobThenNoMore", 7, "could not be added", 1},
     {"strangeCode", 42, "code of its own", 0},
@@ -82,25 +82,35 @@ const _usage usages[] = {
     {"info", {"info", "--plugin", VX_FAKE_PLUGIN}, 0, "appName: Fake?[1m\n"},
     {"info_json", {"info", "--plugin", VX_FAKE_PLUGIN, "--format", "json"}, 0, R"("fileFilter": "*.fake;")"},
     {"empty_list", {"jobs", "--plugin", VX_FAKE_PLUGIN, "--format", "json", "-"}, 0, "[]\n"},
-    {"no_scene", {"jobs"}, 2, "SCENE"},
+    {"no_command", {}, 2, "no command is given (see vxscene --help)"},
+    {"no_scene", {"jobs"}, 2, "SCENE is required (see vxscene jobs --help)"},
     {"no_time", {"jobs", "--timeout", "nan", "a"}, 2, "--timeout"},
     {"no_child", {"jobs", "--parallel", "0", "a"}, 2, "--parallel"},
     {"late",
      {"jobs", "--plugin", VX_FAKE_PLUGIN, "--timeout", "0.25", "/hangs.fake"},
      1,
      "time limit of 0.25 s (code -5)"},
+    {"late_vars", {"vars", "--plugin", VX_FAKE_PLUGIN, "-t", "0.25", "/hangs.x"}, 1, "limit of 0.25 s (code -5)"},
+    {"device_as_plugin", {"info", "--plugin", "/dev/zero"}, 3, "/dev/zero: a device, not a regular file"},
     {"folder_without_scenes",
      {"jobs", "--plugin", VX_FAKE_PLUGIN, "/proc/self/task/"},
      1,
      "/proc/self/task/: no scenes (*.fake;)"},
     {"unknown_option", {"jobs", "--\x1b[1mfast\nx", "a.hip"}, 2, "fast"},
+    {"mistyped_option", {"diff", "--frmat", "a"}, 2, "--frmat; did you mean --format? (see vxscene diff --help)"},
+    {"mistyped_command", {"jbos", "a.hip"}, 2, "no command jbos; did you mean jobs? (see vxscene --help)"},
+    {"unlike_all", {"turntable", "a.hip"}, 2, "no command turntable (see"},
+    {"short_options", {"jobs", "--plugin", VX_FAKE_PLUGIN, "-rj2", "-t9", "-fjsonl", "/noJobs.x"}, 0, "\"jobs\":[]"},
     {"choice_by_number", {"jobs", "--format", "1", "a.hip"}, 2, "--format: 1 is not one of table|json|jsonl"},
     {"no_such_plugin", {"jobs", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
     {"no_entry_points", {"info", "--plugin", VX_NO_PLUGIN}, 3, "no entry point"},
     {"empty_path", {"jobs", "--plugin", VX_FAKE_PLUGIN, ""}, 1, "absolute"},
     {"diff_one_scene", {"diff", "a.hip"}, 2, "NEW"},
     {"diff_no_such_plugin", {"diff", "--plugin", "/no/such.so", "a", "b"}, 3, "/no/such.so"},
-    {"no_such_job", {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "3"}, 2, "no job 3"},
+    {"no_such_job",
+     {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "3"},
+     2,
+     "no job 3: the scene has 2 jobs"},
     {"job_0", {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "0"}, 2, "--job"},
     {"no_variables", {"vars", "--plugin", VX_FAKE_PLUGIN, "/%3/cannotOpen.hip", "--job", "1"}, 1, "/%3/cannotOpen"},
 };
@@ -135,9 +145,16 @@ TEST(VxScene, EverySceneMeetsFreshStateItsAbsolutePathAndTheArguments) {
 }
 
 TEST(VxScene, HostileTextsCannotSteerATerminal) {
-    for (const auto* command : {"jobs", "vars"}) {
-        const auto out = QString::fromUtf8(runCommand(command, {"/hostileTexts.hip"}, {"LC_ALL=C"}).out);
-        EXPECT_TRUE(out.contains(QStringView{u"夜景夜景\n"}));
+    const std::pair<const char*, std::vector<std::string>> commands[] = {
+        {"jobs", {}}, {"vars", {}}, {"jobs", {"-f", "json"}}, {"jobs", {"-f", "jsonl"}}, {"vars", {"-f", "json"}}};
+    for (auto [command, arguments] : commands) {
+        arguments.emplace_back("/hostileTexts.hip");
+        const auto bytes = runCommand(command, arguments, {"LC_ALL=C"}).out;
+        const auto out = QString::fromUtf8(bytes);
+        EXPECT_TRUE(out.contains(QStringView{u"夜景夜景"}));
+        if (arguments.size() > 1) {
+            EXPECT_TRUE(bytes.contains(R"(red\u009b1m\r\n\t\u0000end\u202e")")) << bytes.constData();
+        }
         for (const QChar character : out) {
             const bool isShown = character.isPrint() && character.category() != QChar::Other_Format;
             EXPECT_TRUE(character == QLatin1Char('\n') || isShown) << int{character.unicode()};
@@ -159,10 +176,13 @@ TEST(VxScene, TableNamesSceneJobsAndWaiting) {
 
 TEST(VxScene, LinesFitTheTerminalAndColourIsUsedWhereItIsWelcome) {
     constexpr const char* command = " '" VX_SCENE_PROGRAM "' jobs --plugin '" VX_FAKE_PLUGIN "' /exportPair.hip";
-    const std::pair<std::string, bool> environments[] = {
-        {"TERM=xterm NO_COLOR=", true}, {"TERM=xterm NO_COLOR=1", false}, {"TERM=dumb NO_COLOR=", false}};
-    for (const auto& [environment, colour] : environments) {
-        const auto out = run("/usr/bin/script", {"-qec", "stty cols 60; " + environment + command, "/dev/null"}).out;
+    const std::tuple<std::string, std::string, bool> rows[] = {
+        {"TERM=xterm NO_COLOR=", "", true},   {"TERM=xterm NO_COLOR=", " --color never", false},
+        {"TERM=xterm NO_COLOR=1", "", false}, {"TERM=xterm NO_COLOR=1", " --color always", true},
+        {"TERM=dumb NO_COLOR=", "", false},   {"TERM=xterm NO_COLOR=1", " --color auto", false}};
+    for (const auto& [environment, option, colour] : rows) {
+        const auto line = "stty cols 60; " + environment + command + option;
+        const auto out = run("/usr/bin/script", {"-qec", line, "/dev/null"}).out;
         EXPECT_EQ(out.contains('\x1b'), colour) << environment;
         EXPECT_LE(out.split('\n')[1].trimmed().size(), colour ? 200 : 60) << out.constData();
     }
@@ -255,9 +275,42 @@ TEST(VxScene, FullDiskIsAFailure) {
                                                  {"--help", 1},
                                                  {"jobs --help", 1},
                                                  {"--version", 1}};
-    for (const auto& [line, status] : lines)
-        EXPECT_EQ(run("/bin/sh", {"-c", std::string{"'" VX_SCENE_PROGRAM "' "} + line + " >/dev/full"}).status, status)
-            << line;
+    for (const auto& [line, status] : lines) {
+        const auto host = run("/bin/sh", {"-c", std::string{"'" VX_SCENE_PROGRAM "' "} + line + " >/dev/full"});
+        EXPECT_EQ(host.status, status) << line;
+        EXPECT_TRUE(host.error.contains("written: No space left on device\n")) << host.error.constData();
+    }
+}
+
+TEST(VxScene, FailingInfoIsTold) {
+    struct _row {
+        const char* behaviour;
+        int infoStatus;
+        int jobsStatus;
+        const char* error;
+    };
+    constexpr _row rows[] = {{"FAKE_INFO=refuses", 1, 0, "pInfo: the plug-in does not support this version"},
+                             {"FAKE_INFO=isSilent", 1, 0, "pInfo told of success and wrote nothing"},
+                             {"FAKE_INFO=crashes", 1, 3, "crashed (signal 6)"},
+                             {"FAKE_INFO=hangs", 1, 3, "time limit of 0.25 s"}};
+    for (const auto& row : rows) {
+        const auto info = runCommand("info", {"-t", "0.25"}, {row.behaviour});
+        const auto jobs = runCommand("jobs", {"-t", "0.25", "/noJobs.x"}, {row.behaviour});
+        EXPECT_EQ(info.status, row.infoStatus) << row.behaviour;
+        EXPECT_EQ(jobs.status, row.jobsStatus) << row.behaviour;
+        EXPECT_EQ(jobs.out, row.jobsStatus == 0 ? "/noJobs.x: no jobs\n" : "") << row.behaviour;
+        for (const auto& error : {info.error, jobs.error}) EXPECT_TRUE(error.contains(row.error)) << error.constData();
+    }
+}
+
+TEST(VxScene, ArgumentsThatNoSwitchTakesAreNamed) {
+    const std::vector<std::string> arguments{
+        "explain",          VX_EXAMPLE_SCENE,        "--", "-HOUDINIbuildversion", "5", "-customRenVer_VRay", "6", "x",
+        "-houdiniResolved", "-houdiniCompressedIFD", "y"};
+    const auto host = run(VX_SCENE_PROGRAM, arguments);
+    EXPECT_EQ(host.status, 0);
+    EXPECT_EQ(host.error, QByteArray{"vxscene: warning: no switch of the plug-in takes x -houdiniResolved y; did you "
+                                     "mean -houdiniResolve?\n"});
 }
 
 TEST(VxScene, DiffTellsByItsStatusWhetherThereAreDifferencesOrTrouble) {

@@ -35,11 +35,11 @@ class Command(unittest.TestCase):
     def test_page_goes_to_the_file_or_to_an_output_that_is_no_terminal(self):
         run = run_report("-o", self.report, self.scene)
         self.assertEqual((run.returncode, run.stdout, run.stderr), (0, b"", b""))
-        pages = [run_report(self.scene).stdout, self.report.read_bytes()]
+        pages = [run_report(*output, self.scene).stdout for output in ((), ("-o", "-"))] + [self.report.read_bytes()]
         for made in {data_of(page).pop("made") for page in pages}:
             self.assertRegex(made, r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ$")
         without_time = [re.sub(rb'"made":"[^"]*"', b"", page) for page in pages]
-        self.assertEqual(*without_time)
+        self.assertEqual(len(set(without_time)), 1)
 
     def test_terminal_gets_no_page(self):
         terminal, program_side = os.openpty()
@@ -55,7 +55,16 @@ class Command(unittest.TestCase):
         self.assert_fails(run, 1, "missing.hip", "cannot be opened for reading", "(code 3)")
         page = self.report.read_text()
         self.assertIn('"/out/beauty"', page)
-        self.assertIn('"error":"cannot be opened for reading"', page)
+        self.assertIn('"error":"cannot be opened for reading: No such file or directory"', page)
+
+    def test_scene_is_never_replaced(self):
+        link, other = self.folder / "link.html", self.folder / "other.hip"
+        os.link(self.scene, link)
+        old = self.scene.read_bytes()
+        for output, source in ((self.scene, self.scene), (link, self.folder), (other, link), (self.folder, self.scene)):
+            self.assert_fails(run_report("-o", output, source), 2, f"{output}: the report cannot be written: it ")
+        self.assertEqual(self.scene.read_bytes(), old)
+        self.assertFalse(other.exists())
 
     def test_existing_report_stays_where_the_new_one_cannot_be_written(self):
         self.report.write_text("old")

@@ -236,7 +236,7 @@ class SeveralScenes(PageTest):
         self.press("opened READING")
         self.assertEqual([cell.text for cell in self.shown("td.c-scene")], ["broken.hip"])
         self.follow("td.c-scene a", ".failure")
-        self.assertEqual(self.text(".failure"), "Failed: cannot be opened for reading (code 3)")
+        self.assertEqual(self.text(".failure"), "Failed: cannot be opened for reading: No such file or directory (code 3)")
 
     def test_jobs_of_all_scenes_are_in_one_table_that_leads_to_them(self):
         self.follow(".renderers-total button", ".of-all")

@@ -9,6 +9,7 @@
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
 #include "plugin/jobFinishing.h"
+#include "plugin/submitterArguments.h"
 #include "scan/scanBudget.h"
 #include "scan/scanState.h"
 

@@ -22,7 +22,7 @@ while IFS='|' read -r line expected; do
     [ "$offered" = "$(sorted <<<"$expected")" ] || { echo "$shell offers behind \"$line\": $offered" >&2 && exit 1; }
 done <<END
 vxscene |$commands
-vxscene vars --|--help --plugin --format --job --resolve
+vxscene vars --|--help --plugin --format --job --timeout --resolve
 vxscene jobs --format js|json jsonl
 vxscene vars --job |
 vxscene jobs --format json shot.hip |shot.hip shot.hiplc folder szenen ä
