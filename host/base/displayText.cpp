@@ -73,15 +73,19 @@ QStringView tailOf(QStringView text, int columns) {
 constexpr int leastWrapped = 10;  ///< columns beside an indent
 
 /// Units of the first line of a text that is too long for it. It takes one character at least.
-int lineUnits(const QString& text, int columns) {
+/// @param laterColumns  in which the next line has room: a word that is longer is broken here
+int lineUnits(const QString& text, int columns, int laterColumns) {
     const auto fitting = static_cast<int>(headUnits(text, columns));
     const auto most = std::max(fitting, static_cast<int>(characterAt(text, 0).units));
     if (most >= text.size() || text[most] == QLatin1Char(' ')) return most;
     const QString head = text.left(most);
-    const auto words = static_cast<int>(head.lastIndexOf(QLatin1Char(' ')));
-    if (!head.left(words + 1).trimmed().isEmpty()) return words;
+    const auto wordBegin = static_cast<int>(head.lastIndexOf(QLatin1Char(' '))) + 1;
+    const QString word = text.mid(wordBegin).section(QLatin1Char(' '), 0, 0);
+    const bool hasWords = !head.left(wordBegin).trimmed().isEmpty();
     const auto folders = static_cast<int>(head.lastIndexOf(QLatin1Char('/'))) + 1;
-    return head.left(folders).trimmed().size() > 1 ? folders : most;
+    const bool hasFolders = folders > wordBegin + 1;
+    if (hasWords && !(hasFolders && columnsOf(word) > laterColumns)) return wordBegin - 1;
+    return hasFolders ? folders : most;
 }
 
 }  // namespace
@@ -143,7 +147,7 @@ QStringList wrapped(const QString& text, int width, int indent) {
     QString rest = text;
     const QString blanks(width - indent < leastWrapped ? 0 : indent, QLatin1Char(' '));
     while (width > 0 && columnsOf(rest) > width) {
-        const int units = lineUnits(rest, width);
+        const int units = lineUnits(rest, width, width - static_cast<int>(blanks.size()));
         lines += withoutEndBlanks(rest.left(units));
         rest = rest.mid(units).trimmed();
         if (rest.isEmpty()) return lines;

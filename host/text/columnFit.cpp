@@ -21,6 +21,19 @@ void shareSpare(std::vector<int>& widths, const std::vector<_columnNeed>& needs,
     }
 }
 
+/// Leaves out columns, from the last by rank on, as long as the line is too long and one may go. The first stays.
+template <class _isFree>
+void leaveOut(std::vector<int>& widths, const std::vector<std::size_t>& order, int room, const _isFree& isFree) {
+    const auto goes = [&](std::size_t column) {
+        return widths[column] > 0 && column != order.front() && isFree(column);
+    };
+    while (lineWidth(widths) > room) {
+        const auto last = std::find_if(order.rbegin(), order.rend(), goes);
+        if (last == order.rend()) break;
+        widths[*last] = 0;
+    }
+}
+
 }  // namespace
 
 int lineWidth(const std::vector<int>& widths) {
@@ -42,18 +55,14 @@ std::vector<std::size_t> columnsByRank(const std::vector<_columnNeed>& needs) {
     return order;
 }
 
-std::vector<int> fittedWidths(const std::vector<_columnNeed>& needs, int room,
-                              const std::function<bool(const std::vector<int>&, std::size_t)>& mayGo) {
+std::vector<int> fittedWidths(const std::vector<_columnNeed>& needs, int room, const _mayGo& mayGo) {
     const auto order = columnsByRank(needs);
     std::vector<int> widths;
-    for (const auto& need : needs) widths.push_back(std::min(need.needed, need.least));
-    const auto isThere = [&](std::size_t column) { return widths[column] > 0 && column != order.front(); };
-    while (lineWidth(widths) > room && std::any_of(order.begin(), order.end(), isThere)) {
-        const auto last = std::find_if(order.rbegin(), order.rend(), isThere);
-        const auto light = std::find_if(order.rbegin(), order.rend(),
-                                        [&](auto column) { return isThere(column) && mayGo(widths, column); });
-        widths[light == order.rend() ? *last : *light] = 0;
-    }
+    for (const auto& need : needs) widths.push_back(std::min(need.needed, need.enough));
+    leaveOut(widths, order, room, [&](auto column) { return !needs[column].hasWeight && mayGo(widths, column); });
+    for (const auto column : order) widths[column] = std::min(widths[column], needs[column].least);
+    leaveOut(widths, order, room, [&](auto column) { return mayGo(widths, column); });
+    leaveOut(widths, order, room, [](auto) { return true; });
     if (lineWidth(widths) > room) widths[order.front()] = room;
     shareSpare(widths, needs, order, room);
     return widths;

@@ -17,24 +17,24 @@ constexpr QLatin1String noColour{};
 /// Frames, renderers and sizes are cut only where they are longer than any that a scene is known to have.
 constexpr std::array usualColumns{
     _jobColumn{numberColumn, QLatin1String{"#"}, [](const _jobRow& row) { return QString::number(row.number); },
-               nullptr, elideMiddle, 7, 1, true, false, noColour},
+               nullptr, elideMiddle, 7, 7, 1, true, false, noColour},
     _jobColumn{driverColumn, QLatin1String{"driver"}, [](const _jobRow& row) { return row.job.layer; }, nullptr,
-               elidePath, 12, 0, false, false, driverColour},
+               elidePath, 18, 12, 0, false, false, driverColour},
     _jobColumn{QLatin1String{"renderer"}, QLatin1String{"renderer"},
-               [](const _jobRow& row) { return rendererCell(row.job); }, nullptr, elidePath, 32, 4, false, true,
+               [](const _jobRow& row) { return rendererCell(row.job); }, nullptr, elidePath, 32, 32, 4, false, true,
                noColour},
     _jobColumn{QLatin1String{"frames"}, QLatin1String{"frames"}, [](const _jobRow& row) { return framesCell(row.job); },
-               hasOddFrames, elideMiddle, 24, 3, false, true, noColour},
+               hasOddFrames, elideMiddle, 24, 24, 3, false, true, noColour},
     _jobColumn{outputColumn, QLatin1String{"output"}, [](const _jobRow& row) { return outputCell(row.job, row.scene); },
-               hasOddOutput, elidePath, 18, 2, false, false, noColour},
+               hasOddOutput, elidePath, 30, 18, 2, false, false, noColour},
     _jobColumn{QLatin1String{"camera"}, QLatin1String{"camera"}, [](const _jobRow& row) { return row.job.camera; },
-               nullptr, elidePath, 10, 7, false, true, noColour},
+               nullptr, elidePath, 16, 10, 7, false, true, noColour},
     _jobColumn{QLatin1String{"take"}, QLatin1String{"take"}, [](const _jobRow& row) { return row.job.channel; },
-               nullptr, elideMiddle, 12, 6, false, true, noColour},
+               nullptr, elideMiddle, 12, 12, 6, false, true, noColour},
     _jobColumn{QLatin1String{"size"}, QLatin1String{"size"}, [](const _jobRow& row) { return sizeCell(row.job); },
-               nullptr, elideMiddle, 11, 8, false, true, noColour},
+               nullptr, elideMiddle, 11, 11, 8, false, true, noColour},
     _jobColumn{QLatin1String{"waitsFor"}, QLatin1String{"waits for"},
-               [](const _jobRow& row) { return waitsForCell(row.job); }, nullptr, elideMiddle, 12, 5, false, true,
+               [](const _jobRow& row) { return waitsForCell(row.job); }, nullptr, elideMiddle, 12, 12, 5, false, true,
                noColour},
 };
 
@@ -42,7 +42,8 @@ constexpr int leastOfField = 12;
 
 _jobColumn columnOf(const _jobField& field) {
     const auto rank = static_cast<int>(usualColumns.size());
-    return {field.name, field.name, nullptr, nullptr, elideMiddle, leastOfField, rank, false, false, noColour, &field};
+    return {field.name,   field.name, nullptr, nullptr, elideMiddle, leastOfField,
+            leastOfField, rank,       false,   false,   noColour,    &field};
 }
 
 template <class _entries>

@@ -20,8 +20,9 @@ struct _jobColumn {
     QString (*cell)(const _jobRow& row);  ///< null: the value of `field`
     bool (*isOdd)(const _job& job);       ///< null: no value is
     QString (*elide)(QStringView, int columns);
-    int least;  ///< columns of the terminal in which its texts still say something
-    int rank;   ///< 0: the last to be left out
+    int enough;  ///< columns of the terminal in which its texts say most
+    int least;   ///< in which they still say something
+    int rank;    ///< 0: the last to be left out
     bool toTheRight;
     bool mayBeSaidOnce;  ///< above the table, where all rows have the same
     QLatin1String colour;

@@ -15,6 +15,7 @@ namespace {
 
 constexpr QLatin1Char mark{'!'};
 constexpr int noteIndent = 2;
+constexpr int firstRankOfNoWeight = 6;  ///< take, camera and size
 
 struct _cell {
     QString text;
@@ -33,6 +34,9 @@ class _table {
     bool fits(const std::vector<_columnNeed>& needs) const;
     std::vector<_columnNeed> needs(bool roomIsShort) const;
     void fit();
+    std::vector<int> fittedTo(const std::vector<_columnNeed>& wanted, int columnsOfAll) const;
+    void giveUpForNames(std::vector<_columnNeed> wanted);
+    qsizetype rowsThatLookDifferent(const std::vector<int>& shown) const;
     void shortenPaths(QLatin1String column, const QString& usualFolder);
     bool isSameInAllRows(std::size_t column) const;
     void saySharedValues();
@@ -95,7 +99,8 @@ std::vector<_columnNeed> _table::needs(bool roomIsShort) const {
         const bool isShown = !isSaidOnce[i] && (width > 0 || !roomIsShort || !hasUsualColumns);
         const int title = columnsOf(QString{columns[i].title});
         const int rank = hasUsualColumns ? columns[i].rank : static_cast<int>(i);
-        list.push_back({isShown ? std::max(width, title) : 0, std::max(columns[i].least, title), rank});
+        list.push_back({isShown ? std::max(width, title) : 0, std::max(columns[i].enough, title),
+                        std::max(columns[i].least, title), rank, rank < firstRankOfNoWeight});
     }
     return list;
 }
@@ -123,14 +128,46 @@ void _table::fit() {
     needed = neededWidths(wanted);
     widths = needed;
     if (fits(wanted)) return;
-    int roomOfAll = room;
-    if (!hasUsualColumns) {  // those are wanted, whatever room there is
-        std::vector<int> least;
-        for (const auto& need : wanted) least.push_back(std::min(need.least, need.needed));
-        roomOfAll = std::max(room, lineWidth(least));
+    if (hasUsualColumns) {
+        widths = fittedTo(wanted, room);
+        giveUpForNames(wanted);
+        return;
     }
-    widths = fittedWidths(wanted, roomOfAll,
-                          [this](const auto& shown, auto column) { return !tellsRowsApart(shown, column); });
+    std::vector<int> least;  // named columns are wanted, whatever room there is
+    for (const auto& need : wanted) least.push_back(std::min(need.least, need.needed));
+    widths = fittedTo(wanted, std::max(room, lineWidth(least)));
+}
+
+std::vector<int> _table::fittedTo(const std::vector<_columnNeed>& wanted, int columnsOfAll) const {
+    return fittedWidths(wanted, columnsOfAll,
+                        [this](const auto& shown, auto column) { return !tellsRowsApart(shown, column); });
+}
+
+/// Leaves out further columns as long as more rows differ by the names that then have their room.
+void _table::giveUpForNames(std::vector<_columnNeed> wanted) {
+    auto order = columnsByRank(wanted);
+    std::reverse(order.begin(), order.end());
+    for (const auto column : order) {
+        if (widths[column] == 0 || !columns[column].mayBeSaidOnce) continue;
+        auto fewer = wanted;
+        fewer[column].needed = 0;
+        const auto wider = fittedTo(fewer, room);
+        if (rowsThatLookDifferent(wider) <= rowsThatLookDifferent(widths)) continue;
+        wanted = fewer;
+        widths = wider;
+    }
+}
+
+qsizetype _table::rowsThatLookDifferent(const std::vector<int>& shown) const {
+    QSet<QString> texts;
+    for (const auto& row : rows) {
+        QString text;
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            if (shown[i] > 0 && columns[i].name != numberColumn)
+                text += columns[i].elide(row[i].text, shown[i]) + QLatin1Char('\n');
+        texts.insert(text);
+    }
+    return texts.size();
 }
 
 // ---- what is said once

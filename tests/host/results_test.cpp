@@ -116,8 +116,9 @@ TEST(WrappedText, KeepsItsWordsAndItsWidth) {
     const std::tuple<const char*, int, int, const char*> cases[] = {
         {"no width", 0, 2, "no width"},
         {"words that are short", 12, 2, "words that|  are short"},
-        {"a:  /obj/folder/node", 12, 2, "a:|  /obj/|  folder/|  node"},
+        {"a:  /obj/folder/node", 12, 2, "a:  /obj/|  folder/|  node"},
         {"  indented already", 12, 4, "  indented|already"},  // no room beside the indent
+        {"12  /folder/longer/than/a/line", 12, 2, "12  /folder/|  longer/|  than/a/|  line"},
         {"xxxxxxxxxxxx", 5, 0, "xxxxx|xxxxx|xx"},
         {"夜夜", 1, 0, "夜|夜"}};
     for (const auto& [text, width, indent, lines] : cases)
@@ -189,6 +190,26 @@ TEST(JobTable, FitsEveryWidthAndSaysWhatIsNotThere) {
             EXPECT_NE(text.simplified().contains(QLatin1String{value}), isTold) << width << ' ' << title << '\n'
                                                                                 << qPrintable(text);
         }
+    }
+}
+
+/// Names that differ near their ends only are given the room of another column.
+TEST(JobTable, KeepsRowsApart) {
+    useUtf8Characters();
+    _explainedScene scene;
+    for (int variant = 1; variant <= 3; ++variant) {
+        auto job = jobWith(1001, 1100, 1, u"/projects/show/sequence/shot/");
+        job.imageFileName = QStringLiteral("light_test_wedge_key_%1.000000.").arg(variant);
+        job.layer = QStringLiteral("/out/light_test");
+        job.app = QStringLiteral("Houdini");
+        job.appRenderer = variant == 2 ? QStringLiteral("opengl_of_that_name") : QStringLiteral("opengl");
+        scene.jobs.push_back(job);
+    }
+    for (int width = 45; width <= 120; ++width) {
+        auto rows = jobTable(scene, {}, {width, false}).filter(QStringLiteral(".exr"));
+        for (auto& row : rows) row.remove(0, 1);  // the number
+        EXPECT_EQ(rows.size(), 3) << width;
+        EXPECT_EQ(rows.removeDuplicates(), 0) << width << rows.join(QLatin1Char('\n')).toStdString();
     }
 }
 
