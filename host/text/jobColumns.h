@@ -24,7 +24,7 @@ struct _jobColumn {
     int least;   ///< in which they still say something
     int rank;    ///< 0: the last to be left out
     bool toTheRight;
-    bool mayBeSaidOnce;  ///< above the table, where all rows have the same
+    bool mayBeSaidOnce;  ///< above the table, where all rows have the same; may go to make room for names
     QLatin1String colour;
     const _jobField* field = nullptr;
 

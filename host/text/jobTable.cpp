@@ -99,8 +99,9 @@ std::vector<_columnNeed> _table::needs(bool roomIsShort) const {
         const bool isShown = !isSaidOnce[i] && (width > 0 || !roomIsShort || !hasUsualColumns);
         const int title = columnsOf(QString{columns[i].title});
         const int rank = hasUsualColumns ? columns[i].rank : static_cast<int>(i);
+        const bool hasWeight = !hasUsualColumns || rank < firstRankOfNoWeight;
         list.push_back({isShown ? std::max(width, title) : 0, std::max(columns[i].enough, title),
-                        std::max(columns[i].least, title), rank, rank < firstRankOfNoWeight});
+                        std::max(columns[i].least, title), rank, hasWeight});
     }
     return list;
 }

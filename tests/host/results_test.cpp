@@ -219,6 +219,11 @@ TEST(JobTable, ShowsNamedColumnsAndAllWhereItIsWide) {
     EXPECT_TRUE(findJobColumns(QStringLiteral("take, seqStep,number"), options.columns).isEmpty());
     EXPECT_EQ(jobTable(tableScene(), options, {}).join(QLatin1Char('|')).toStdString(),
               "take   seqStep  #|day    0        1|night  1        2!|夜     0        3");
+    const QString names = QStringLiteral("output,driver,renderer,frames,size,camera,layer,imageDir");
+    EXPECT_TRUE(findJobColumns(names, options.columns).isEmpty());
+    const auto narrow = jobTable(tableScene(), options, {60, false}).join(QLatin1Char('\n'));
+    for (const auto& column : options.columns) EXPECT_TRUE(narrow.contains(column.title)) << narrow.toStdString();
+    EXPECT_FALSE(narrow.contains(QLatin1String{"left out"}));
     EXPECT_EQ(jobTable(tableScene(), {{}, true}, {40, false}), jobTable(tableScene(), {}, {}));
     const char* const plug = "/p/lug-in";
     EXPECT_EQ(
