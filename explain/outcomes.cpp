@@ -153,7 +153,7 @@ bool isDroppedWedge(const _observedSection& section) {
 struct _notTakenWords {
     vxP::_notTaken why;
     QStringView code;
-    QStringView text;  ///< %1: the part of the path that rules it out
+    QStringView text;  ///< %1: the part of the path that rules it out, or the parts that are missing
 };
 
 constexpr std::array notTakenWords{
@@ -163,7 +163,7 @@ constexpr std::array notTakenWords{
     _notTakenWords{vxP::_notTaken::noRoot, u"noRoot", u"stands under none of out/, obj/, img/ and stage/"},
     _notTakenWords{vxP::_notTaken::ruledOut, u"ruledOut", u"its path holds '%1'"},
     _notTakenWords{vxP::_notTaken::noMark, u"noMark",
-                   u"outside out/ a driver is known by a part of its path, and no known one is there"},
+                   u"outside out/ a driver is known by a part of its path, and none is there of %1"},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "input/sceneLine.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <array>
 #include <bitset>
@@ -181,6 +182,13 @@ _sceneLine classify(_text<Char> line) {
     return meaning;
 }
 
+/// "/arnold, /opengl, ..."
+QString joinedMarks() {
+    QStringList parts;
+    for (const _nodeTypeMark& mark : nodeTypeMarks) parts.append(latin(mark.part));
+    return parts.join(QLatin1String{", "});
+}
+
 std::u16string_view wide(const QString& line) {
     return {reinterpret_cast<const char16_t*>(line.utf16()), static_cast<std::size_t>(line.size())};
 }
@@ -207,7 +215,8 @@ _notTakenReason whyNotTaken(const QString& header) {
     for (const _nodeTypeMark& mark : nodeTypeMarks)
         if (!mark.unless.empty() && hasInAnyCase(line, mark.part) && hasInAnyCase(line, mark.unless))
             return {_notTaken::ruledOut, QString(latin(mark.unless))};
-    return {_notTaken::noMark, {}};
+    static const QString allMarks = joinedMarks();
+    return {_notTaken::noMark, allMarks};
 }
 
 }  // namespace vxP

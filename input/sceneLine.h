@@ -41,7 +41,7 @@ enum class _notTaken : quint8 {
 
 struct _notTakenReason {
     _notTaken why;
-    QString part;  ///< the part that says it is none
+    QString part;  ///< the part that says it is none; with `noMark` those of which one would tell a driver
 };
 
 /// @param line  trimmed header of a section that `classifyLine` takes for none

@@ -13,6 +13,11 @@ _explainedScene explainScene(const QString& scene, const _submitterArguments& ar
     return explained;
 }
 
+bool isOwnPlugin(const _pluginInfo& info) {
+    return info.code == vxP::resultSuccess && info.fileFilter == sceneFileFilter() &&
+           info.qtVersion == QLatin1String{qVersion()};
+}
+
 QString sceneFileFilter() {
     return vxP::sceneFileFilter.toString();
 }

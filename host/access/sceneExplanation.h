@@ -5,12 +5,16 @@
 
 #include "host/base/submitterArguments.h"
 #include "host/results/explainedScene.h"
+#include "host/results/pluginInfo.h"
 
 namespace vxH {
 
 /// Loads the scene in this process and explains it.
 /// @param scene  absolute path of at most 500 characters
 _explainedScene explainScene(const QString& scene, const _submitterArguments& arguments);
+
+/// Whether a plug-in that says this of itself is the one that is built into this program, as far as it says.
+bool isOwnPlugin(const _pluginInfo& info);
 
 /// Which files of a folder are scenes: "*.hip;*.hipnc;".
 QString sceneFileFilter();

@@ -70,6 +70,24 @@ QStringView tailOf(QStringView text, int columns) {
     return text.mid(position);
 }
 
+constexpr int leastWrapped = 10;  ///< columns beside an indent
+
+/// Units of the first line of a text that is too long for it. It takes one character at least.
+/// @param laterColumns  in which the next line has room: a word that is longer is broken here
+int lineUnits(const QString& text, int columns, int laterColumns) {
+    const auto fitting = static_cast<int>(headUnits(text, columns));
+    const auto most = std::max(fitting, static_cast<int>(characterAt(text, 0).units));
+    if (most >= text.size() || text[most] == QLatin1Char(' ')) return most;
+    const QString head = text.left(most);
+    const auto wordBegin = static_cast<int>(head.lastIndexOf(QLatin1Char(' '))) + 1;
+    const QString word = text.mid(wordBegin).section(QLatin1Char(' '), 0, 0);
+    const bool hasWords = !head.left(wordBegin).trimmed().isEmpty();
+    const auto folders = static_cast<int>(head.lastIndexOf(QLatin1Char('/'))) + 1;
+    const bool hasFolders = folders > wordBegin + 1;
+    if (hasWords && !(hasFolders && columnsOf(word) > laterColumns)) return wordBegin - 1;
+    return hasFolders ? folders : most;
+}
+
 }  // namespace
 
 QString withoutHarmful(QStringView text, const std::function<QString(QStringView character)>& instead) {
@@ -119,6 +137,29 @@ QString elidePath(QStringView path, int columns) {
     if (head >= 0) return headOf(path, head).toString() + ellipsis + name.toString();
     if (columns <= ellipsisColumns) return tailOf(path, columns).toString();
     return ellipsis + tailOf(path, columns - ellipsisColumns).toString();
+}
+
+QString withoutEndBlanks(QString line) {
+    while (line.endsWith(QLatin1Char(' '))) line.chop(1);
+    return line;
+}
+
+QString filledUp(const QString& text, int columns) {
+    return text + QString(std::max(0, columns - columnsOf(text)), QLatin1Char(' '));
+}
+
+QStringList wrapped(const QString& text, int width, int indent) {
+    QStringList lines;
+    QString rest = text;
+    const QString blanks(width - indent < leastWrapped ? 0 : indent, QLatin1Char(' '));
+    while (width > 0 && columnsOf(rest) > width) {
+        const int units = lineUnits(rest, width, width - static_cast<int>(blanks.size()));
+        lines += withoutEndBlanks(rest.left(units));
+        rest = rest.mid(units).trimmed();
+        if (rest.isEmpty()) return lines;
+        rest.prepend(blanks);
+    }
+    return lines << rest;
 }
 
 QString coloured(const QString& text, QLatin1String colour) {

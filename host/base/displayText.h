@@ -4,6 +4,7 @@
 
 #include <QLatin1String>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 #include <functional>
 
@@ -26,8 +27,19 @@ QString elideMiddle(QStringView text, int columns);
 /// The same for a path, whose last part stays whole as long as it fits; otherwise its end stays.
 QString elidePath(QStringView path, int columns);
 
+/// The text with blanks behind it, so that it takes at least that many columns.
+QString filledUp(const QString& text, int columns);
+
+QString withoutEndBlanks(QString text);
+
+/// A printable text in lines of at most `width` columns, broken at blanks and, where there is none, behind a "/" or
+/// anywhere. All lines but the first are indented. Blanks at the beginning stay.
+/// @param width  0: one line
+QStringList wrapped(const QString& text, int width, int indent);
+
 // Escape sequences that all commands use.
 constexpr QLatin1String headingColour{"\x1b[1m"};
+constexpr QLatin1String markedColour{"\x1b[33m"};    ///< for what somebody should look at
 constexpr QLatin1String driverColour{"\x1b[1;36m"};  ///< for the output drivers of jobs
 
 /// The text in a colour, given as its escape sequence; as it is without one.

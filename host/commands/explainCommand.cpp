@@ -1,7 +1,11 @@
 // vxscene explain
+#include <optional>
+
+#include "explain/readerWords.h"
 #include "host/access/sceneExplanation.h"
 #include "host/commands/allCommands.h"
 #include "host/commands/sceneRun.h"
+#include "host/results/sceneFilter.h"
 #include "host/text/explanationText.h"
 
 namespace vxH {
@@ -9,31 +13,77 @@ namespace {
 
 struct _options {
     _sceneOptions scenes;
-    std::vector<_resultFormat> formats{{"text", paragraphs, explanationText}, jsonFormat(), jsonLinesFormat()};
+    _explanationFilter filter;
+    bool everySection = false;
+    std::vector<_resultFormat> formats{{"text", paragraphs, {}}, jsonFormat(), jsonLinesFormat()};
     const _resultFormat* format = nullptr;
 };
 
+/// `--driver`
+_option driverOption(std::string& pattern) {
+    const auto take = [&pattern](const std::string& value) {
+        pattern = value;
+        return std::string{};
+    };
+    return {{"--driver"}, "Only nodes with such a path or name: '/out/*', 'mantra?'",
+            "PATTERN",    _offered::nothing,
+            {},           false,
+            take};
+}
+
+/// `--reader`
+_option readerOption(std::optional<vxP::_sectionReader>& reader) {
+    std::vector<std::string> names;
+    for (const auto& words : vxE::readerWords) names.emplace_back(words.name.data());
+    const auto choose = [&reader](std::size_t place) { reader = vxE::readerWords[place].reader; };
+    return wordOption("--reader", names, choose, "Only sections that this reader took");
+}
+
+/// `--only`
+_option onlyOption(const _explanationPart*& only) {
+    std::vector<std::string> names;
+    for (const auto& part : explanationParts) names.emplace_back(part.name);
+    return wordOption(
+        "--only", names, [&only](std::size_t place) { only = &explanationParts[place]; }, "Only this part");
+}
+
 int run(const _options& options, const _submitterArguments& submitter) {
-    const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
-    return printScenes(options.scenes, {sceneFileFilter(), explain}, *options.format);
+    const auto explain = [&](const QString& scene) {
+        auto explained = explainScene(scene, submitter);
+        applyFilter(options.filter, explained);
+        return explained;
+    };
+    auto format = *options.format;
+    if (options.format == options.formats.data()) {
+        const bool everySection = options.everySection || options.filter.asksForNodes();
+        format.text = [everySection](const _explainedScene& scene, const _terminal& terminal) {
+            return explanationText(scene, everySection, terminal);
+        };
+    }
+    return printScenes(options.scenes, {sceneFileFilter(), explain}, format);
 }
 
 }  // namespace
 
 _command explainCommand() {
     const auto options = std::make_shared<_options>();
-    _command command{"explain",
-                     "Tell what became of every node that may render, and why; submitter arguments follow \"--\"",
-                     "The readers are those of the plug-in that comes with this program.\n"
-                     "\n"
-                     "Examples:\n"
-                     "  vxscene explain shot010.hip\n"
-                     "  vxscene explain --format json shot010.hip | jq '.[].warnings'\n"
-                     "  vxscene explain --recursive --format jsonl /projects/kettle",
-                     {formatOption(options->formats, options->format, "Text, a JSON list, or one JSON object a line"),
-                      colourOption(options->scenes.colour)},
-                     {},
-                     [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    _command command{
+        "explain",
+        "Tell what became of every node that may render, and why; submitter arguments follow \"--\"",
+        "The readers are those of the plug-in that comes with this program.\n"
+        "\n"
+        "Examples:\n"
+        "  vxscene explain shot010.hip\n"
+        "  vxscene explain --driver 'mantra*' shot010.hip\n"
+        "  vxscene explain --only missing --recursive /projects/kettle\n"
+        "  vxscene explain --format json shot010.hip | jq '.[].warnings'\n"
+        "  vxscene explain --recursive --format jsonl /projects/kettle",
+        {formatOption(options->formats, options->format, "Text, a JSON list, or one JSON object a line"),
+         colourOption(options->scenes.colour),
+         flag("--all", options->everySection, "Show sections that hardly matter, too"),
+         driverOption(options->filter.driver), readerOption(options->filter.reader), onlyOption(options->filter.only)},
+        {},
+        [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);
     return resolving(command);
 }

@@ -11,11 +11,41 @@ namespace {
 
 struct _options {
     std::string plugin;
+    std::string ownPlugin;
     _sceneOptions scenes;
-    std::vector<_resultFormat> formats{{"table", paragraphs, jobText}, jsonFormat(), jsonLinesFormat()};
+    _tableOptions table;
+    std::vector<_resultFormat> formats{{"table", paragraphs, {}}, jsonFormat(), jsonLinesFormat()};
     const _resultFormat* format = nullptr;
+
+    bool printsTable() const { return format == formats.data(); }
 };
 
+/// `--columns`
+_option columnsOption(std::vector<_jobColumn>& columns) {
+    const auto take = [&columns](const std::string& names) {
+        return findJobColumns(QString::fromStdString(names), columns).toStdString();
+    };
+    return {{"--columns"},
+            "Columns of the table, a comma between them: " + usualColumnNames().toStdString() +
+                ", or fields of a job as in JSON",
+            "NAMES",
+            _offered::nothing,
+            {},
+            false,
+            take};
+}
+
+int printJobs(const _options& options, const _submitterArguments& submitter, const _sceneSource& source) {
+    auto format = *options.format;
+    if (options.printsTable()) {
+        format.text = [&](const _explainedScene& scene, const _terminal& terminal) {
+            return jobText(scene, submitter, options.table, terminal);
+        };
+    }
+    return printScenes(options.scenes, source, format);
+}
+
+/// The table needs explanations. The readers that explain are those of the program's own plug-in: one load is enough.
 int run(const _options& options, const _submitterArguments& submitter) {
     const auto path = QString::fromStdString(options.plugin);
     const auto answer = askForInfo({path, options.scenes.timeout});
@@ -23,28 +53,38 @@ int run(const _options& options, const _submitterArguments& submitter) {
     const auto infoProblem = problemOfInfo(answer.info);
     const auto fileFilter = infoProblem.isEmpty() ? answer.info.fileFilter : sceneFileFilter();
     if (!infoProblem.isEmpty()) writeError(QStringLiteral("%1: %2").arg(path, infoProblem));
+    if (options.printsTable() && options.plugin == options.ownPlugin && isOwnPlugin(answer.info)) {
+        const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
+        return printJobs(options, submitter, {fileFilter, explain});
+    }
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
     const auto load = [&](const QString& scene) -> _explainedScene {
-        return {loadScene(plugin.loadSceneFile, scene, submitter), {}};
+        return {loadScene(plugin.loadSceneFile, scene, submitter), {}, {}};
     };
-    return printScenes(options.scenes, {fileFilter, load}, *options.format);
+    return printJobs(options, submitter, {fileFilter, load});
 }
 
 }  // namespace
 
 _command jobsCommand() {
     const auto options = std::make_shared<_options>();
+    const auto plugin = pluginOption(options->plugin);
+    options->ownPlugin = options->plugin;
     _command command{
         "jobs",
         "Print the render jobs of scenes; submitter arguments follow \"--\"",
+        "A \"!\" marks jobs that explain warns of, and odd values.\n"
+        "\n"
         "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
+        "  vxscene jobs --columns driver,frames,output,imageWidth shot010.hip\n"
         "  vxscene jobs --recursive --timeout 60 /projects/kettle\n"
         "  find /projects -name '*.hip' -newer yesterday -print0 | vxscene jobs --format jsonl -\n"
         "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000",
-        {pluginOption(options->plugin),
-         formatOption(options->formats, options->format, "A table, a JSON list, or one JSON object a line"),
-         colourOption(options->scenes.colour)},
+        {plugin, formatOption(options->formats, options->format, "A table, a JSON list, or one JSON object a line"),
+         colourOption(options->scenes.colour),
+         flag("--wide", options->table.isWide, "The table whole, whatever the terminal's width"),
+         columnsOption(options->table.columns)},
         {},
         [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);

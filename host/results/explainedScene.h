@@ -4,19 +4,24 @@
 #include <QJsonObject>
 
 #include "explain/explanation.h"
+#include "host/results/explanationFilter.h"
 #include "host/results/sceneResult.h"
 
 namespace vxH {
 
 struct _explainedScene : _sceneResult {
     vxE::_explanation explanation;  ///< of a scene that was not read: none
+    _explanationFilter filter{};    ///< which entries of it are there
 };
 
-/// The members of sceneJson.h and, of a scene that was read, those of explanationJson.h.
+/// The members of sceneJson.h and, of a scene that was read, those of explanationJson.h that were asked for.
 QJsonObject explainedToJson(const _explainedScene& scene);
 
-/// True for a section that people miss in the job list: a driver or wedge that nothing came of. Nodes that are only
-/// called like a driver, and have nothing else of one, are none.
+/// True for a section that gave no job, and that nobody misses in the job list: what was kept to be used by drivers,
+/// the inner nodes of cameras, and nodes outside out/ that have nothing of a driver but a part of their path.
+bool isAside(const vxE::_explainedSection& section);
+
+/// True for a section that people miss in the job list: nothing came of it, and it is none of those above.
 bool isSkippedDriver(const vxE::_explainedSection& section);
 
 }  // namespace vxH

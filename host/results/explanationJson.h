@@ -13,6 +13,7 @@ constexpr QLatin1String sectionsKey{"sections"};
 constexpr QLatin1String notRecognisedKey{"notRecognised"};
 constexpr QLatin1String warningsKey{"warnings"};
 constexpr QLatin1String leftOutKey{"leftOut"};  ///< only where something was
+constexpr QLatin1String filterKey{"filter"};    ///< only where there is one
 
 /// The members above; none where the scene could not be read.
 QJsonObject explanationToJson(const vxE::_explanation& explanation);

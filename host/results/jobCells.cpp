@@ -1,6 +1,7 @@
 // Cell texts; the caller makes them printable and fits them.
 #include "host/results/jobCells.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 #include <cmath>
 
@@ -56,6 +57,17 @@ QString outputCell(const _job& job, const QString& scene) {
     const QString digits{hasDigits ? job.imagePadding : 0, QLatin1Char('#')};
     QString output = writtenOutFolder(job, scene) + job.imageFileName + digits + job.imageExtension;
     return job.channel.isEmpty() ? output : output.replace(channelMark, job.channel);
+}
+
+bool hasOddFrames(const _job& job) {
+    if (!job.seqFrameSet.isEmpty()) return false;
+    const bool isRange = !(job.seqStart == job.seqEnd);
+    return !std::isfinite(job.seqStart) || !std::isfinite(job.seqEnd) || (isRange && job.seqStep == 0);
+}
+
+bool hasOddOutput(const _job& job) {
+    static const QRegularExpression frameMark(QStringLiteral("%[0-9]*d"));
+    return frameMark.match(job.imageDir).hasMatch() || frameMark.match(job.imageFileName).hasMatch();
 }
 
 QString sizeCell(const _job& job) {

@@ -15,6 +15,10 @@ QString framesCell(const _job& job);
 /// "<SceneFolder>" are written out, and so is "<Channel>" in a job of one take.
 /// @param scene  absolute path
 QString outputCell(const _job& job, const QString& scene);
+/// A range without end, or with a step of 0: no renderer takes it as it is.
+bool hasOddFrames(const _job& job);
+/// A name that still holds "%d" or "%4d": a variable like $FARM was taken for the frame.
+bool hasOddOutput(const _job& job);
 /// "1920x1080"; empty where the camera decides
 QString sizeCell(const _job& job);
 /// Numbers of the jobs it waits for, from 1: "1, 2"; "id 44" where no job before it has that own number

@@ -8,8 +8,10 @@
 
 namespace vxH {
 
-/// The scene's facts, what became of each section, what was not recognised, and warnings. Characters that could steer a
+/// What became of drivers, first those with jobs, then those without; what was not recognised; warnings; and the facts
+/// of the scene, as far as they are asked for. Lines fit the terminal's width. Characters that could steer a
 /// terminal become "?". Nothing for a scene that could not be read: its error says all.
-QString explanationText(const _explainedScene& scene, const _terminal& terminal);
+/// @param everySection  otherwise a line tells how many sections nobody misses (`isAside`) are left out
+QString explanationText(const _explainedScene& scene, bool everySection, const _terminal& terminal);
 
 }  // namespace vxH

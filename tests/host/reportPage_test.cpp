@@ -31,9 +31,10 @@ TEST(ReportData, SkippedAreDriversAndWedgesWithoutAnOutcomeAndSectionsNotRecogni
     using _outcome = vxE::_outcomeKind;
     using _reader = vxP::_sectionReader;
     const std::tuple<const char16_t*, _reader, _outcome, bool> sections[] = {
-        {u"a", _reader::driver, _outcome::jobs, true},  {u"b", _reader::wedge, _outcome::none, false},
-        {u"c", _reader::wedge, _outcome::kept, false},  {u"d", _reader::camera, _outcome::none, true},
-        {u"e", _reader::driver, _outcome::none, false}, {u"f", _reader::driver, _outcome::none, true}};
+        {u"a", _reader::driver, _outcome::jobs, true},      {u"b", _reader::wedge, _outcome::none, false},
+        {u"c", _reader::wedge, _outcome::kept, false},      {u"d", _reader::camera, _outcome::none, true},
+        {u"e", _reader::driver, _outcome::none, false},     {u"f", _reader::driver, _outcome::none, true},
+        {u"/out/h", _reader::driver, _outcome::none, false}};
     _explainedScene scene{};
     scene.explanation.isSceneRead = true;
     for (const auto& [node, reader, outcome, hasFrames] : sections) {
@@ -42,13 +43,14 @@ TEST(ReportData, SkippedAreDriversAndWedgesWithoutAnOutcomeAndSectionsNotRecogni
         section.reader = reader;
         section.outcome = outcome;
         section.hasFrames = hasFrames;
+        section.code = reader == _reader::camera ? QStringLiteral("notACamera") : QStringLiteral("noOutput");
         scene.explanation.sections.append(section);
     }
     scene.explanation.notRecognised.append({QStringLiteral("g"), {}, 0, 0, {}, {}});
     QString nodes;
     const auto skipped = reportSceneFromBytes(toBytes(reportScene(scene))).shown[QLatin1String{"skipped"}].toArray();
     for (const auto& section : skipped) nodes += section.toObject()[QLatin1String{"node"}].toString();
-    EXPECT_EQ(vxTest::plain(nodes), "bfg");
+    EXPECT_EQ(vxTest::plain(nodes), "bf/out/hg");
 }
 
 /// Of few scenes every pair is compared, of many neighbours where that is asked for, and none whose jobs are not known.

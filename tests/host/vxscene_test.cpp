@@ -111,6 +111,11 @@ const _usage usages[] = {
      {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "3"},
      2,
      "no job 3: the scene has 2 jobs"},
+    {"no_such_column",
+     {"jobs", "--columns", "take,tkae", "/noJobs.hip"},
+     2,
+     "\"tkae\" is no column; there are number, "},
+    {"no_such_reader", {"explain", "--reader", "lops", "/noJobs.hip"}, 2, "usdRenderSettings|lop"},
     {"job_0", {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "0"}, 2, "--job"},
     {"no_variables", {"vars", "--plugin", VX_FAKE_PLUGIN, "/%3/cannotOpen.hip", "--job", "1"}, 1, "/%3/cannotOpen"},
 };
@@ -220,6 +225,82 @@ TEST(VxScene, ExplainedSceneHasTheResultOfThePlugin) {
         for (const auto& member : result.keys())
             if (!plain.contains(member)) result.remove(member);
         EXPECT_EQ(plain, result) << textOf(result, "scene").toStdString();
+    }
+}
+
+/// What is asked for is all that is there, as text and as JSON; jobs keep their numbers.
+TEST(VxScene, ExplanationHoldsWhatIsAskedFor) {
+    const auto unfinished = (fs::path(VX_EXAMPLE_SCENE).parent_path() / "turntable_unfinished.hip").native();
+    struct _row {
+        std::vector<std::string> options;
+        const char* members;  // with their counts
+        const char* shown;    // in the text; two with "|" between them
+        const char* notShown;
+    };
+    const _row rows[] = {
+        {{"--driver", "kettle_*"},
+         "sections 2 notRecognised 0 warnings 3",
+         "/out/kettle_alembic|P:/publish",
+         "/out/beauty"},
+        {{"--driver", "/obj/*"}, "sections 6 notRecognised 1 warnings 2", "/rop_fbx1|/rop_comp", "/out/"},
+        {{"--reader", "wedge"},
+         "sections 1 notRecognised 0 warnings 1",
+         "wedge names no driver|not repeated",
+         "frames\n"},
+        {{"--reader", "camera"}, "sections 5 notRecognised 0 warnings 0", "others:|/obj/cam1", "not shown"},
+        {{"--only", "missing"}, "sections 5 notRecognised 1", "/out/preview|vm_picture: ip", "job 1 "},
+        {{"--only", "warnings"}, "warnings 13", "$FARM|warnings", "/out/preview"},
+        {{"--only", "facts"}, "facts 9", "cameras|closeup", "warnings"},
+        {{"--driver", "nosuch", "--only", "jobs"}, "sections 0", "nothing of|what was asked for", "/out/"},
+        {{},
+         "facts 9 sections 18 notRecognised 1 warnings 13",
+         "not shown (--all shows them): 5 sections|takes",
+         "others"},
+    };
+    for (auto [options, members, shown, notShown] : rows) {
+        options.insert(options.begin(), {"explain", unfinished});
+        const auto text = run(VX_SCENE_PROGRAM, options).out;
+        for (const auto& part : QByteArray{shown}.split('|')) EXPECT_TRUE(text.contains(part)) << text.constData();
+        EXPECT_FALSE(text.contains(notShown)) << text.constData();
+        options.insert(options.end(), {"--format", "json"});
+        const auto scene = parsedList(run(VX_SCENE_PROGRAM, options))[0].toObject();
+        EXPECT_EQ(scene.contains(QLatin1String{"filter"}), options.size() > 4);
+        EXPECT_EQ(scene[QLatin1String{"jobs"}].toArray().size(), 13);
+        QStringList counts;
+        for (const auto* name : {"facts", "sections", "notRecognised", "warnings"}) {
+            const auto value = scene[QLatin1String{name}];
+            const auto count = value.isObject() ? value.toObject().size() : value.toArray().size();
+            if (!value.isUndefined()) counts += QStringLiteral("%1 %2").arg(QLatin1String{name}).arg(count);
+        }
+        EXPECT_EQ(counts.join(QLatin1Char(' ')).toStdString(), members) << options[2];
+    }
+}
+
+/// The table has the plug-in's jobs, and beside them what only explanations know.
+TEST(VxScene, TableMarksWhatIsWarnedOf) {
+    const auto unfinished = (fs::path(VX_EXAMPLE_SCENE).parent_path() / "turntable_unfinished.hip").native();
+    const auto marked = run(VX_SCENE_PROGRAM, {"jobs", unfinished}).out;
+    const std::string copy = VX_LIBRARY_FOLDER "/../bin/lx_vxSceneParserHoudini64.so";  // another name of the same file
+    const auto plain = run(VX_SCENE_PROGRAM, {"jobs", "--plugin", copy, unfinished}).out;
+    EXPECT_TRUE(marked.contains("\n 1! ") && marked.contains("!1001-1100 x0") && marked.contains("!%dARM/"));
+    EXPECT_TRUE(plain.contains("\n 1 ") && plain.contains("!1001-1100 x0")) << plain.constData();
+    EXPECT_TRUE(marked.endsWith("13 warnings (!), 5 drivers without a job, 1 not recognised: vxscene explain " +
+                                QByteArray::fromStdString(unfinished) + '\n'))
+        << marked.constData();
+    EXPECT_EQ(plain.count('\n') + 1, marked.count('\n'));
+}
+
+/// Every line of it, on terminals of several widths.
+TEST(VxScene, ExplanationFitsTheTerminal) {
+    const auto unfinished = (fs::path(VX_EXAMPLE_SCENE).parent_path() / "turntable_unfinished.hip").native();
+    for (const int width : {40, 60, 80, 120}) {
+        const auto line =
+            "stty cols " + std::to_string(width) + "; NO_COLOR=1 '" VX_SCENE_PROGRAM "' explain '" + unfinished + "'";
+        auto lines =
+            QString::fromUtf8(run("/usr/bin/script", {"-qec", line, "/dev/null"}).out).split(QStringLiteral("\r\n"));
+        lines.removeFirst();  // the scene's path
+        EXPECT_GT(lines.size(), 60);
+        for (const auto& text : lines) EXPECT_LE(text.size(), width) << text.toStdString();
     }
 }
 

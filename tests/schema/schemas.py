@@ -76,7 +76,9 @@ def argument_lists(command, made):
         return [[], ["--plugin", FAKE_PLUGIN]]
     if count == 2:  # each scene once as the old one, once as the new one
         return [[made[0], scene] for scene in made] + [["--plugin", FAKE_PLUGIN, fake[0], scene] for scene in fake]
-    return [[scene] for scene in made] + [["--plugin", FAKE_PLUGIN, scene] for scene in fake]
+    filters = [["--only", "missing"], ["--driver", "*a*", "--reader", "driver"]] if command == "explain" else []
+    filtered = [[*options, UNFINISHED] for options in filters]
+    return [[scene] for scene in made] + filtered + [["--plugin", FAKE_PLUGIN, scene] for scene in fake]
 
 
 def objects_in(schema, path="#"):
