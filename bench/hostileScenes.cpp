@@ -1,19 +1,12 @@
-// What the worst scenes cost: each row is a scene written to take long or to take memory. A load may take a second and
-// one more for each 100 MB, of the processor (shown: its own and the kernel's), and 64 MB beside the job records.
-// Usage: hostileScenes [MEGABYTES=100 [ROW]]
-#include <unistd.h>
+#include "bench/hostileScenes.h"
 
-#include <array>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <string>
 
-#include "bench/measurement.h"
-#include "plugin/vxSceneParserHoudini.h"
+namespace vxBench {
 
 namespace {
-
-using namespace vxBench;
 
 std::string value(const std::string& name, const std::string& text) {
     return name + "\t[ 0\tlocks=0 ]\t(\t" + text + "\t)\n";
@@ -49,66 +42,6 @@ std::string wedge(const std::string& lines) {
     return section("out/wedge1", value("driver", "/out/a") + value("wedgemethod", "channel") + lines);
 }
 
-/// A scene: a beginning, a text repeated up to the size with its number in place of "@", and an end.
-struct _hostileScene {
-    const char* name;
-    std::string begin;
-    std::string repeated;
-    std::string end;
-};
-
-auto scenes() {
-    const std::string open = "out/a.parm {\n";
-    const std::string longText(30000, '$');
-    const std::string longLine(500000, '/');
-    std::string nested;
-    for (int i = 0; i < 150; ++i) nested += "$WEDG";
-    for (int i = 0; i < 150; ++i) nested += 'E';
-    return std::array{
-        _hostileScene{"variables", "", "set -g V@ = 'value@'\n", driver("a", passes("$V7/$V8"))},
-        _hostileScene{"variables of one name", "", "set -g A = '$A'\n", manyDrivers(passes("$A"))},
-        _hostileScene{"variables in a chain", "", "set -g V@ = '$V$A@'\n", manyDrivers(passes("$V1"))},
-        _hostileScene{"long variables", "", "set -g V@ = '" + longText + "'\n", manyDrivers(passes("$V1$V2"))},
-        _hostileScene{"variables that double", times(40, "set -g A = '$A$A'\n"), "", manyDrivers(passes("$A"))},
-        _hostileScene{"JOB variables", "", "set -g JOB = '@'\n", manyDrivers("")},
-        _hostileScene{"takes", driver("a", ""), "take name t@ 0\n", ""},
-        _hostileScene{"frame ranges", "", "frange 1 2\n", ""},
-        _hostileScene{"headers that open nothing", "", "x.parm\n", ""},
-        _hostileScene{"headers without a mark", "", longLine + "stage/.parm {\n}\n", ""},
-        _hostileScene{"headers of ruled-out marks", "", times(80000, "/karma") + "stage/renderproper.parm {\n}\n", ""},
-        _hostileScene{"headers beyond ASCII", "", "out/\xc3\xa9.parm {\n}\n", ""},
-        _hostileScene{"carriage returns", "", "out/\r.parm\r{\r\n}\n", ""},
-        _hostileScene{"empty drivers", "", "out/.parm {\n}\n", ""},
-        _hostileScene{"cameras and drivers", "",
-                      section("obj/cam@", value("res", "1\t2")) + section("out/d@", value("camera", "/obj/cam@")), ""},
-        _hostileScene{"cameras of one driver", open, value("camera", "/obj/cam@"), "}\n"},
-        _hostileScene{"LOP nodes", "", section("stage/hdprman@", value("picture", "/i/@")), ""},
-        _hostileScene{"USD settings", "", section("stage/rendersettings@", value("camera", "/c@")), ""},
-        _hostileScene{"one camera for all", "", section("out/d@", value("camera", "/obj/cam")), ""},
-        _hostileScene{"parameters of 8 bytes", open, "take\t(a\n", "}\n"},
-        _hostileScene{"output names", open, "vm_picture\t($F\n", "}\n"},
-        _hostileScene{"long output names", open, value("vm_picture", longText), "}\n"},
-        _hostileScene{"very long output names", open, value("vm_picture", longLine), "}\n"},
-        _hostileScene{"output names put together", open, "RS_outputFileNamePrefix\t(abc\n", "}\n"},
-        _hostileScene{"formats put together", open, "RS_outputFileFormat\t(@\n", "}\n"},
-        _hostileScene{"one-character lines", "", "x\n", ""},
-        _hostileScene{"one-character lines in a section", open, "x\n", "}\n"},
-        _hostileScene{"lines beyond ASCII in a section", open, "\xff\n", "}\n"},
-        _hostileScene{"pass tokens", "",
-                      section("out/r@", value("RS_outputFileNamePrefix", "/a") +
-                                            value("RS_aovCustomPrefix_1", times(7000, "$AOV")) +
-                                            value("RS_aovSuffix_1", longText)),
-                      ""},
-        _hostileScene{"wedges with one late channel", "", wedge(value("name10000", "a")), ""},
-        _hostileScene{"wedges", driver("a", ""), wedge(channels(1, "a", "1")), ""},
-        _hostileScene{"wedge of 10000 channels", driver("a", ""), "", wedge(channels(10000, "a", "16000"))},
-        _hostileScene{"wedge of long channels", driver("a", ""), "", wedge(channels(9000, longText, "2"))},
-        _hostileScene{"wedge of 16000 variants", driver("a", ""), "", wedge(channels(1, "a", "16000"))},
-        _hostileScene{"nested wedge placeholders", driver("a", passes("$WEDGE")), "",
-                      wedge(value("prefix", nested) + channels(1, "a", "16000"))},
-    };
-}
-
 std::string numbered(const std::string& text, std::size_t number) {
     std::string result;
     for (const char character : text)
@@ -119,8 +52,77 @@ std::string numbered(const std::string& text, std::size_t number) {
     return result;
 }
 
-/// @return bytes written
-std::size_t write(const _hostileScene& scene, std::size_t bytes, const std::string& path) {
+}  // namespace
+
+std::vector<_hostileScene> hostileScenes(int most) {
+    const std::string open = "out/a.parm {\n";
+    const std::string manySteps = std::to_string(most);
+    const std::string longText(30000, '$');
+    const std::string strange = value("trange", "on") + value("file", "a");
+    std::string unknowns;
+    for (char a = 'a'; a <= 'z'; ++a)
+        for (char b = 'a'; b <= 'z'; ++b) unknowns += std::string("$") + a + b;
+    const std::string longLine(500000, '/');
+    std::string nested;
+    for (int i = 0; i < 150; ++i) nested += "$WEDG";
+    for (int i = 0; i < 150; ++i) nested += 'E';
+    return {
+        {"variables", 1, 1, "", "set -g V@ = 'value@'\n", driver("a", passes("$V7/$V8"))},
+        {"variables of one name", 6, 1, "", "set -g A = '$A'\n", manyDrivers(passes("$A"))},
+        {"variables in a chain", 1, 250, "", "set -g V@ = '$V$A@'\n", manyDrivers(passes("$V1"))},
+        {"long variables", 6, 19, "", "set -g V@ = '" + longText + "'\n", manyDrivers(passes("$V1$V2"))},
+        {"variables that double", 6, 1, times(40, "set -g A = '$A$A'\n"), "", manyDrivers(passes("$A"))},
+        {"JOB variables", 6, 250, "", "set -g JOB = '@'\n", manyDrivers("")},
+        {"takes", 1, 0, "", "take name t@ 0\n", ""},
+        {"frame ranges", 1, 0, "", "frange 1 2\n", ""},
+        {"headers that open nothing", 1, 0, "", "x.parm\n", ""},
+        {"headers without a mark", 1, 0, "", longLine + "stage/.parm {\n}\n", ""},
+        {"headers of ruled-out marks", 1, 0, "", times(80000, "/karma") + "stage/renderproper.parm {\n}\n", ""},
+        {"headers beyond ASCII", 25, 0, "", "out/\xc3\xa9.parm {\n}\n", ""},
+        {"carriage returns", 25, 0, "", "out/\r.parm\r{\r\n}\n", ""},
+        {"empty drivers", 25, 0, "", "out/.parm {\n}\n", ""},
+        {"cameras and drivers", 25, 0, "",
+         section("obj/cam@", value("res", "1\t2")) + section("out/d@", value("camera", "/obj/cam@")), ""},
+        {"cameras of one driver", 25, 0, open, value("camera", "/obj/cam@"), "}\n"},
+        {"LOP nodes", 1, 0, "", section("stage/hdprman@", value("picture", "/i/@")), ""},
+        {"USD settings", 1, 0, "", section("stage/rendersettings@", value("camera", "/c@")), ""},
+        {"one camera for all", 25, 0, "", section("out/d@", value("camera", "/obj/cam")), ""},
+        {"parameters of 8 bytes", 25, 0, open, "take\t(a\n", "}\n"},
+        {"output names", 1, 1, open, "vm_picture\t($F\n", "}\n"},
+        {"long output names", 1, 1, open, value("vm_picture", longText), "}\n"},
+        {"very long output names", 1, 1, open, value("vm_picture", longLine), "}\n"},
+        {"output names put together", 1, 1, open, "RS_outputFileNamePrefix\t(abc\n", "}\n"},
+        {"formats put together", 1, 1, open, "RS_outputFileFormat\t(@\n", "}\n"},
+        {"one-character lines", 1, 0, "", "x\n", ""},
+        {"one-character lines in a section", 25, 0, open, "x\n", "}\n"},
+        {"lines beyond ASCII in a section", 25, 0, open, "\xff\n", "}\n"},
+        {"pass tokens", 1, 18, "",
+         section("out/r@", value("RS_outputFileNamePrefix", "/a") + value("RS_aovCustomPrefix_1", times(7000, "$AOV")) +
+                               value("RS_aovSuffix_1", longText)),
+         ""},
+        {"wedges with one late channel", 1, 0, "", wedge(value("name10000", "a")), ""},
+        {"wedges", 1, 0, "", wedge(channels(1, "a", "1")), ""},
+        {"wedge of 10000 channels", 1, 301, driver("a", ""), "", wedge(channels(10000, "a", manySteps))},
+        {"wedge of long channels", 1, 3, driver("a", ""), "", wedge(channels(std::min(most, 9000), longText, "2"))},
+        {"wedge of many variants", 1, 301, driver("a", ""), "", wedge(channels(1, "a", manySteps))},
+        {"wedge placeholders in each other", 6, 301, driver("a", passes("$WEDGE")), "",
+         wedge(value("prefix", nested) + channels(1, "a", manySteps))},
+        // What takes long to explain.
+        {"drivers without a name", 25, 0, "", section("out/@", "trange\n"), ""},
+        {"drivers of many names", 25, 0, "", section("out/@", times(200, value("vm_picture", "chs(@)"))), ""},
+        {"drivers that nobody knows", 1, 0, "", section("x@", strange), ""},
+        {"the same with long paths", 1, 0, "", section(times(650, "/karma"), strange), ""},
+        {"entries of channels", 1, 0, "", "a@.chn {\n}\n", ""},
+        {"long expressions", 25, 0, "",
+         "out/a@.chn {\nchannel f1 {\nexpr = " + times(650, "$FSTAR") + "\n}\n}\n" + section("out/a@", "f\t\n"), ""},
+        {"empty lines", 1, 0, "", "\n", ""},
+        {"undefined variables", 1, 250, manyDrivers(passes(unknowns)), "", ""},
+        {"variants of undefined variables", 1, 301, driver("a", passes(unknowns)), "",
+         wedge(channels(1, "a", manySteps))},
+    };
+}
+
+std::size_t writeHostileScene(const _hostileScene& scene, std::size_t bytes, const std::string& path) {
     std::FILE* const file = std::fopen(path.c_str(), "wb");
     std::size_t written = 0;
     const auto put = [&](const std::string& text) { written += std::fwrite(text.data(), 1, text.size(), file); };
@@ -132,31 +134,4 @@ std::size_t write(const _hostileScene& scene, std::size_t bytes, const std::stri
     return written;
 }
 
-constexpr double secondsOfAnyScene = 1;
-constexpr double bytesPerSecond = 100e6;
-constexpr long kilobytesBesideRecords = 64 * 1024;
-
-void report(const _hostileScene& scene, std::size_t bytes, const std::string& path) {
-    const std::size_t written = write(scene, bytes, path);
-    const _measurement load = measuredLoad(path, 0, [](auto& record) { return pLoadSceneFile(&record); });
-    const double allowed = secondsOfAnyScene + static_cast<double>(written) / bytesPerSecond;
-    const long kilobytes = load.peakKilobytes - static_cast<long>(vxJ::largePathRecordSize / 1024) * load.records;
-    const double seconds = load.ownSeconds + load.kernelSeconds;
-    std::printf("%-34s %6.1f MB %6.3f + %6.3f s of %5.2f %-6s %6ld KB %-6s code %2d, %d jobs\n", scene.name,
-                static_cast<double>(written) / 1e6, load.ownSeconds, load.kernelSeconds, allowed,
-                seconds <= allowed ? "ok" : "SLOW", kilobytes, kilobytes <= kilobytesBesideRecords ? "ok" : "LARGE",
-                load.code, load.jobs);
-    std::fflush(stdout);
-}
-
-}  // namespace
-
-int main(int count, char** arguments) {
-    const auto bytes = static_cast<std::size_t>(count > 1 ? std::atoll(arguments[1]) : 100) * 1000000;
-    const std::string wanted = count > 2 ? arguments[2] : "";
-    const std::string path = "/tmp/hostileScenes-" + std::to_string(getpid()) + ".hip";
-    for (const auto& scene : scenes())
-        if (wanted.empty() || wanted == scene.name) report(scene, bytes, path);
-    unlink(path.c_str());
-    return 0;
-}
+}  // namespace vxBench

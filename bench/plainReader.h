@@ -1,4 +1,4 @@
-// A driver reader without any art, for Mantra drivers: every parameter name tried in turn, every variable searched for.
+// A driver reader done the plain way, for Mantra drivers: tries every name in turn, searches for every variable.
 #pragma once
 
 #include <QTextStream>

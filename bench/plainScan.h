@@ -1,4 +1,4 @@
-// The scan as it would be without any art: the baseline of the benchmarks.
+// The scan done the plain way: the baseline of the benchmarks.
 #pragma once
 
 #include <QString>

@@ -77,9 +77,13 @@ qint32 _camList::findCamIndexByRenderNode(const QString& renderNode) const {
 void _camList::addCam(_camNode& node) {
     for (const QLatin1String mark : notACamera) {
         if (!node.camName.contains(vxS::viewOf(mark))) continue;
-        tell(_remark::notACamera, mark);
+        tellOfSection(_remark::notACamera, mark);
         return;
     }
+    keepCam(node);
+}
+
+void _camList::keepCam(const _camNode& node) {
     _camNode& stored = cameras[indexOfCamera(node.camName)];
     stored.resX = node.resX;
     stored.resY = node.resY;
@@ -95,9 +99,13 @@ void _camList::addCamFromOutNode(_vxString8_allSize<150> name, const QString& re
 }
 
 qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    return readCamNode({nodePathOf(line, objectRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 readCamNode(const _sectionNode& known, QTextStream& stream, QString& line) {
     _camNode node;
-    node.camName = QStringView{nodePathOf(line, objectRoots, _unendedPath::isEmpty)};
-    node.isStereo = node.camName.contains(stereoMark);
+    node.camName = QStringView{known.path};
+    node.isStereo = known.traits == nullptr ? node.camName.contains(stereoMark) : known.traits->isStereo;
     if (scanObserver != nullptr) tellReader(_sectionReader::camera, node.camName.toQString());
     return readSection(
         stream, line,
@@ -106,7 +114,10 @@ qint32 loadCamNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QStri
             return _step::next;
         },
         [&] {
-            camList.addCam(node);
+            if (known.traits == nullptr)
+                camList.addCam(node);
+            else
+                camList.keepCam(node);
             return resultSuccess;
         });
 }

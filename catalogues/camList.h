@@ -7,6 +7,7 @@
 #include <span>
 
 #include "catalogues/listIndex.h"
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 #include "shared/vxString8.h"
 
@@ -33,6 +34,8 @@ class _camList {
     /// Stores name, resolution and stereo mark of a camera section; drivers reported before stay attached. A helper
     /// node of a camera rig ("xform", "camOrigin", "file" or "constraints" in its path) is not a camera.
     void addCam(_camNode& node);
+    /// The same for a node that is known to be a camera.
+    void keepCam(const _camNode& node);
     /// Notes that a driver renders through a camera.
     void addCamFromOutNode(_vxString8_allSize<150> name, const QString& renderNode);
 
@@ -58,6 +61,8 @@ std::span<const QLatin1String> cameraParameters();
 /// @param[in,out] line  in: the section's header; out: the last line read
 /// @return resultSuccess
 qint32 loadCamNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
+/// The same for a node that is known: one of a camera's type is a camera, whatever it is called.
+qint32 readCamNode(const _sectionNode& known, QTextStream& stream, QString& line);
 
 }  // namespace vxP
 

@@ -67,8 +67,12 @@ qint32 _LOPList::addLOPFromOutNode(QString name, const QString& renderNode) {
 }
 
 qint32 loadLOPNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    return readLOPNode({nodePathOf(line, outputRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 readLOPNode(const _sectionNode& known, QTextStream& stream, QString& line) {
     _LOPNode node;
-    node.lopName = nodePathOf(line, outputRoots, _unendedPath::isEmpty);
+    node.lopName = known.path;
     tellReader(_sectionReader::lop, node.lopName);
     bool noFrameVariable = false;
     return readSection(

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "catalogues/listIndex.h"
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
@@ -56,6 +57,8 @@ std::span<const QLatin1String> lopParameters();
 /// @param[in,out] line  in: the section's header; out: the last line read
 /// @return resultSuccess
 qint32 loadLOPNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
+/// The same for a node that is known.
+qint32 readLOPNode(const _sectionNode& known, QTextStream& stream, QString& line);
 
 }  // namespace vxP
 

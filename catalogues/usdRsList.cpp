@@ -132,8 +132,12 @@ qint32 _USD_RSList::add(_USD_RendersettingNode& node) {
 }
 
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line) {
+    return read_USD_RS_Node(load, {nodePathOf(line, outputRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 read_USD_RS_Node(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTextStream& stream, QString& line) {
     _USD_RendersettingNode node;
-    node.lopName = nodePathOf(line, outputRoots, _unendedPath::isEmpty);
+    node.lopName = known.path;
     tellReader(_sectionReader::usdRenderSettings, node.lopName);
     return readSection(
         stream, line,

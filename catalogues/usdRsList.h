@@ -7,6 +7,7 @@
 #include <span>
 
 #include "catalogues/listIndex.h"
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
@@ -51,6 +52,8 @@ std::span<const QLatin1String> usdRsParameters();
 /// @param[in,out] line  in: the section's header; out: the last line read
 /// @return resultSuccess, or resultNoMoreJobs when the array has no record for one of its jobs
 qint32 load_USD_RS_Node(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
+/// The same for a node that is known.
+qint32 read_USD_RS_Node(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTextStream& stream, QString& line);
 
 }  // namespace vxP
 

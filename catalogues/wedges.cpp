@@ -17,6 +17,7 @@ namespace {
 
 constexpr QLatin1String channelMethod{"channel"};
 constexpr QLatin1String parentFolder{"../"};
+constexpr QLatin1String stepsName{"steps"};
 
 /// A scene never has more channels.
 constexpr int greatestInstance = 10000;
@@ -83,7 +84,7 @@ _step readSteps(_wedgeSection& section, const QString& rest) {
     _wedgeParams* const channel = channelOf(section, instance);
     if (channel == nullptr) return _step::next;
     channel->steps = vxS::wholeNumber(unquoted(rest), &isNumber);
-    if (!isNumber) tell(_remark::stepsUnknown);
+    if (!isNumber && scanObserver != nullptr) tell(_remark::stepsUnknown, stepsName + rest);
     return _step::next;
 }
 
@@ -108,9 +109,12 @@ struct _wedgeRule {
 
 constexpr std::array wedgeRules{
     // first match wins
-    _wedgeRule{QLatin1String{"prefix\t"}, readPrefix},      _wedgeRule{QLatin1String{"driver\t"}, readDriver},
-    _wedgeRule{QLatin1String{"wedgemethod\t"}, readMethod}, _wedgeRule{QLatin1String{"name"}, readName, true},
-    _wedgeRule{QLatin1String{"steps"}, readSteps, true},    _wedgeRule{QLatin1String{"range"}, readRange, true},
+    _wedgeRule{QLatin1String{"prefix\t"}, readPrefix},
+    _wedgeRule{QLatin1String{"driver\t"}, readDriver},
+    _wedgeRule{QLatin1String{"wedgemethod\t"}, readMethod},
+    _wedgeRule{QLatin1String{"name"}, readName, true},
+    _wedgeRule{stepsName, readSteps, true},
+    _wedgeRule{QLatin1String{"range"}, readRange, true},
 };
 
 constexpr auto wedgeNames = ruleNames(wedgeRules);
@@ -124,7 +128,7 @@ _step applyWedgeRules(_wedgeSection& section, const QString& line) {
 /// Channels that were left out have no steps, so that there is no variant: such a wedge goes without channels.
 void takeChannels(_wedgeSection& section) {
     const bool noneLeftOut = static_cast<int>(section.channels.size()) == section.channels.rbegin()->first;
-    if (!noneLeftOut) tell(_remark::channelsLeftOut);
+    if (!noneLeftOut) tellOfSection(_remark::channelsLeftOut);
     for (auto channel = section.channels.begin(); noneLeftOut && channel != section.channels.end(); ++channel)
         section.node.params.append(channel->second);
 }
@@ -141,9 +145,9 @@ bool isComplete(_wedgeNode& node) {
     const bool hasDriver = !node.driver.isEmpty();
     const bool hasVariants = node.totalWedges() >= 1;
     const bool variesChannels = node.wedgeMethod.compare(channelMethod, Qt::CaseInsensitive) == 0;
-    if (!hasDriver) tell(_remark::wedgeWithoutDriver);
-    if (!hasVariants) tell(_remark::wedgeWithoutVariants);
-    if (!variesChannels) tell(_remark::wedgeOfOtherMethod, node.wedgeMethod);
+    if (!hasDriver) tellOfSection(_remark::wedgeWithoutDriver);
+    if (!hasVariants) tellOfSection(_remark::wedgeWithoutVariants);
+    if (!variesChannels) tellOfSection(_remark::wedgeOfOtherMethod, node.wedgeMethod);
     return hasDriver && hasVariants && variesChannels;
 }
 
@@ -191,8 +195,12 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
 }
 
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* /*load*/, QTextStream& stream, QString& line) {
+    return readWedgeNode({nodePathOf(line, objectRoots, _unendedPath::isEmpty)}, stream, line);
+}
+
+qint32 readWedgeNode(const _sectionNode& known, QTextStream& stream, QString& line) {
     _wedgeSection section;
-    section.node.nodePath = nodePathOf(line, objectRoots, _unendedPath::isEmpty);
+    section.node.nodePath = known.path;
     tellReader(_sectionReader::wedge, section.node.nodePath);
     const qint32 result = readSection(
         stream, line, [&](const QString& parameter) { return applyWedgeRules(section, parameter); },

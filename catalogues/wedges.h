@@ -6,6 +6,7 @@
 #include <QTextStream>
 #include <span>
 
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
@@ -49,6 +50,8 @@ std::span<const QLatin1String> wedgeParameters();
 /// @param[in,out] line  in: the section's header; out: the last line read
 /// @return resultSuccess
 qint32 loadWedgeNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line);
+/// The same for a node that is known.
+qint32 readWedgeNode(const _sectionNode& known, QTextStream& stream, QString& line);
 
 }  // namespace vxP
 

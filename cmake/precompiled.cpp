@@ -1,1 +1,1 @@
-// Nothing but the headers that are parsed in front of it.
+// Holds nothing: it is there for the headers that are parsed before it.

@@ -3,8 +3,9 @@
 set(VX_QT_MAJOR 6 CACHE STRING "Qt to build with: 6, or 5 for Qt 5.15")
 option(VX_BUILD_BENCHMARKS "Build the benchmarks in bench/" OFF)
 option(VX_BUILD_FUZZERS "Build the fuzz targets in fuzz/, with clang" OFF)
-
 option(VX_PRECOMPILE "Parse Qt's headers once for all sources; scripts/tidy tells whether all include what they use" ON)
+# Off for users and packagers: a newer compiler's new warning must not break their build.
+option(VX_WERROR "A compiler's warning fails the build, as in the developers' presets and in CI" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -27,14 +28,17 @@ else()
   find_package(Qt6 6.2 REQUIRED COMPONENTS Core)
 endif()
 
+# Warnings of C and C++ alike.
+add_library(vxWarnings INTERFACE)
+target_compile_options(vxWarnings INTERFACE -Wall -Wextra -Wconversion -Wshadow $<$<BOOL:${VX_WERROR}>:-Werror>)
+
 add_library(vxBuild INTERFACE)
-target_compile_options(vxBuild INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 target_compile_definitions(vxBuild INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
-target_link_libraries(vxBuild INTERFACE Qt${VX_QT_MAJOR}::Core)
-# Qt's CMake files ask for -fPIC themselves; the unique-symbol extension would keep a closed plug-in loaded.
+target_link_libraries(vxBuild INTERFACE vxWarnings Qt${VX_QT_MAJOR}::Core)
+# Unique symbols would keep a closed plug-in loaded. Qt's CMake files ask for -fPIC themselves.
 target_compile_options(vxBuild INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
 
-# What a host loads: all references are bound and sealed at load time, and no code is written to or lies in data.
+# What a host loads: all references are bound and sealed at load time, no code is written to, no stack executable.
 add_library(vxLoaded INTERFACE)
 target_link_options(vxLoaded INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack,-z,text -Wl,--no-undefined,--as-needed)
 if(VX_BUILD_FUZZERS)
@@ -42,8 +46,8 @@ if(VX_BUILD_FUZZERS)
   target_link_options(vxLoaded INTERFACE -Wl,-z,undefs)
 endif()
 
-# Lets all targets below a folder that are compiled alike use the same parsed headers. Not the tests: GCC 12 then takes
-# copies of texts in them for endless ones.
+# Lets all targets below a folder that are compiled alike share the same parsed headers. Not the tests: GCC 12 then
+# warns that copies of texts in them have no end.
 function(vx_precompile folder)
   if(folder STREQUAL "${CMAKE_SOURCE_DIR}/tests")
     return()

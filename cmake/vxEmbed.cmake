@@ -1,5 +1,5 @@
-# Text files as a constant of the program: vx_embed(target name header files...) adds a source to the target that defines
-# the std::string_view `name`, declared in `header`, as the files' texts one behind the other.
+# Text files as a constant of the program: vx_embed(target name header files...) adds a source to the target. It defines
+# the std::string_view `name`, declared in `header`, as the texts of the files, one after the other.
 # This file is also the script that writes the source: cmake -P vxEmbed.cmake SOURCE NAME HEADER FILE...
 function(vx_embed target name header)
   list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE files)

@@ -1,6 +1,6 @@
-# Where things stand once they are installed. Every path from one to another is relative: the whole may be moved.
+# Where things are once they are installed. Every path from one to another is relative, so that the whole may be moved.
 
-# Debian's folder of libraries under every prefix, so that what is built for one can be packaged as well.
+# Debian's folder of libraries under every prefix, so that what is built for one prefix can be packaged as well.
 if(CMAKE_LIBRARY_ARCHITECTURE)
   set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Folder of libraries")
 endif()
@@ -21,7 +21,7 @@ cmake_path(RELATIVE_PATH pluginFolder BASE_DIRECTORY ${binFolder} OUTPUT_VARIABL
 # the build and where a host keeps all in one folder, or in the folder of libraries; and Qt, where the system does not.
 function(vx_find_libraries_from target folder)
   cmake_path(RELATIVE_PATH libFolder BASE_DIRECTORY ${folder} OUTPUT_VARIABLE way)
-  # The same in the build: a list that is changed later is filled up with empty names, which mean the current folder.
+  # The same in the build: CMake would pad a list that it changes later with empty names, which mean the current folder.
   set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${way}" INSTALL_RPATH_USE_LINK_PATH ON
                         BUILD_WITH_INSTALL_RPATH ON)
 endfunction()

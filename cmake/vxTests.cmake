@@ -1,4 +1,4 @@
-# One call makes a test executable and tells ctest of every case in it.
+# One call makes a test program and tells ctest about every case in it.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 

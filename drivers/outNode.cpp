@@ -19,18 +19,24 @@ void restartFrameRange() {
     seqStep = GLseqStep;
 }
 
-void passOver(const QString& header) {
+void passOver(const QString& nodePath) {
     if (scanObserver == nullptr) return;
-    scanObserver->readerTakes(_sectionReader::driver, nodePathOf(header, outputRoots, _unendedPath::isWhole));
-    scanObserver->remark(_remark::passedOver, QString::number(mostJobsBefore));
+    scanObserver->readerTakes(_sectionReader::driver, nodePath);
+    tellOfSection(_remark::passedOver, QString::number(mostJobsBefore));
 }
 
 }  // namespace
 
 qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line, bool& activeTakeUsed,
                    const int& majorVersion, const QString& versionText) {
+    return readOutNode(load, {nodePathOf(line, outputRoots, _unendedPath::isWhole)}, stream, line, activeTakeUsed,
+                       majorVersion, versionText);
+}
+
+qint32 readOutNode(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTextStream& stream, QString& line,
+                   bool& activeTakeUsed, const int& majorVersion, const QString& versionText) {
     if (load->jobArray->count > mostJobsBefore) {
-        passOver(line);
+        passOver(known.path);
         return resultSuccess;
     }
     restartFrameRange();
@@ -38,7 +44,8 @@ qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& 
                    .activeTakeUsed = activeTakeUsed,
                    .majorVersion = majorVersion,
                    .versionText = versionText,
-                   .nodePath = nodePathOf(line, outputRoots, _unendedPath::isWhole)};
+                   .nodePath = known.path,
+                   .traits = known.traits};
     tellReader(_sectionReader::driver, driver.nodePath);
     return readSection(
         stream, line, [&](const QString& parameter) { return applyOutNodeRules(driver, parameter); },

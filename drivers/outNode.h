@@ -3,6 +3,7 @@
 
 #include <QTextStream>
 
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxP {
@@ -18,5 +19,8 @@ namespace vxP {
 /// @return resultSuccess, or resultNoMoreJobs when the array has no room
 qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& line, bool& activeTakeUsed,
                    const int& majorVersion, const QString& versionText);
+/// The same for a node that is known.
+qint32 readOutNode(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTextStream& stream, QString& line,
+                   bool& activeTakeUsed, const int& majorVersion, const QString& versionText);
 
 }  // namespace vxP

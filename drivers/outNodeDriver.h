@@ -5,6 +5,7 @@
 #include <QTextStream>
 #include <array>
 
+#include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
 #include "jobs/renderers.h"
 #include "scan/scanState.h"
@@ -43,18 +44,22 @@ struct _driver {
 
     // What the section says.
     QString nodePath{};
+    const _nodeTraits* traits = nullptr;  ///< what the node's type tells; null: it is not known
     QString imageName{};
     QString exportName{};  ///< scene description that the driver writes instead of rendering
     QString take{};
     _kinds kinds{};
     bool isExport = false;
     bool singleFile = false;
+    bool oneImageFile = false;   ///< the image name holds no frame number ...
+    bool oneExportFile = false;  ///< ... that of the scene description
     bool cameraIsProxyExport = false;
     qint32 resolutionWidth = 0;   ///< pixels; 0: none given
     qint32 resolutionHeight = 0;  ///< pixels; 0: none given
     std::array<_aovSlot, aovSlotCount> aovs{};
 
     bool has(_kind kind) const { return kinds.has(kind); }
+    bool exportsOnly() const { return traits != nullptr && traits->exportsOnly; }
 };
 
 }  // namespace vxP

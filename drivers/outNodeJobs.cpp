@@ -35,7 +35,9 @@ constexpr std::array aovPlaceholders{
 
 /// A Karma driver renders the stage that it is in: it is its own LOP node.
 void registerKarma(_driver& driver) {
-    if (!driver.nodePath.contains(vxS::latin(karmaNode))) return;
+    const bool isKarma =
+        driver.traits == nullptr ? driver.nodePath.contains(vxS::latin(karmaNode)) : driver.traits->rendersStage;
+    if (!isKarma) return;
     _LOPNode node;
     node.lopName = driver.nodePath;
     node.imageName = driver.imageName;
@@ -47,13 +49,15 @@ void registerKarma(_driver& driver) {
 }
 
 bool writesAFile(const QString& name, _remark whenEmpty, _remark whenViewerOnly) {
-    if (name.isEmpty()) tell(whenEmpty);
-    if (name == viewerOnly) tell(whenViewerOnly, name);
+    if (name.isEmpty()) tellOfSection(whenEmpty);
+    if (name == viewerOnly) tellOfSection(whenViewerOnly, name);
     return !name.isEmpty() && name != viewerOnly;
 }
 
 bool hasUsableOutput(const _driver& driver) {
-    return writesAFile(driver.imageName, _remark::noImageName, _remark::imageViewerOnly) &&
+    const bool hasImage =
+        driver.exportsOnly() || writesAFile(driver.imageName, _remark::noImageName, _remark::imageViewerOnly);
+    return hasImage &&
            (!driver.isExport || writesAFile(driver.exportName, _remark::noExportName, _remark::exportViewerOnly));
 }
 
@@ -95,7 +99,7 @@ void addChannels(const _driver& driver, _JobBasics_largePath& job) {
 void splitImageName(const QString& name, const _driver& driver, _JobBasics_largePath& job) {
     job.imageFileName = translated(name, driver, job);
     if (scanObserver != nullptr && !vxS::vxPathIsAbsolute(job.imageFileName.toQString()))
-        tell(_remark::relativeName, job.imageFileName.toQString());
+        tellOfSection(_remark::relativeName, job.imageFileName.toQString());
     spendWork(splitNameCost, job.imageFileName.length());
     job.splitImageFileInto_DirFileExt(true);
 }
@@ -104,13 +108,20 @@ quint8 numberOfLastJob(const vxJ::_JobBasicsArray& jobs) {
     return static_cast<quint8>(jobs.count);
 }
 
+/// A name without a frame number is that of one file, which a plain load leaves open.
+void noteOneFile(const _driver& driver, bool hasNoFrame, _JobBasics_largePath& job) {
+    if (driver.traits != nullptr && hasNoFrame) job.imageSingleOutputFile = true;
+}
+
 void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_largePath& job) {
     if (driver.isExport) {
         job.imageFileName = driver.exportName;
         nameExportJob(driver, job, jobs);
+        noteOneFile(driver, driver.oneExportFile, job);
     } else {
         job.imageFileName = driver.imageName;
         nameRenderJob(driver, job);
+        noteOneFile(driver, driver.oneImageFile, job);
         addChannels(driver, job);
     }
     splitImageName(job.imageFileName.toQString(), driver, job);  // as far as the record holds it
@@ -118,7 +129,7 @@ void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_la
 }
 
 qint32 noMoreJobs() {
-    tell(_remark::noMoreJobs);
+    tellOfSection(_remark::noMoreJobs);
     return resultNoMoreJobs;
 }
 
@@ -137,6 +148,7 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
     job->imageDir.clear();
     job->imageExtension.clear();
     nameJobOfExport(driver, exportJob.imageSingleOutputFile, *job);
+    noteOneFile(driver, driver.oneImageFile, *job);
     addChannels(driver, *job);
     splitImageName(driver.imageName, driver, *job);
     return resultSuccess;
@@ -146,6 +158,7 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
 
 qint32 addJobsOf(_driver& driver) {
     registerKarma(driver);
+    driver.isExport |= driver.exportsOnly();
     if (!hasUsableOutput(driver)) {
         emptyNodesfound = true;
         return resultSuccess;
@@ -161,7 +174,7 @@ qint32 addJobsOf(_driver& driver) {
     nodeActiveTakes[_vxString<150>(driver.nodePath)] = driver.take;
     for (QString* const name : {&driver.imageName, &driver.exportName}) markAovVariables(*name);
     completeFirstJob(driver, jobs, *job);
-    if (driver.isExport && !driver.cameraIsProxyExport) {
+    if (driver.isExport && !driver.cameraIsProxyExport && !driver.exportsOnly()) {
         const qint32 added = addJobOfExport(driver, jobs);
         if (added != resultSuccess) return added;
         job = jobs.at(first);

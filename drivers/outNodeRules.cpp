@@ -83,7 +83,7 @@ void readPlainRange(const QString& value) {
 
 _step readFrameRange(_driver&, const QString& line) {
     const QString value = parenthesised(line);
-    tell(_remark::ownFrames);
+    tell(_remark::ownFrames, line);
     if (value.contains(QLatin1String("f1"), Qt::CaseInsensitive))
         readChannelRange(value);
     else
@@ -95,6 +95,7 @@ _step readImage(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     const bool stored = replaceImageOutVars(line, driver.has(_kind::redshift), driver.imageName, driver.activeTakeUsed,
                                             noFrameVariable);
+    if (stored) driver.oneImageFile = noFrameVariable;
     if (stored && noFrameVariable && driver.has(_kind::alembic)) driver.singleFile = true;
     return _step::next;
 }
@@ -131,7 +132,7 @@ _step readLopPath(_driver& driver, const QString& line) {
 _step readLopOutput(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
     driver.isExport = true;
-    tell(_remark::exportName);
+    tell(_remark::exportName, line);
     if (replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable))
         driver.singleFile = noFrameVariable;
     return _step::next;
@@ -182,8 +183,9 @@ _step leaveSection(_driver&, const QString&) {
 
 _step readExportFile(_driver& driver, const QString& line) {
     bool noFrameVariable = false;
-    tell(_remark::exportName);
+    tell(_remark::exportName, line);
     const bool stored = replaceImageOutVars(line, false, driver.exportName, driver.activeTakeUsed, noFrameVariable);
+    if (stored) driver.oneExportFile = noFrameVariable;
     if (stored && noFrameVariable && driver.has(_kind::vray)) driver.singleFile = true;
     return _step::next;
 }

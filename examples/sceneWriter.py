@@ -140,7 +140,7 @@ ON_CHANNELS = (("f1", FIRST), ("f2", LAST))
 CURRENT_TAKE = "_current_"
 
 
-# The first variable stands behind the entry's name, on the line of its header; most readers do not find it there.
+# The first variable follows the name of the entry, on the line of its header; most readers do not find it there.
 START = f"""fplayback -i on -r off -f {FIRST} -e on -h on -t on -a on -k on -s 1
 tcur 0
 fps 24

@@ -1,12 +1,10 @@
 #include "explain/explainedLoad.h"
 
 #include <QHash>
-#include <QJsonArray>
-#include <array>
-#include <set>
 
 #include "explain/outcomes.h"
-#include "explain/sceneFactsJson.h"
+#include "explain/readerWords.h"
+#include "explain/sceneFacts.h"
 #include "explain/warnings.h"
 #include "plugin/sceneLoad.h"
 
@@ -16,33 +14,20 @@ namespace {
 
 constexpr int longestLayer = decltype(vxJ::_JobBasics_largePath::layer)::capacity();
 
-/// By the numbers of `_sectionReader`.
-constexpr std::array readerNames{QLatin1String{"wedge"}, QLatin1String{"camera"}, QLatin1String{"usdRenderSettings"},
-                                 QLatin1String{"lop"}, QLatin1String{"driver"}};
+// ---- sections
 
-/// What a catalogue keeps of a section, by the same numbers; a driver makes jobs.
-constexpr std::array keptTexts{QLatin1String{"kept: its driver is repeated"}, QLatin1String{"kept as a camera"},
-                               QLatin1String{"kept, but no driver refers to it"}, QLatin1String{"kept as a LOP node"},
-                               QLatin1String{}};
+using _jobNumbers = QList<int>;
 
-/// The scene after its load, and what is looked up in it again and again.
-struct _lookUp {
-    explicit _lookUp(const _explainedScene& explainedScene);
-
-    const _explainedScene& scene;
-    QHash<qint64, qint64> lineAt;         ///< number of a section's line by its place
-    QHash<QString, QJsonArray> copiesOf;  ///< numbers of the jobs behind those of all sections, by driver
-};
-
-_lookUp::_lookUp(const _explainedScene& explainedScene) : scene(explainedScene) {
-    for (const _surveyedSection& section : scene.survey.sections) lineAt.insert(section.byte, section.line);
-    const auto& sections = scene.observation.sections;
-    for (int i = sections.isEmpty() ? 0 : sections.last().jobsAfter; i < scene.jobs.count; ++i)
-        if (const auto* const job = scene.jobs.at(i)) copiesOf[job->layer.toQString()].append(i + 1);
+/// Numbers of the jobs behind those of all sections, by driver.
+QHash<QString, _jobNumbers> copiesByDriver(const _loadedScene& scene) {
+    QHash<QString, _jobNumbers> copies;
+    for (int i = scene.observation.jobsOfSections; i < scene.jobs.count; ++i)
+        if (const auto* const job = scene.jobs.at(i)) copies[job->layer.toQString()].append(i + 1);
+    return copies;
 }
 
-QJsonArray numbersOf(const _observedSection& section) {
-    QJsonArray numbers;
+_jobNumbers jobsOf(const _observedSection& section) {
+    _jobNumbers numbers;
     for (int job = section.jobsBefore; job < section.jobsAfter; ++job) numbers.append(job + 1);
     return numbers;
 }
@@ -61,74 +46,81 @@ QString textOfJobs(const _observedSection& section, const vxJ::_JobBasicsArray& 
     return texts.join(QLatin1String(", "));
 }
 
-QJsonObject sectionJson(const _observedSection& section, const _lookUp& lookUp) {
-    const bool madeJobs = section.jobsAfter > section.jobsBefore;
-    const auto reader = static_cast<std::size_t>(section.reader);
-    _outcome outcome = outcomeOf(section);
-    QLatin1String kind{"none"};
-    if (madeJobs || outcome.code.isEmpty()) {
-        kind = madeJobs ? QLatin1String{"jobs"} : QLatin1String{"kept"};
-        outcome = {{}, madeJobs ? textOfJobs(section, lookUp.scene.jobs) : QString(keptTexts[reader])};
+/// Kind, code and text.
+void explainOutcome(const _observedSection& section, const vxJ::_JobBasicsArray& jobs, _explainedSection& explained) {
+    if (section.madeJobs()) {
+        explained.outcome = _outcomeKind::jobs;
+        explained.text = textOfJobs(section, jobs);
+        return;
     }
-    const QJsonArray copies = madeJobs ? lookUp.copiesOf.value(section.node.left(longestLayer)) : QJsonArray();
-    return {{QStringLiteral("reader"), QString(readerNames[reader])},
-            {QStringLiteral("node"), section.node},
-            {QStringLiteral("line"), lookUp.lineAt.value(section.byte)},
-            {QStringLiteral("byte"), section.byte},
-            {QStringLiteral("hasFrames"), !section.frameRange.isEmpty()},
-            {QStringLiteral("outcome"), QString(kind)},
-            {QStringLiteral("jobs"), numbersOf(section)},
-            {QStringLiteral("copies"), copies},
-            {QStringLiteral("code"), outcome.code},
-            {QStringLiteral("text"), outcome.text},
-            {QStringLiteral("details"), QJsonArray::fromStringList(namesOf(section))}};
+    const _outcome outcome = outcomeOf(section);
+    explained.outcome = outcome.code.isEmpty() ? _outcomeKind::kept : _outcomeKind::none;
+    explained.code = outcome.code;
+    explained.text = outcome.code.isEmpty() ? wordsOf(section.reader).kept.toString() : outcome.text;
 }
 
-QJsonArray sectionsJson(const _lookUp& lookUp) {
-    QJsonArray list;
-    for (const _observedSection& section : lookUp.scene.observation.sections) list.append(sectionJson(section, lookUp));
-    return list;
-}
-
-QJsonArray notRecognisedJson(const _explainedScene& scene) {
-    std::set<qint64> taken;
-    for (const _observedSection& section : scene.observation.sections) taken.insert(section.byte);
-    QJsonArray list;
-    for (const _surveyedSection& section : scene.survey.sections) {
-        if (!section.looksLikeDriver() || scene.survey.isReader(section.node)) continue;
-        if (taken.count(section.byte) > 0) continue;
-        const _outcome reason = whyNotTaken(section);
-        list.append(QJsonObject{{QStringLiteral("node"), section.node},
-                                {QStringLiteral("type"), scene.survey.typeOf.value(section.node)},
-                                {QStringLiteral("line"), section.line},
-                                {QStringLiteral("byte"), section.byte},
-                                {QStringLiteral("code"), reason.code},
-                                {QStringLiteral("text"), reason.text}});
+QList<_explainedSection> explainedSections(const _loadedScene& scene) {
+    const auto copies = copiesByDriver(scene);
+    QList<_explainedSection> list;
+    for (vxS::_size i = 0; i < scene.observation.sections.size(); ++i) {
+        const _observedSection& section = scene.observation.sections[i];
+        _explainedSection explained{};
+        explained.reader = section.reader;
+        explained.node = section.node;
+        explained.line = scene.survey.taken[i].line;
+        explained.byte = section.byte;
+        explained.hasFrames = section.hasFrames;
+        explainOutcome(section, scene.jobs, explained);
+        explained.jobs = jobsOf(section);
+        if (section.madeJobs()) explained.copies = copies.value(section.node.left(longestLayer));
+        explained.details = detailsOf(section);
+        list.append(explained);
     }
     return list;
 }
 
-QJsonArray warningsJson(const _explainedScene& scene) {
-    _warnings warnings;
-    warnOfSections(scene, warnings);
-    warnOfOutputs(scene, warnings);
-    return warnings.toJson();
+// ---- what was left out
+
+/// "left out of this explanation, ...: sections 12, warnings 3"; empty: nothing was
+QString cutText(const _leftOut& leftOut) {
+    QStringList texts;
+    for (const _leftOutCount& row : leftOutCounts)
+        if (leftOut.*row.count > 0) texts.append(row.name + QLatin1Char(' ') + QString::number(leftOut.*row.count));
+    if (texts.isEmpty()) return {};
+    return QLatin1String("left out of this explanation, which would grow too large: ") +
+           texts.join(QLatin1String(", "));
+}
+
+QList<_warning> warningsOf(const _loadedScene& scene, _explanationBudget& budget, _leftOut& leftOut) {
+    _warningList list(budget, leftOut);
+    warnOfSections(scene, list);
+    warnOfOutputs(scene, list);
+    if (const QString text = cutText(leftOut); !text.isEmpty())
+        list.warnings.append({QStringLiteral("explanationCut"), {}, {}, text});
+    return list.warnings;
 }
 
 }  // namespace
 
-qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, QJsonObject& explanation) {
-    _sceneObservation observation;
+qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanation, _explanationBudget budget) {
+    explanation = {};
+    _sceneObservation observation(budget.sectionBytes);
     vxP::_sceneFacts facts;
     const qint32 result = vxP::loadScene(load, facts);
     if (result == vxP::resultCannotOpen || result == vxP::resultVersionMismatch) return result;
-    const _sceneSurvey survey = surveyScene(load.sceneFileName->toQString());
-    const _explainedScene scene{observation, survey, *load.jobArray, facts};
-    const _lookUp lookUp(scene);
-    explanation = {{QStringLiteral("facts"), sceneFactsJson(facts, observation.frameRangeStored)},
-                   {QStringLiteral("sections"), sectionsJson(lookUp)},
-                   {QStringLiteral("notRecognised"), notRecognisedJson(scene)},
-                   {QStringLiteral("warnings"), warningsJson(scene)}};
+    observation.loadEnds();
+    const _sceneSurvey survey = surveyScene(load.sceneFileName->toQString(), observation, budget);
+    const _loadedScene scene{observation, survey, *load.jobArray, facts};
+    _leftOut& leftOut = explanation.leftOut;
+    leftOut.sections = observation.sectionsLeftOut;
+    leftOut.details = observation.remarksLeftOut + survey.expressionsLeftOut;
+    leftOut.notRecognised = survey.notTakenLeftOut;
+    leftOut.bytes = survey.bytesLeftOut;
+    explanation.isSceneRead = true;
+    explanation.facts = explainedFacts(facts, observation.hasFrameRange, budget.factBytes, leftOut);
+    explanation.sections = explainedSections(scene);
+    explanation.notRecognised = survey.notTaken;
+    explanation.warnings = warningsOf(scene, budget, leftOut);
     return result;
 }
 

@@ -1,8 +1,8 @@
 // A load that tells what became of every section.
 #pragma once
 
-#include <QJsonObject>
-
+#include "explain/explanation.h"
+#include "explain/explanationBudget.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxE {
@@ -10,9 +10,9 @@ namespace vxE {
 /// Loads the scene as `pLoadSceneFile` does, with the same jobs and the same result, and explains it.
 ///
 /// @param[in,out] load  scene, job array and submitter settings, all owned by the caller
-/// @param[out] explanation  members "facts", "sections", "notRecognised" and "warnings", see
-///                          docs/schema/explain.schema.json. Without facts where the scene cannot be read.
+/// @param[out] explanation  what it held before is gone
+/// @param budget  what the explanation may use up; jobs and result do not depend on it
 /// @return one of `vxP::_result`
-qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, QJsonObject& explanation);
+qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanation, _explanationBudget budget = {});
 
 }  // namespace vxE

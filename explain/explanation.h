@@ -2,9 +2,11 @@
 // makes JSON or text of it.
 #pragma once
 
+#include <QLatin1String>
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <array>
 
 #include "scan/scanObserver.h"
 
@@ -109,11 +111,49 @@ struct _warning {
     QString text;
 };
 
+/// How many entries there would be beyond those that the explanation holds. All are 0 but for scenes that are enormous
+/// or hostile, see docs/limits.md; a warning tells of them in words.
+struct _leftOut {
+    qint64 takes = 0;
+    qint64 cameras = 0;
+    qint64 lops = 0;
+    qint64 usdRenderSettings = 0;
+    qint64 wedges = 0;
+    qint64 sections = 0;
+    qint64 details = 0;
+    qint64 notRecognised = 0;
+    qint64 warnings = 0;
+    qint64 jobs = 0;   ///< whose output was not looked at for warnings
+    qint64 bytes = 0;  ///< at the scene's end, where no unrecognised sections and no expressions were looked for
+};
+
+/// A count with its name, for all who show them.
+struct _leftOutCount {
+    QLatin1String name;
+    qint64 _leftOut::*count;
+};
+
+inline constexpr std::array leftOutCounts{
+    _leftOutCount{QLatin1String{"takes"}, &_leftOut::takes},
+    _leftOutCount{QLatin1String{"cameras"}, &_leftOut::cameras},
+    _leftOutCount{QLatin1String{"lops"}, &_leftOut::lops},
+    _leftOutCount{QLatin1String{"usdRenderSettings"}, &_leftOut::usdRenderSettings},
+    _leftOutCount{QLatin1String{"wedges"}, &_leftOut::wedges},
+    _leftOutCount{QLatin1String{"sections"}, &_leftOut::sections},
+    _leftOutCount{QLatin1String{"details"}, &_leftOut::details},
+    _leftOutCount{QLatin1String{"notRecognised"}, &_leftOut::notRecognised},
+    _leftOutCount{QLatin1String{"warnings"}, &_leftOut::warnings},
+    _leftOutCount{QLatin1String{"jobs"}, &_leftOut::jobs},
+    _leftOutCount{QLatin1String{"bytes"}, &_leftOut::bytes},
+};
+
 struct _explanation {
+    bool isSceneRead = false;  ///< false: the scene could not be read, and there is no explanation
     _explainedFacts facts;
     QList<_explainedSection> sections;  ///< in file order
     QList<_unrecognisedSection> notRecognised;
     QList<_warning> warnings;
+    _leftOut leftOut;
 };
 
 }  // namespace vxE

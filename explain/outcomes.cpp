@@ -1,6 +1,7 @@
 // Tables from remarks to words.
 #include "explain/outcomes.h"
 
+#include <QSet>
 #include <array>
 #include <vector>
 
@@ -27,6 +28,10 @@ constexpr std::array outcomeWords{
     _outcomeWords{_remark::noMoreJobs, u"noMoreJobs", u"job array has no room for a further job"},
     _outcomeWords{_remark::imageViewerOnly, u"viewerOnly", u"output name is '%1': renders to the viewer only"},
     _outcomeWords{_remark::exportViewerOnly, u"noExportFile", u"export is on but the export file is '%1'"},
+    _outcomeWords{_remark::bypassed, u"bypassed", u"node is bypassed"},
+    _outcomeWords{_remark::loadsFromDisk, u"loadsFromDisk", u"cache loads from disk: it writes nothing"},
+    _outcomeWords{_remark::savedByHand, u"savedByHand",
+                  u"names a file that is only written when somebody saves it by hand"},
     _outcomeWords{_remark::notACamera, u"notACamera", u"camera name is excluded: holds '%1'"},
 };
 
@@ -78,7 +83,7 @@ constexpr _outcomeWords onlyExportName{_remark::noImageName, u"noImage",
 constexpr _nameWords noName{
     _remark::noImageName, {}, u"noOutput", u"no output parameter", u"export is on but there is no export file", {}};
 
-const _nameWords* wordsOf(const _observedRemark& remark) {
+const _nameWords* nameWordsOf(const _observedRemark& remark) {
     for (const _nameWords& row : nameWords)
         if (row.remark == remark.what && (row.detail.isEmpty() || row.detail == remark.detail)) return &row;
     return nullptr;
@@ -88,34 +93,34 @@ QString filled(QStringView text, const QString& detail) {
     return text.toString().replace(QLatin1String("%1"), detail);
 }
 
-/// What a reader said about one name, and whether the name is that of an exported scene description.
-struct _name {
+/// What a reader said about one output name, and whether the name is that of an exported scene description.
+struct _namedOutput {
     const _observedRemark& remark;
     const _nameWords& words;
     bool isExport;
 };
 
-std::vector<_name> namesIn(const _observedSection& section) {
-    std::vector<_name> names;
-    QString exportParameter;
-    for (const _observedRemark& remark : section.remarks) {
-        if (remark.what == _remark::exportName) exportParameter = remark.parameter;
-        if (const _nameWords* const words = wordsOf(remark))
-            names.push_back({remark, *words, remark.parameter == exportParameter});
-    }
-    return names;
+std::vector<_namedOutput> outputsIn(const _observedSection& section) {
+    QSet<QString> exports;
+    for (const _observedRemark& remark : section.remarks)
+        if (remark.what == _remark::exportName) exports.insert(remark.line);
+    std::vector<_namedOutput> outputs;
+    for (const _observedRemark& remark : section.remarks)
+        if (const _nameWords* const words = nameWordsOf(remark))
+            outputs.push_back({remark, *words, exports.contains(remark.line)});
+    return outputs;
 }
 
 /// The last name that was refused is the one that people look for.
 _outcome withoutName(const _observedSection& section, bool asExport) {
     _outcome outcome{(asExport ? QStringLiteral("noExportFile") : noName.code.toString()),
                      (asExport ? noName.asExport : noName.asImage).toString()};
-    for (const _name& name : namesIn(section)) {
-        if (!asExport && name.isExport && name.remark.what == _remark::nameTaken)
+    for (const _namedOutput& output : outputsIn(section)) {
+        if (!asExport && output.isExport && output.remark.what == _remark::nameTaken)
             outcome = {onlyExportName.code.toString(), onlyExportName.text.toString()};
-        if (name.isExport != asExport || name.words.code.isEmpty()) continue;
-        outcome = {asExport ? outcome.code : name.words.code.toString(),
-                   filled(asExport ? name.words.asExport : name.words.asImage, name.remark.detail)};
+        if (output.isExport != asExport || output.words.code.isEmpty()) continue;
+        outcome = {asExport ? outcome.code : output.words.code.toString(),
+                   filled(asExport ? output.words.asExport : output.words.asImage, output.remark.detail)};
     }
     return outcome;
 }
@@ -165,7 +170,7 @@ constexpr std::array notTakenWords{
 
 _outcome outcomeOf(const _observedSection& section) {
     if (const _observedRemark* const left = section.find(_remark::left))
-        return leftBecauseOf(section, vxP::parameterName(left->detail));
+        return leftBecauseOf(section, vxP::parameterName(left->line));
     for (const _outcomeWords& row : outcomeWords)
         if (const _observedRemark* const remark = section.find(row.remark))
             return {row.code.toString(), filled(row.text, remark->detail)};
@@ -176,21 +181,28 @@ _outcome outcomeOf(const _observedSection& section) {
     return {};
 }
 
-QStringList namesOf(const _observedSection& section) {
-    QStringList lines;
-    for (const _name& name : namesIn(section)) {
-        QString line = parameterText(name.remark.parameter);
-        if (!name.words.note.isEmpty()) line += QLatin1String(" (") + name.words.note.toString() + QLatin1Char(')');
-        lines.append(line);
+QStringList detailsOf(const _observedSection& section) {
+    QStringList details;
+    for (const _namedOutput& output : outputsIn(section)) {
+        QString text = parameterText(output.remark.line);
+        if (!output.words.note.isEmpty()) text += QLatin1String(" (") + output.words.note.toString() + QLatin1Char(')');
+        details.append(text);
     }
     for (const _observedRemark& remark : section.remarks)
-        if (remark.what == _remark::stepsUnknown) lines.append(parameterText(remark.parameter));
-    return lines;
+        if (remark.what == _remark::stepsUnknown) details.append(parameterText(remark.line));
+    return details;
 }
 
-_outcome whyNotTaken(const _surveyedSection& section) {
-    const vxP::_notTakenReason reason = vxP::whyNotTaken(section.header);
-    if (section.variesChannels && reason.why == vxP::_notTaken::noMark)
+bool isTakenByTheScan(const QString& header) {
+    return vxP::classifyLine(header).section != nullptr;
+}
+
+_outcome reasonNotTaken(const QString& header, bool isWedge) {
+    if (isTakenByTheScan(header))
+        return {QStringLiteral("notReached"),
+                QStringLiteral("the load ended before it, or its header is inside a section that is not closed")};
+    const vxP::_notTakenReason reason = vxP::whyNotTaken(header);
+    if (isWedge && reason.why == vxP::_notTaken::noMark)
         return {QStringLiteral("noMark"),
                 QStringLiteral("a wedge under obj/ is known by a name that begins with 'wedge'")};
     for (const _notTakenWords& row : notTakenWords) {

@@ -5,7 +5,6 @@
 #include <QStringList>
 
 #include "explain/sceneObservation.h"
-#include "explain/sceneSurvey.h"
 
 namespace vxE {
 
@@ -17,11 +16,15 @@ struct _outcome {
 /// Why nothing came of a section; without code when something did.
 _outcome outcomeOf(const _observedSection& section);
 
-/// The output names that a section's reader met: "vm_picture: $HIP/a.$F4.exr", with what it thought of each.
-QStringList namesOf(const _observedSection& section);
+/// The parameters that a section's reader had to say something about: "vm_picture: $HIP/a.$F4.exr", with what it
+/// thought of each.
+QStringList detailsOf(const _observedSection& section);
 
+/// True for a header that the scan takes where it gets to it.
+bool isTakenByTheScan(const QString& header);
 /// Why no reader took a section that looks like a driver's.
-_outcome whyNotTaken(const _surveyedSection& section);
+/// @param header  its line, trimmed
+_outcome reasonNotTaken(const QString& header, bool isWedge);
 
 /// A parameter line as people know it: "vm_picture: $HIP/a.$F4.exr".
 QString parameterText(const QString& line);

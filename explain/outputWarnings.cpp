@@ -13,6 +13,10 @@ namespace {
 
 using vxJ::_JobBasics_largePath;
 
+constexpr qint64 stepsPerJob = 5'000;
+constexpr qint64 stepsPerCharacter = 3;  ///< of the names that a job writes
+constexpr qint64 bytesPerWriter = 160;   ///< of a file, beside its name
+
 QString frameDigits(const _JobBasics_largePath& job) {
     return job.imageSingleOutputFile ? QString() : QString(job.imagePadding, QLatin1Char('#'));
 }
@@ -26,7 +30,7 @@ QString pathOf(const _JobBasics_largePath& job) {
 }
 
 /// All names that a job writes, without the placeholders that the host fills in.
-QString namesOf(const _JobBasics_largePath& job) {
+QString writtenNamesOf(const _JobBasics_largePath& job) {
     static const QRegularExpression placeholder(QStringLiteral("<[^<>]*>"));
     QStringList names{pathOf(job)};
     for (const auto& channel : job.channels)
@@ -35,79 +39,81 @@ QString namesOf(const _JobBasics_largePath& job) {
 }
 
 /// A job and where its warnings go.
-struct _look {
+struct _checkedJob {
     const _JobBasics_largePath& job;
     int number;
     QString names;
-    _warnings& warnings;
+    _warningList& warnings;
 
-    void warn(QStringView code, const QString& text) const {
-        warnings.add(code, job.layer.toQString(), {number}, text);
+    bool warn(QStringView code, const QString& text) const {
+        return warnings.add(code, job.layer.toQString(), {number}, text);
     }
 };
 
-void warnOfVariablesLeft(const _look& look) {
+void warnOfVariablesLeft(const _checkedJob& checked) {
     static const QRegularExpression variable(QStringLiteral("\\$\\{?([A-Za-z_]\\w*)"));
     static const QRegularExpression frame(QStringLiteral("^F[F0-9]?$"), QRegularExpression::CaseInsensitiveOption);
-    for (auto match = variable.globalMatch(look.names); match.hasNext();) {
+    auto match = variable.globalMatch(checked.names);
+    for (bool mayGoOn = true; mayGoOn && match.hasNext();) {
         const QString name = match.next().captured(1);
         if (frame.match(name).hasMatch())
-            look.warn(u"secondFrameNumber",
-                      QStringLiteral("output holds a second frame number: only the first is filled in"));
+            mayGoOn = checked.warn(u"secondFrameNumber",
+                                   QStringLiteral("output holds a second frame number: only the first is filled in"));
         else
-            look.warn(
+            mayGoOn = checked.warn(
                 u"undefinedVariable",
                 QStringLiteral("output holds $%1, which neither the scene nor the environment defines").arg(name));
     }
 }
 
-void warnOfExpressionsLeft(const _look& look) {
-    if (look.names.contains(QLatin1Char('`')))
-        look.warn(u"expressionLeft",
-                  QStringLiteral("output holds an expression in back-quotes, which only Houdini evaluates"));
+void warnOfExpressionsLeft(const _checkedJob& checked) {
+    if (checked.names.contains(QLatin1Char('`')))
+        checked.warn(u"expressionLeft",
+                     QStringLiteral("output holds an expression in back-quotes, which only Houdini evaluates"));
 }
 
-void warnOfOtherSystem(const _look& look) {
+void warnOfOtherSystem(const _checkedJob& checked) {
     static const QRegularExpression windows(QStringLiteral("^(?:[A-Za-z]:|\\\\\\\\)"));
-    const QString path = pathOf(look.job);
+    const QString path = pathOf(checked.job);
     if (windows.match(path).hasMatch())
-        look.warn(u"otherSystemPath", QStringLiteral("output %1 is a path that only Windows has").arg(path));
+        checked.warn(u"otherSystemPath", QStringLiteral("output %1 is a path that only Windows has").arg(path));
 }
 
-constexpr std::array checks{warnOfVariablesLeft, warnOfExpressionsLeft, warnOfOtherSystem};
+constexpr std::array jobChecks{warnOfVariablesLeft, warnOfExpressionsLeft, warnOfOtherSystem};
 
 // ---- jobs that write the same files
 
 /// Two jobs with the same key write the same files where their frames overlap.
-QString fileKey(const _JobBasics_largePath& job) {
+QByteArray fileKey(const _JobBasics_largePath& job) {
     const QString path = pathOf(job);
     const bool byTake = path.contains(QLatin1String("<Channel"));
     const bool byCamera = path.contains(QLatin1String("<Camera"));
-    return path + QLatin1Char('\n') + (byTake ? job.channel.toQString() : QString()) + QLatin1Char('\n') +
-           (byCamera ? job.camera.toQString() : QString());
+    const QString key = path + QLatin1Char('\n') + (byTake ? job.channel.toQString() : QString()) + QLatin1Char('\n') +
+                        (byCamera ? job.camera.toQString() : QString());
+    return key.toUtf8();
 }
 
-struct _frames {
+struct _jobFrames {
     double first;
     double last;
     int job;  ///< its number, from 1
 };
 
-_frames framesOf(const _JobBasics_largePath& job, int number) {
+_jobFrames framesOf(const _JobBasics_largePath& job, int number) {
     const auto& settings = job.sceneSettings;
     return {std::min(settings.seqStart, settings.seqEnd), std::max(settings.seqStart, settings.seqEnd), number};
 }
 
-bool overlap(std::vector<_frames> jobs) {
-    std::sort(jobs.begin(), jobs.end(), [](const _frames& a, const _frames& b) { return a.first < b.first; });
+bool overlap(std::vector<_jobFrames> jobs) {
+    std::sort(jobs.begin(), jobs.end(), [](const _jobFrames& a, const _jobFrames& b) { return a.first < b.first; });
     for (std::size_t i = 1; i < jobs.size(); ++i)
         if (jobs[i].first <= jobs[i - 1].last) return true;
     return false;
 }
 
-QString listed(const std::vector<_frames>& jobs) {
+QString listed(const std::vector<_jobFrames>& jobs) {
     QStringList numbers;
-    for (const _frames& job : jobs) numbers.append(QString::number(job.job));
+    for (const _jobFrames& job : jobs) numbers.append(QString::number(job.job));
     const QString last = numbers.takeLast();
     return numbers.join(QLatin1String(", ")) + QLatin1String(" and ") + last;
 }
@@ -119,14 +125,34 @@ bool areOfOneDriver(const vxJ::_JobBasicsArray& jobs, const QList<int>& numbers)
                        [&](int number) { return jobs.at(number - 1)->layer.toQString() == driver; });
 }
 
-void warnOfSameFiles(const _explainedScene& scene, _warnings& warnings) {
-    std::map<QString, std::vector<_frames>> writers;
-    for (int i = 0; i < scene.jobs.count; ++i)
-        if (const auto* const job = scene.jobs.at(i)) writers[fileKey(*job)].push_back(framesOf(*job, i + 1));
+using _writers = std::map<QByteArray, std::vector<_jobFrames>>;  ///< by file
+
+/// @param[out] bytes  that the writers take from those for warnings
+_writers writersIn(const _loadedScene& scene, const _warningList& warnings, qint64& bytes) {
+    _writers writers;
+    for (int i = 0; i < scene.jobs.count; ++i) {
+        const auto* const job = scene.jobs.at(i);
+        if (job == nullptr) continue;
+        const QByteArray key = fileKey(*job);
+        const qint64 bytesOfJob = bytesPerWriter + key.size();
+        if (!warnings.budget.warningSteps.take(stepsPerJob) || !warnings.budget.warningBytes.take(bytesOfJob)) {
+            warnings.leftOut.jobs = std::max<qint64>(warnings.leftOut.jobs, scene.jobs.count - i);
+            break;
+        }
+        bytes += bytesOfJob;
+        writers[key].push_back(framesOf(*job, i + 1));
+    }
+    return writers;
+}
+
+void warnOfSameFiles(const _loadedScene& scene, _warningList& warnings) {
+    qint64 bytes = 0;
+    const _writers writers = writersIn(scene, warnings, bytes);
+    warnings.budget.warningBytes.take(-bytes);  // they go with this function
     for (const auto& [key, jobs] : writers) {
         if (jobs.size() < 2 || !overlap(jobs)) continue;
         QList<int> numbers;
-        for (const _frames& job : jobs) numbers.append(job.job);
+        for (const _jobFrames& job : jobs) numbers.append(job.job);
         const _JobBasics_largePath& first = *scene.jobs.at(numbers.first() - 1);
         QString text = QStringLiteral("jobs %1 write the same files: %2").arg(listed(jobs), fileOf(first));
         if (areOfOneDriver(scene.jobs, numbers)) text += QLatin1String(", as the name holds no take");
@@ -136,12 +162,16 @@ void warnOfSameFiles(const _explainedScene& scene, _warnings& warnings) {
 
 }  // namespace
 
-void warnOfOutputs(const _explainedScene& scene, _warnings& warnings) {
+void warnOfOutputs(const _loadedScene& scene, _warningList& warnings) {
     for (int i = 0; i < scene.jobs.count; ++i) {
         const auto* const job = scene.jobs.at(i);
         if (job == nullptr) continue;
-        const _look look{*job, i + 1, namesOf(*job), warnings};
-        for (const auto check : checks) check(look);
+        const _checkedJob checked{*job, i + 1, writtenNamesOf(*job), warnings};
+        if (!warnings.budget.warningSteps.take(stepsPerJob + stepsPerCharacter * checked.names.size())) {
+            warnings.leftOut.jobs = scene.jobs.count - i;
+            break;
+        }
+        for (const auto check : jobChecks) check(checked);
     }
     warnOfSameFiles(scene, warnings);
 }

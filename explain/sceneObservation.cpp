@@ -3,13 +3,33 @@
 #include <algorithm>
 
 #include "drivers/outNodeRules.h"
+#include "explain/explanation.h"
+#include "explain/sceneSurvey.h"
 
 namespace vxE {
 
 namespace {
 
-/// Characters of a parameter that are kept: enough for any name that a record can hold.
-constexpr int longestParameter = 2000;
+/// Remarks about lines of one section that are kept: no driver has as many output names.
+constexpr int mostLinesRemarkedOn = 100;
+
+/// Bytes that a section takes here, in the survey and as an entry of the explanation. A remark on a line becomes one of
+/// the entry's details.
+qint64 bytesOf(const _observedSection& section) {
+    qint64 sum = static_cast<qint64>(sizeof section + sizeof(_surveyedSection) + sizeof(_explainedSection)) +
+                 bytesPerEntry + vxP::bytesOf(section.node);
+    for (const _observedRemark& remark : section.remarks)
+        sum += static_cast<qint64>(sizeof remark + sizeof(QString)) + 2 * vxP::bytesOf(remark.line) +
+               vxP::bytesOf(remark.detail);
+    return sum;
+}
+
+/// A node that the driver's reader took because of its name, and that has nothing else of a driver.
+bool isOnlyCalledLikeADriver(const _observedSection& section) {
+    const auto tellsMore = [](const _observedRemark& remark) { return remark.what != vxP::_remark::noImageName; };
+    return section.reader == vxP::_sectionReader::driver && !section.hasFrames && !section.madeJobs() &&
+           std::none_of(section.remarks.begin(), section.remarks.end(), tellsMore);
+}
 
 }  // namespace
 
@@ -20,33 +40,48 @@ const _observedRemark* _observedSection::find(vxP::_remark what) const {
 }
 
 void _sceneObservation::sectionBegins(qint64 byte, qint32 jobs) {
-    _observedSection section;
-    section.byte = byte;
-    section.jobsBefore = section.jobsAfter = jobs;
-    sections.append(section);
-    parameterNow.clear();
+    section = {};
+    section.byte = lastByte = byte;
+    section.jobsBefore = section.jobsAfter = jobsOfSections = jobs;
+    linesRemarkedOn = 0;
     isInSection = true;
 }
 
 void _sceneObservation::readerTakes(vxP::_sectionReader reader, const QString& nodePath) {
-    sections.last().reader = reader;
-    sections.last().node = nodePath;
+    section.reader = reader;
+    section.node = shortened(nodePath);
 }
 
 void _sceneObservation::parameter(const QString& line) {
-    parameterNow = line.left(longestParameter);
-    if (vxP::roleOf(line) == vxP::_parameterRole::frameRange) sections.last().frameRange.append(parameterNow);
+    section.hasFrames = section.hasFrames || vxP::roleOf(line) == vxP::_parameterRole::frameRange;
 }
 
-void _sceneObservation::remark(vxP::_remark what, const QString& detail) {
-    if (what == vxP::_remark::frameRangeStored) frameRangeStored = true;
-    if (isInSection) sections.last().remarks.append({what, detail.left(longestParameter), parameterNow});
+void _sceneObservation::remark(vxP::_remark what, const QString& line, const QString& detail) {
+    if (what == vxP::_remark::frameRangeStored) hasFrameRange = true;
+    if (!isInSection) return;
+    if (!line.isEmpty() && ++linesRemarkedOn > mostLinesRemarkedOn)
+        ++remarksLeftOut;
+    else
+        section.remarks.append({what, shortened(line), shortened(detail)});
 }
 
 void _sceneObservation::sectionEnds(qint32 jobs) {
-    sections.last().jobsAfter = jobs;
-    sections.last().isEnded = true;
+    section.jobsAfter = jobsOfSections = jobs;
+    section.isEnded = true;
+    keepSection();
+}
+
+void _sceneObservation::loadEnds() {
+    if (isInSection) keepSection();
+}
+
+void _sceneObservation::keepSection() {
     isInSection = false;
+    const bool hasRoom = bytes.rest() > bytesForAnySection || !isOnlyCalledLikeADriver(section);
+    if (hasRoom && bytes.take(bytesOf(section)))
+        sections.append(section);
+    else
+        ++sectionsLeftOut;
 }
 
 }  // namespace vxE

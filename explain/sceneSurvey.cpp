@@ -1,185 +1,259 @@
 #include "explain/sceneSurvey.h"
 
-#include <QRegularExpression>
-#include <cstring>
+#include <limits>
+#include <string>
+#include <string_view>
 
 #include "drivers/outNodeRules.h"
+#include "explain/entryHeader.h"
+#include "explain/outcomes.h"
+#include "explain/surveyedLines.h"
+#include "input/asciiSpace.h"
 #include "input/sceneFile.h"
+#include "input/sectionFilter.h"
 
 namespace vxE {
 
 namespace {
 
-constexpr qint64 blockBytes = qint64{1} << 20;
-constexpr const char* wedgeParameter = "wedgemethod\t";
-constexpr QLatin1String readerType{"file"};
-constexpr int longestLine = 4096;  ///< bytes of a line that are kept: its last ones, where a header stands
+constexpr qint64 stepsPerLine = 8;
+constexpr qint64 stepsPerParameter = 100;
+constexpr qint64 stepsPerArchiveEntry = 60;
+constexpr qint64 stepsPerHeaderByte = 4;
+constexpr qint64 stepsPerStranger = 1'500;
+constexpr qint64 stepsPerStrangerByte = 25;
 
-/// The lines of a file, one after the other, whatever their length.
-class _surveyedLines {
- public:
-    explicit _surveyedLines(QIODevice& bytesOfScene) : source(bytesOfScene) {}
+constexpr std::string_view wedgeParameter{"wedgemethod\t"};
+constexpr std::string_view channelMark{"channel "};
+constexpr std::string_view expressionMark{"expr = "};
+constexpr std::string_view startChannel{"f1"};
+constexpr std::string_view endChannel{"f2"};
+constexpr std::string_view fileType{"file"};
 
-    QByteArray line;    ///< its last bytes, without its end
-    qint64 byte = 0;    ///< position of its begin
-    qint64 number = 0;  ///< from 1
-
-    /// Goes to the next line. @return false at the end
-    bool next();
-
- private:
-    bool refill();
-    void keep(int count);
-
-    QIODevice& source;
-    QByteArray block;
-    int position = 0;
-    qint64 bytesRead = 0;
-};
-
-bool _surveyedLines::refill() {
-    block = source.read(blockBytes);
-    position = 0;
-    bytesRead += block.size();
-    return !block.isEmpty();
+std::string_view trimmedAtEnd(std::string_view text) {
+    while (!text.empty() && vxP::isAsciiSpace(text.back())) text.remove_suffix(1);
+    return text;
 }
-
-/// Takes bytes of the block to the line's end.
-void _surveyedLines::keep(int count) {
-    const int kept = std::min(count, longestLine);
-    if (line.size() + kept > longestLine) line.remove(0, static_cast<int>(line.size()) + kept - longestLine);
-    line.append(block.constData() + position + count - kept, kept);
-    position += count;
-}
-
-bool _surveyedLines::next() {
-    line.resize(0);
-    if (position >= block.size() && !refill()) return false;
-    byte = bytesRead - block.size() + position;
-    ++number;
-    for (;;) {
-        const char* const begin = block.constData() + position;
-        const int rest = static_cast<int>(block.size()) - position;
-        const void* const end = std::memchr(begin, '\n', static_cast<std::size_t>(rest));
-        keep(end == nullptr ? rest : static_cast<int>(static_cast<const char*>(end) - begin));
-        if (end != nullptr) {
-            ++position;
-            return true;
-        }
-        if (!refill()) return true;
-    }
+std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && vxP::isAsciiSpace(text.front())) text.remove_prefix(1);
+    return trimmedAtEnd(text);
 }
 
 /// With NULs and all: Qt 5 alone would end the text at the first.
-QString textOf(const QByteArray& bytes) {
-    return QString::fromUtf8(bytes.constData(), bytes.size());
+QString decoded(std::string_view bytes) {
+    return QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
 }
 
-enum class _entry { none, parameters, channels, type };
-
-/// What an entry's header tells.
-struct _header {
-    _entry entry = _entry::none;
-    QString node;
-    QString type;  ///< of the node; only where the entry tells it
+/// What the entries of one node have told so far.
+struct _node {
+    std::string path;
+    std::string type;
+    std::string startExpression;
+    std::string endExpression;
 };
 
-/// What the archive writes in front of a node's path: a magic text and digits.
-constexpr const char* archiveHeader = "^.*(?:070707[0-7]{70}|Hou.{2}\\x1a[0-9a-f]{28})";
-constexpr const char* nodeAndEntry = "([^\\s\\x00]+)\\.(?:(parm|chn)[\\s\\x00]*\\{|init\\x00type = (\\S+))$";
+/// A section that no reader took, as far as it is read.
+struct _stranger {
+    std::string header;
+    qint64 byte = 0;
+    qint64 line = 0;
+    bool hasFrames = false;
+    bool namesOutput = false;
+    bool variesChannels = false;
 
-QRegularExpression headerForm(const char* before) {
-    return QRegularExpression(QString::fromLatin1(before) + QString::fromLatin1(nodeAndEntry),
-                              QRegularExpression::DotMatchesEverythingOption);
-}
+    /// A driver has frames and names an output, whatever it is called; a wedge has a method.
+    bool looksLikeDriver() const { return (hasFrames && namesOutput) || variesChannels; }
+};
 
-_header headerOf(const QByteArray& line) {
-    static const QRegularExpression inArchive = headerForm(archiveHeader);
-    static const QRegularExpression byItself = headerForm("");
-    const QString text = textOf(line);
-    auto match = inArchive.match(text);
-    if (!match.hasMatch()) match = byItself.match(text);
-    if (!match.hasMatch()) return {};
-    const QString node = QLatin1Char('/') + match.captured(1);
-    if (match.captured(2).isEmpty()) return {_entry::type, node, match.captured(3)};
-    return {match.captured(2) == QLatin1String("chn") ? _entry::channels : _entry::parameters, node, {}};
-}
-
-QByteArray behind(const QByteArray& line, const char* text) {
-    const auto at = line.indexOf(text);
-    return at < 0 ? QByteArray() : line.mid(at + static_cast<int>(std::strlen(text))).trimmed();
-}
-
-/// Reads entry after entry.
+/// Reads line after line.
 class _surveyor {
  public:
+    _surveyor(const _sceneObservation& ofLoad, _explanationBudget& ofExplanation)
+        : observation(ofLoad), budget(ofExplanation) {
+        survey.taken.resize(observation.sections.size());
+    }
+
     void read(const _surveyedLines& lines);
-    _sceneSurvey survey;
+    /// @param length  of the scene
+    _sceneSurvey finished(qint64 length);
 
  private:
-    void readParameter(const QByteArray& line);
-    void readChannel(const QByteArray& line);
+    enum class _entry { ofNoInterest, channels, parameters };
 
-    _header now;
-    int depth = 0;  ///< of braces in the entry of channels
-    QString channel;
+    bool spend(qint64 steps, qint64 byte);
+    _surveyedSection* takenAt(qint64 byte);
+    void beginEntry(const _entryHeader& header, const _surveyedLines& lines, _surveyedSection* taken);
+    void complete(_surveyedSection& section);
+    QString expressionText(const std::string& bytes);
+    std::string* expressionOf(std::string_view channel);
+    void readChannel(std::string_view line);
+    void readParameter(std::string_view line);
+    void endSection();
+    void addStranger();
+
+    const _sceneObservation& observation;
+    _explanationBudget& budget;
+    _sceneSurvey survey;
+    vxS::_size nextTaken = 0;  ///< of the sections that a reader took
+    qint64 nextTakenByte = 0;  ///< before which none begins
+    qint64 cutAt = -1;         ///< where the steps were used up; -1: nowhere
+
+    _node node;
+    _entry entry = _entry::ofNoInterest;
+    int depth = 0;                      ///< of braces in the entry of channels
+    std::string* expression = nullptr;  ///< of the channel that is read; null: of no interest
+    bool isStranger = false;            ///< the section that is read
+    _stranger stranger;
 };
 
-void _surveyor::readParameter(const QByteArray& line) {
-    if (line.startsWith('}')) now.entry = _entry::none;
-    const auto role = vxP::roleOf(textOf(line));
-    survey.sections.last().hasFrames |= role == vxP::_parameterRole::frameRange;
-    survey.sections.last().namesOutput |= role == vxP::_parameterRole::output;
-    survey.sections.last().variesChannels |= line.startsWith(wedgeParameter);
-}
-
-/// Most lines of a scene are not looked at any further.
-bool mayBeHeader(const QByteArray& line) {
-    return line.endsWith('{') || line.contains(".init");
-}
-
-/// `channel f1 {`, and further down `segment { length = 0 value = 1 1 expr = $FSTART }`
-void _surveyor::readChannel(const QByteArray& line) {
-    if (line.endsWith('{')) ++depth;
-    if (line == "}" && --depth == 0) now.entry = _entry::none;
-    if (line.startsWith("channel ")) {
-        channel = textOf(line.mid(8, line.indexOf('{') - 8).trimmed());
-        return;
+/// @param byte  from which on nothing is known where the steps are used up. @return false then
+bool _surveyor::spend(qint64 steps, qint64 byte) {
+    if (cutAt < 0 && !budget.surveySteps.take(steps)) {
+        cutAt = byte;
+        isStranger = false;
     }
-    QByteArray expression = behind(line, "expr = ");
-    if (expression.endsWith('}')) expression.chop(1);
-    if (!expression.trimmed().isEmpty()) survey.expressionsOf[now.node].insert(channel, textOf(expression.trimmed()));
+    return cutAt < 0;
+}
+
+/// The section that begins there and was taken; null: none.
+_surveyedSection* _surveyor::takenAt(qint64 byte) {
+    if (byte < nextTakenByte) return nullptr;
+    const auto& sections = observation.sections;
+    vxS::_size at = nextTaken;
+    while (at < sections.size() && sections[at].byte < byte) ++at;
+    const bool isTaken = at < sections.size() && sections[at].byte == byte;
+    nextTaken = isTaken ? at + 1 : at;
+    nextTakenByte = nextTaken < sections.size() ? sections[nextTaken].byte : std::numeric_limits<qint64>::max();
+    return isTaken ? &survey.taken[at] : nullptr;
 }
 
 void _surveyor::read(const _surveyedLines& lines) {
-    const QByteArray line = lines.line.trimmed();
-    const _header header = mayBeHeader(line) ? headerOf(line) : _header();
-    if (header.entry != _entry::none) {
-        now = header;
-        depth = 0;
+    _surveyedSection* const taken = takenAt(lines.byte);
+    if (taken != nullptr) taken->line = lines.number;
+    if (!spend(stepsPerLine - budget.surveyStepsPerByte * lines.length, lines.byte)) return;
+    const std::string_view line = trimmedAtEnd(lines.back());
+    if (const auto header = mayEndWithHeader(line) ? entryHeaderOf(line) : std::nullopt)
+        beginEntry(*header, lines, taken);
+    else if (entry == _entry::channels)
+        readChannel(trimmed(lines.front()));
+    else if (entry == _entry::parameters && isStranger)
+        readParameter(trimmed(lines.front()));
+}
+
+void _surveyor::beginEntry(const _entryHeader& header, const _surveyedLines& lines, _surveyedSection* taken) {
+    endSection();
+    if (!spend(stepsPerArchiveEntry + stepsPerHeaderByte * static_cast<qint64>(lines.back().size()), lines.byte))
+        return;
+    if (node.path != header.path) node = {std::string(header.path), {}, {}, {}};
+    entry = _entry::ofNoInterest;
+    switch (header.kind) {
+        case _entryKind::type:
+            node.type = header.type;
+            break;
+        case _entryKind::channels:
+            entry = _entry::channels;
+            depth = 1;
+            expression = nullptr;
+            break;
+        case _entryKind::parameters:
+            entry = _entry::parameters;
+            isStranger = taken == nullptr;
+            if (isStranger)
+                stranger = {std::string(trimmed(lines.back())), lines.byte, lines.number};
+            else
+                complete(*taken);
+            break;
     }
-    if (header.entry == _entry::parameters) {
-        survey.sections.append({now.node, textOf(line), lines.byte, lines.number});
+}
+
+void _surveyor::complete(_surveyedSection& section) {
+    section.isOfFileNode = node.type == fileType;
+    section.startExpression = expressionText(node.startExpression);
+    section.endExpression = expressionText(node.endExpression);
+}
+
+/// Empty where there is no room for it.
+QString _surveyor::expressionText(const std::string& bytes) {
+    if (bytes.empty()) return {};
+    const QString text = shortened(decoded(bytes));
+    if (budget.sectionBytes.take(vxP::bytesOf(text))) return text;
+    ++survey.expressionsLeftOut;
+    return {};
+}
+
+/// Null: of no interest.
+std::string* _surveyor::expressionOf(std::string_view channel) {
+    if (channel == startChannel) return &node.startExpression;
+    return channel == endChannel ? &node.endExpression : nullptr;
+}
+
+/// `channel f1 {`, and further down `segment { length = 0 value = 1 1 expr = $FSTART }`
+void _surveyor::readChannel(std::string_view line) {
+    if (line.ends_with('{')) ++depth;
+    if (line == "}" && --depth == 0) entry = _entry::ofNoInterest;
+    if (line.starts_with(channelMark)) {
+        const std::string_view name = line.substr(channelMark.size());
+        expression = expressionOf(trimmed(name.substr(0, name.find('{'))));
         return;
     }
-    if (header.entry == _entry::type) survey.typeOf.insert(now.node, now.type);
-    if (now.entry == _entry::parameters) readParameter(line);
-    if (now.entry == _entry::channels) readChannel(line);
+    const auto at = expression == nullptr ? line.npos : line.find(expressionMark);
+    if (at == line.npos) return;
+    std::string_view text = trimmed(line.substr(at + expressionMark.size()));
+    if (text.ends_with('}')) text = trimmed(text.substr(0, text.size() - 1));
+    if (!text.empty()) *expression = text;
+}
+
+void _surveyor::readParameter(std::string_view line) {
+    if (line.starts_with('}')) return endSection();
+    if (!vxP::mayMatterToASection(line) || !spend(stepsPerParameter, stranger.byte)) return;
+    const auto role = vxP::roleOf(decoded(line));
+    stranger.hasFrames |= role == vxP::_parameterRole::frameRange;
+    stranger.namesOutput |= role == vxP::_parameterRole::output;
+    stranger.variesChannels |= line.starts_with(wedgeParameter);
+}
+
+void _surveyor::endSection() {
+    if (isStranger && stranger.looksLikeDriver() && node.type != fileType) addStranger();
+    isStranger = false;
+    entry = _entry::ofNoInterest;
+}
+
+void _surveyor::addStranger() {
+    if (!spend(stepsPerStranger + stepsPerStrangerByte * static_cast<qint64>(stranger.header.size()), stranger.byte))
+        return;
+    const QString header = decoded(stranger.header);
+    const bool wasLeftOut = observation.sectionsLeftOut > 0 && stranger.byte <= observation.lastByte;
+    if (wasLeftOut && isTakenByTheScan(header)) return;
+    const _outcome reason = reasonNotTaken(header, stranger.variesChannels);
+    const _unrecognisedSection section{shortened(QLatin1Char('/') + decoded(node.path)),
+                                       shortened(decoded(node.type)),
+                                       stranger.line,
+                                       stranger.byte,
+                                       reason.code,
+                                       reason.text};
+    const qint64 bytes =
+        bytesPerEntry + vxP::bytesOf(section.node) + vxP::bytesOf(section.type) + vxP::bytesOf(section.text);
+    if (budget.sectionBytes.take(bytes))
+        survey.notTaken.append(section);
+    else
+        ++survey.notTakenLeftOut;
+}
+
+_sceneSurvey _surveyor::finished(qint64 length) {
+    endSection();
+    if (cutAt >= 0) survey.bytesLeftOut = length - cutAt;
+    return survey;
 }
 
 }  // namespace
 
-bool _sceneSurvey::isReader(const QString& node) const {
-    return typeOf.value(node) == readerType;
-}
-
-_sceneSurvey surveyScene(const QString& path) {
+_sceneSurvey surveyScene(const QString& path, const _sceneObservation& observation, _explanationBudget& budget) {
+    _surveyor surveyor(observation, budget);
     vxP::_sceneFile file(path);
-    if (!file.isOpen()) return {};
+    if (!file.isOpen()) return surveyor.finished(0);
     _surveyedLines lines(file);
-    _surveyor surveyor;
     while (lines.next()) surveyor.read(lines);
-    return surveyor.survey;
+    return surveyor.finished(lines.byte);
 }
 
 }  // namespace vxE

@@ -1,31 +1,34 @@
 #include "explain/warnings.h"
 
-#include <QJsonObject>
+#include <algorithm>
 
 namespace vxE {
 
-void _warnings::add(QStringView code, const QString& node, const QList<int>& jobs, const QString& text) {
-    const _key key{code.toString(), node, text};
-    const auto [place, isNew] = places.emplace(key, keys.size());
-    if (isNew) {
-        keys.push_back(key);
-        jobsOf.emplace_back();
-    }
-    jobsOf[place->second].insert(jobs.begin(), jobs.end());
+namespace {
+
+constexpr qint64 stepsPerWarning = 2500;
+constexpr qint64 bytesPerJob = 16;  ///< that a warning is about
+
+void addTo(QList<int>& jobs, int number) {
+    const auto place = std::lower_bound(jobs.begin(), jobs.end(), number);
+    if (place == jobs.end() || *place != number) jobs.insert(place, number);
 }
 
-QJsonArray _warnings::toJson() const {
-    QJsonArray list;
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        QJsonArray numbers;
-        for (const int number : jobsOf[i]) numbers.append(number);
-        const auto& [code, node, text] = keys[i];
-        list.append(QJsonObject{{QStringLiteral("code"), code},
-                                {QStringLiteral("node"), node},
-                                {QStringLiteral("jobs"), numbers},
-                                {QStringLiteral("text"), text}});
+}  // namespace
+
+bool _warningList::add(QStringView code, const QString& node, const QList<int>& jobs, const QString& text) {
+    const bool hasSteps = budget.warningSteps.take(stepsPerWarning);
+    const _key key{code.toString(), node, text};
+    const bool isNew = places.count(key) == 0;
+    const qint64 bytesOfNew = bytesPerEntry + vxP::bytesOf(node) + vxP::bytesOf(text);
+    if (!hasSteps || !budget.warningBytes.take((isNew ? bytesOfNew : 0) + bytesPerJob * jobs.size())) {
+        ++leftOut.warnings;
+        return hasSteps;
     }
-    return list;
+    const auto place = places.emplace(key, warnings.size()).first;
+    if (isNew) warnings.append({code.toString(), node, {}, text});
+    for (const int number : jobs) addTo(warnings[place->second].jobs, number);
+    return true;
 }
 
 }  // namespace vxE

@@ -1,48 +1,49 @@
 // What is likely to go wrong with a scene's jobs, told before they are sent to a farm.
 #pragma once
 
-#include <QJsonArray>
 #include <QList>
 #include <map>
-#include <set>
 #include <tuple>
-#include <vector>
 
-#include "explain/sceneObservation.h"
+#include "explain/explanation.h"
 #include "explain/sceneSurvey.h"
 #include "plugin/sceneScan.h"
 
 namespace vxE {
 
 /// All that is known of a scene once it has been loaded.
-struct _explainedScene {
+struct _loadedScene {
     const _sceneObservation& observation;
     const _sceneSurvey& survey;
     const vxJ::_JobBasicsArray& jobs;
     const vxP::_sceneFacts& facts;
 };
 
-/// Warnings in the order in which they were found; one that holds for several jobs stands once, with each of them once.
-class _warnings {
+/// Warnings in the order in which they were found. One that holds for several jobs is given once, and names each of
+/// them once.
+class _warningList {
  public:
+    _warningList(_explanationBudget& ofExplanation, _leftOut& counts) : budget(ofExplanation), leftOut(counts) {}
+
     /// @param code  a word that stays the same between versions
     /// @param node  empty: the warning is not about one node
     /// @param jobs  their numbers, from 1
-    void add(QStringView code, const QString& node, const QList<int>& jobs, const QString& text);
+    /// @return false where no more work may be done for warnings
+    bool add(QStringView code, const QString& node, const QList<int>& jobs, const QString& text);
 
-    QJsonArray toJson() const;
+    QList<_warning> warnings;
+    _explanationBudget& budget;
+    _leftOut& leftOut;
 
  private:
     using _key = std::tuple<QString, QString, QString>;  ///< code, node, text
 
-    std::map<_key, std::size_t> places;
-    std::vector<_key> keys;
-    std::vector<std::set<int>> jobsOf;
+    std::map<_key, vxS::_size> places;
 };
 
 /// Warnings about what sections say: frames, names, files that are read, wedges.
-void warnOfSections(const _explainedScene& scene, _warnings& warnings);
+void warnOfSections(const _loadedScene& scene, _warningList& warnings);
 /// Warnings about what jobs write, with copies for takes and wedges.
-void warnOfOutputs(const _explainedScene& scene, _warnings& warnings);
+void warnOfOutputs(const _loadedScene& scene, _warningList& warnings);
 
 }  // namespace vxE

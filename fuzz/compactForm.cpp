@@ -13,14 +13,28 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     job.toJobsBasic(compact);
     vxFuzz::expect(std::memcmp(&before, &job, sizeof before) == 0, "the job itself stays as it is");
     vxFuzz::forEachText(compact, [](const auto& text) { vxFuzz::expectReadable(text); });
-    vxFuzz::expectSound(compact.sceneName);
-    vxFuzz::expectSound(compact.imageDir);
-    vxFuzz::expectSound(compact.imageFileName);
-    vxFuzz::expectSound(compact.imageExtension);
-    int used = 0;
-    for (const vxJ::_channelSlot& slot : job.channels) used += slot.fileName.isEmpty() ? 0 : 1;
-    vxFuzz::expect(compact.channelCount <= used, "a channel has a name");
-    for (int i = 0; i < compact.channelCount; ++i)
-        vxFuzz::expect(!compact.channelFileName(i).isEmpty(), "a channel that fits can be read");
+    const auto expectCut = [](const auto& text, const auto& whole) {
+        vxFuzz::expectSound(text);
+        vxFuzz::expect(text == whole.view().left(text.capacity()), "a text is kept as far as it fits");
+    };
+    expectCut(compact.sceneName, job.sceneName);
+    expectCut(compact.sceneDatabaseDir, job.sceneDatabaseDir);
+    expectCut(compact.unnamedPath, job.unnamedPath);
+    expectCut(compact.imageDir, job.imageDir);
+    expectCut(compact.imageFileName, job.imageFileName);
+    expectCut(compact.unnamedFile, job.unnamedFile);
+    expectCut(compact.imageExtension, job.imageExtension);
+    int channel = 0;
+    int used = 0;  // characters of the pool
+    for (const vxJ::_channelSlot& slot : job.channels) {
+        const QStringView name = slot.fileName.view().left(500);
+        const auto length = static_cast<int>(name.size() + slot.extension.length());
+        if (name.isEmpty() || used + length >= vxJ::channelPoolCapacity) continue;
+        vxFuzz::expect(compact.channelFileName(channel) == name, "a channel that fits keeps its name");
+        vxFuzz::expect(compact.channelExtension(channel) == slot.extension.view(), "and its extension");
+        used += length;
+        ++channel;
+    }
+    vxFuzz::expect(compact.channelCount == channel, "there is no other channel");
     return 0;
 }

@@ -1,6 +1,5 @@
-// A scene that is explained has the jobs and the result that it has without, and every section has its words.
-#include <QJsonArray>
-#include <QJsonObject>
+// A scene that is explained has the jobs and the result that it has without, and every section has its words. However
+// little room the explanation has, it keeps to it and counts what it leaves out.
 #include <vector>
 
 #include "explain/explainedLoad.h"
@@ -9,19 +8,7 @@
 
 namespace {
 
-void expectWords(const QJsonArray& list, const char* promise) {
-    for (const auto& entry : list)
-        vxFuzz::expect(!entry.toObject()[QLatin1String{"text"}].toString().isEmpty(), promise);
-}
-
-void expectPlaces(const QJsonArray& sections) {
-    double before = -1;
-    for (const auto& section : sections) {
-        const double byte = section.toObject()[QLatin1String{"byte"}].toDouble();
-        vxFuzz::expect(byte > before, "sections stand in file order");
-        before = byte;
-    }
-}
+using vxFuzz::expect;
 
 /// A hash of all bytes of each record: two arrays at a time would be too much.
 std::vector<std::size_t> hashesOf(const vxJ::_JobBasicsArray& jobs) {
@@ -46,15 +33,61 @@ _loaded load(std::string_view scene, const vxFuzz::_loader& loader) {
     return {code, hashesOf(jobs)};
 }
 
+_loaded explain(std::string_view scene, vxE::_explanation& explanation, const vxE::_explanationBudget& budget) {
+    return load(scene, [&](auto* record) { return vxE::loadExplained(*record, explanation, budget); });
+}
+
+void expectSound(const vxE::_explanation& explanation) {
+    qint64 before = -1;
+    for (const auto& section : explanation.sections) {
+        expect(!section.text.isEmpty(), "a section has its words");
+        expect(section.byte > before && section.line > 0, "sections come in file order");
+        expect(section.node.size() <= vxE::longestText, "no node is longer than a text may be");
+        before = section.byte;
+    }
+    for (const auto& section : explanation.notRecognised) expect(!section.text.isEmpty(), "a stranger has its reason");
+}
+
+// ---- with little room
+
+constexpr qint64 littleRoom = 4096;
+
+vxE::_explanationBudget littleBudget() {
+    vxE::_explanationBudget budget;
+    budget.surveySteps = vxE::_share(littleRoom);
+    budget.surveyStepsPerByte = 1;
+    budget.warningSteps = budget.factBytes = budget.sectionBytes = budget.warningBytes = vxE::_share(littleRoom);
+    return budget;
+}
+
+qint64 bytesOf(const vxE::_explanation& explanation) {
+    qint64 bytes = 0;
+    for (const auto& section : explanation.sections)
+        bytes += static_cast<qint64>(sizeof section) + 2 * (section.node.size() + section.details.join(QChar()).size());
+    for (const auto& section : explanation.notRecognised)
+        bytes += static_cast<qint64>(sizeof section) + 2 * (section.node.size() + section.text.size());
+    return bytes;
+}
+
+void expectCut(const vxE::_explanation& cut, const vxE::_explanation& whole) {
+    expect(bytesOf(cut) <= littleRoom, "sections keep to their room");
+    expect(cut.sections.size() + cut.leftOut.sections == whole.sections.size() + whole.leftOut.sections,
+           "every section is kept or counted");
+    expect(cut.facts.cameras.size() + cut.leftOut.cameras == whole.facts.cameras.size() + whole.leftOut.cameras,
+           "every camera is kept or counted");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view scene(reinterpret_cast<const char*>(data), size);
-    QJsonObject explanation;
-    const auto explain = [&](auto* record) { return vxE::loadExplained(*record, explanation); };
-    vxFuzz::expect(load(scene, pLoadSceneFile) == load(scene, explain), "the same result and the same jobs");
-    expectWords(explanation[QLatin1String{"sections"}].toArray(), "a section has its words");
-    expectWords(explanation[QLatin1String{"notRecognised"}].toArray(), "a stranger has its reason");
-    expectPlaces(explanation[QLatin1String{"sections"}].toArray());
+    vxE::_explanation whole;
+    vxE::_explanation cut;
+    const _loaded plain = load(scene, pLoadSceneFile);
+    expect(plain == explain(scene, whole, {}), "the same result and the same jobs");
+    expect(plain == explain(scene, cut, littleBudget()), "the same with little room");
+    expectSound(whole);
+    expectSound(cut);
+    expectCut(cut, whole);
     return 0;
 }

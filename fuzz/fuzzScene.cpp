@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include "fuzz/fuzzRecords.h"
+#include "jobs/renderers.h"
+#include "scan/scanState.h"
 
 namespace vxFuzz {
 
@@ -44,6 +46,7 @@ void expectNoWedgePlaceholder(const _JobBasics_largePath& job) {
     };
     expectNone(job.imageDir);
     expectNone(job.imageFileName);
+    if (job.app.toQString() != vxP::appNameHoudini) expectNone(job.sceneName);
     for (const _channelSlot& slot : job.channels) expectNone(slot.fileName);
 }
 

@@ -17,15 +17,14 @@ bool follows(QStringView text, QStringView name) {
 void checkIndex(const QString& text, const vxP::_variableList& variables) {
     QList<vxP::_size> marks;
     for (vxP::_size at = 0; (at = text.indexOf(u'$', at)) >= 0; ++at) marks.append(at);
-    vxP::_size first = 0;
-    for (; first < variables.size(); ++first) {
-        const QString name = variables.at(first).name;
+    vxP::_size first = -1;
+    for (vxP::_size from = variables.size(); from-- > 0;) {
+        const QString name = variables.at(from).name;
         if (std::any_of(marks.begin(), marks.end(),
                         [&](vxP::_size mark) { return follows(QStringView(text).mid(mark + 1), name); }))
-            break;
+            first = from;
+        expect(variables.firstNamedIn(text, marks, from) == first, "the next variable in a name is found");
     }
-    expect(variables.firstNamedIn(text, marks, 0) == (first < variables.size() ? first : -1),
-           "the first variable in a name is found");
 }
 
 void checkReplaced(const QString& text, vxJ::_JobBasics_largePath& job, const vxP::_variableList& variables,

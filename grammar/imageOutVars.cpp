@@ -57,13 +57,13 @@ void convertTake(QString& name, bool& activeTakeUsed) {
         if (holds(name, text, Qt::CaseInsensitive)) name.replace(text, takePlaceholder, Qt::CaseInsensitive);
 }
 
-bool isFileName(const QString& name) {
+bool isFileName(const QString& name, const QString& line) {
     for (const QLatin1String mark : unusableMarks) {
         if (!name.contains(mark)) continue;
-        tell(_remark::nameUnusable, mark);
+        tell(_remark::nameUnusable, line, mark);
         return false;
     }
-    tell(name.isEmpty() ? _remark::nameEmpty : _remark::nameTaken);
+    tell(name.isEmpty() ? _remark::nameEmpty : _remark::nameTaken, line);
     return !name.isEmpty();
 }
 
@@ -89,12 +89,12 @@ bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& 
     convertTake(name, activeTakeUsed);
     if (holds(name, QStringView(channelReference))) {
         if (!out.isEmpty()) {  // a name read before takes precedence over one driven by a channel
-            tell(_remark::nameComesSecond);
+            tell(_remark::nameComesSecond, line);
             return false;
         }
         name = withoutAll(name, QStringView(channelReference)).remove(QLatin1Char(']')).trimmed();
     }
-    if (!isFileName(name)) return false;
+    if (!isFileName(name, line)) return false;
     if (prepend) spendWork(prefixedNameCost, out.size());
     out = (prepend ? name + out : name).left(longestName);
     return true;

@@ -31,6 +31,19 @@ constexpr QLatin1String stageRoot{"stage/"};
 inline constexpr std::array objectRoots{outRoot, objRoot};
 inline constexpr std::array outputRoots{outRoot, stageRoot, imgRoot, objRoot};
 
+/// What the type of a node tells about it. A plain load knows no types.
+struct _nodeTraits {
+    bool exportsOnly = false;   ///< a driver: writes a scene description that no job renders
+    bool rendersStage = false;  ///< a driver: is the node of the stage that it renders
+    bool isStereo = false;      ///< a camera
+};
+
+/// The node whose section is read.
+struct _sectionNode {
+    QString path;                         ///< "/out/mantra1"
+    const _nodeTraits* traits = nullptr;  ///< null: the section itself and the path have to tell
+};
+
 /// How far a section has been read.
 enum class _sectionStep {
     parameter,  ///< `line` holds a parameter
@@ -65,7 +78,7 @@ qint32 readSection(QTextStream& stream, QString& line, OnParameter onParameter, 
             case _sectionStep::closed:
                 return onClosed();
             case _sectionStep::cutOff:
-                tell(_remark::notClosed);
+                tellOfSection(_remark::notClosed);
                 return resultSuccess;
         }
     }

@@ -44,6 +44,7 @@ _sceneFile::_sceneFile(const QString& path) {
     if (!path.isValidUtf16() || path.contains(QChar(QChar::Null))) return;
     handle.number = openWithoutHanging(path.toUtf8());
     end = sizeOf(handle);
+    bytesAtFirst = std::max<qint64>(end, 0);
     if (end >= 0) open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
 
@@ -58,6 +59,18 @@ qint64 _sceneFile::readData(char* data, qint64 most) {
     const qint64 count = TEMP_FAILURE_RETRY(::read(handle.number, data, static_cast<std::size_t>(wanted)));
     position += std::max<qint64>(count, 0);
     return count;
+}
+
+qint64 _sceneFile::readAt(qint64 offset, char* data, qint64 most) const {
+    qint64 filled = 0;
+    while (filled < most) {
+        const auto wanted = static_cast<std::size_t>(most - filled);
+        const qint64 count = TEMP_FAILURE_RETRY(::pread(handle.number, data + filled, wanted, offset + filled));
+        if (count < 0) return -1;
+        if (count == 0) break;
+        filled += count;
+    }
+    return filled;
 }
 
 qint64 _sceneFile::writeData(const char* /*data*/, qint64 /*count*/) {

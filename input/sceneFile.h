@@ -4,6 +4,8 @@
 #include <QIODevice>
 #include <QString>
 
+#include "scene/archive.h"
+
 namespace vxP {
 
 /// Closes what it holds.
@@ -19,7 +21,8 @@ struct _fileHandle {
 /// The bytes of one regular file. Reading goes on with the file that was opened, whatever becomes of its name. A file
 /// that is cut short ends early. One that grows is read to the end that it has when reading gets to the end it had at
 /// first, and no further: a writer that keeps appending must not keep a load from ending.
-class _sceneFile : public QIODevice {
+/// Read at any place, it is the file as long as it was when it was opened.
+class _sceneFile : public QIODevice, public vxN::_byteSource {
  public:
     /// Opens the file; `isOpen` tells whether that went well. It does not, at once, for anything but a readable regular
     /// file: folders, pipes, devices, sockets. Only the file system gives the path a meaning; it goes there as UTF-8,
@@ -27,6 +30,9 @@ class _sceneFile : public QIODevice {
     explicit _sceneFile(const QString& path);
 
     bool isSequential() const override { return true; }
+
+    qint64 byteCount() const override { return bytesAtFirst; }
+    qint64 readAt(qint64 offset, char* data, qint64 most) const override;
 
  protected:
     /// @return -1 after an error, which never reads as the end of the file
@@ -37,6 +43,7 @@ class _sceneFile : public QIODevice {
     _fileHandle handle;
     qint64 position = 0;
     qint64 end = 0;
+    qint64 bytesAtFirst = 0;
     bool isEndFinal = false;
 };
 

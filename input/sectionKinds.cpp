@@ -19,6 +19,22 @@ qint32 readBy(_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line,
     return reader(&load, stream, line);
 }
 
+template <qint32 (*reader)(const _sectionNode&, QTextStream&, QString&)>
+qint32 readNodeBy(_dataPARS_LoadSceneFile& /*load*/, const _sectionNode& known, QTextStream& stream, QString& line,
+                  _sceneFacts& /*facts*/) {
+    return reader(known, stream, line);
+}
+
+qint32 readSettingsNode(_dataPARS_LoadSceneFile& load, const _sectionNode& known, QTextStream& stream, QString& line,
+                        _sceneFacts& /*facts*/) {
+    return read_USD_RS_Node(&load, known, stream, line);
+}
+
+qint32 readDriverNode(_dataPARS_LoadSceneFile& load, const _sectionNode& known, QTextStream& stream, QString& line,
+                      _sceneFacts& facts) {
+    return readOutNode(&load, known, stream, line, facts.activeTakeUsed, facts.majorVersion, facts.minorText);
+}
+
 qint32 readDriver(_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line, _sceneFacts& facts) {
     return loadOutNode(&load, stream, line, facts.activeTakeUsed, facts.majorVersion, facts.minorText);
 }
@@ -35,12 +51,16 @@ constexpr _headerMark driverMarks[] = {{0, anyOutput}};
 
 constexpr std::array kinds{
     // first match wins
-    _sectionKind{_sectionReader::wedge, QLatin1String{"wedge"}, wedgeMarks, readBy<loadWedgeNode>, wedgeParameters},
-    _sectionKind{_sectionReader::camera, QLatin1String{"camera"}, cameraMarks, readBy<loadCamNode>, cameraParameters},
+    _sectionKind{_sectionReader::wedge, QLatin1String{"wedge"}, wedgeMarks, readBy<loadWedgeNode>,
+                 readNodeBy<readWedgeNode>, wedgeParameters},
+    _sectionKind{_sectionReader::camera, QLatin1String{"camera"}, cameraMarks, readBy<loadCamNode>,
+                 readNodeBy<readCamNode>, cameraParameters},
     _sectionKind{_sectionReader::usdRenderSettings, QLatin1String{"usdRenderSettings"}, renderSettingsMarks,
-                 readBy<load_USD_RS_Node>, usdRsParameters},
-    _sectionKind{_sectionReader::lop, QLatin1String{"lop"}, lopMarks, readBy<loadLOPNode>, lopParameters},
-    _sectionKind{_sectionReader::driver, QLatin1String{"driver"}, driverMarks, readDriver, outNodeParameters},
+                 readBy<load_USD_RS_Node>, readSettingsNode, usdRsParameters},
+    _sectionKind{_sectionReader::lop, QLatin1String{"lop"}, lopMarks, readBy<loadLOPNode>, readNodeBy<readLOPNode>,
+                 lopParameters},
+    _sectionKind{_sectionReader::driver, QLatin1String{"driver"}, driverMarks, readDriver, readDriverNode,
+                 outNodeParameters},
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QTextStream>
 #include <span>
 
+#include "grammar/paramSection.h"
 #include "input/lineParts.h"
 #include "jobs/VX_DataTypes_plugin.h"
 #include "scan/scanObserver.h"
@@ -26,6 +27,9 @@ struct _sectionKind {
     /// @param[in,out] line  in: the header; out: the last line read
     /// @return resultSuccess, or what the load ends with
     qint32 (*read)(_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line, _sceneFacts& facts);
+    /// Takes the section of a node that is known.
+    qint32 (*readNode)(_dataPARS_LoadSceneFile& load, const _sectionNode& known, QTextStream& stream, QString& line,
+                       _sceneFacts& facts);
     /// Beginnings of the lines that the reader looks at.
     std::span<const QLatin1String> (*parameters)();
 };

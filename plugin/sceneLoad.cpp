@@ -2,6 +2,7 @@
 
 #include "input/sceneFile.h"
 #include "plugin/jobFinishing.h"
+#include "plugin/resolvedScan.h"
 #include "scan/scanBudget.h"
 
 namespace vxP {
@@ -25,7 +26,7 @@ qint32 loadInto(_dataPARS_LoadSceneFile& load, _sceneFacts& facts) {
     if (!file.isOpen()) return resultCannotOpen;
     importSceneFolder(*load.sceneFileName);
     importEnvironment();
-    const qint32 scanned = scanScene(load, file, facts);
+    const qint32 scanned = facts.resolves ? scanResolved(load, file, facts) : scanScene(load, file, facts);
     return scanned == resultSuccess ? finishJobs(load, facts) : scanned;
 }
 

@@ -18,6 +18,7 @@ namespace {
 
 constexpr QLatin1String buildVersionSwitch{"-houdiniBuildVersion"};
 constexpr QLatin1String compressedIFDSwitch{"-houdiniCompressedIFD"};
+constexpr QLatin1String resolveSwitch{"-houdiniResolve"};
 
 constexpr QLatin1String importedPrefix{"HIP"};
 constexpr std::array neverImported{QLatin1String{"OS"}, QLatin1String{"AOV"}};
@@ -30,7 +31,7 @@ void keepFrameRange(const QString& line) {
     GLseqStart = integerOf(textBefore(numbers, u' '));
     GLseqEnd = integerOf(textBehind(numbers, u' '));
     GLseqStep = 1;
-    tell(_remark::frameRangeStored, numbers);
+    tell(_remark::frameRangeStored, line);
 }
 
 /// `set -g _HIP_SAVEVERSION = '19.5.640'`
@@ -121,6 +122,7 @@ void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& fac
     for (const QString& argument : argumentsOf(settings)) {
         if (argument.compare(buildVersionSwitch, Qt::CaseInsensitive) == 0) facts.usesBuildVersion = false;
         if (argument.compare(compressedIFDSwitch, Qt::CaseInsensitive) == 0) facts.compressedIFD = true;
+        if (argument.compare(resolveSwitch, Qt::CaseInsensitive) == 0) facts.resolves = true;
     }
 }
 

@@ -11,7 +11,8 @@
 
 namespace vxP {
 
-/// Takes -houdiniBuildVersion and -houdiniCompressedIFD (any letter case) from the submitter's command line.
+/// Takes -houdiniBuildVersion, -houdiniCompressedIFD and -houdiniResolve (any letter case) from the submitter's command
+/// line.
 void readSubmitterArguments(const _submitterSettings& settings, _sceneFacts& facts);
 
 /// Keeps the scene's folder with its separator as `DatabaseDir`; a name without folder is kept whole.

@@ -45,6 +45,15 @@ constexpr _workCost cameraSearchCost{0, 10};     ///< a camera looked for one by
 constexpr _workCost wedgeRangeCost{1500, 80};    ///< the range of a wedge's channel; characters of its numbers
 constexpr _workCost wedgeChannelCost{1500};      ///< a channel in the name of a wedge's variant
 constexpr _workCost wedgeNameCost{200, 8};       ///< a name searched for wedge placeholders; characters
+constexpr _workCost archiveSearchCost{0, 1};     ///< bytes searched for an archive's next header; bytes
+constexpr _workCost archiveMagicCost{300};       ///< a place that looks like a header of the archive
+constexpr _workCost archiveEntryCost{500};       ///< an entry of the archive, its body left unread
+constexpr _workCost archiveBodyCost{0, 4};       ///< a body with what its reader makes of it; bytes
+constexpr _workCost childNameCost{200};          ///< a name in the order of a node's children
+constexpr _workCost nodeInputCost{0, 1};         ///< inputs of a node; inputs
+constexpr _workCost takeRecordCost{300};         ///< a record of the scene's takes
+constexpr _workCost dialogScriptCost{0, 5};      ///< the script that tells the menus of a type; bytes
+constexpr _workCost evaluationStepCost{100};     ///< a step of computing an expression
 constexpr _workCost customDataCost{2000, 8};     ///< a value put into a job's custom data; characters of old and new
 
 // Bytes that containers and the allocator add to what they hold.

@@ -4,24 +4,28 @@
 
 #include <QLatin1String>
 #include <QString>
+#include <cstddef>
 
 namespace vxP {
 
 /// Readers that take sections.
 enum class _sectionReader : quint8 { wedge, camera, usdRenderSettings, lop, driver };
+constexpr std::size_t sectionReaderCount = static_cast<std::size_t>(_sectionReader::driver) + 1;  // the last one
 
-/// What a reader has to say that its result does not tell.
+/// What a reader has to say that its result does not tell. First what it says of one line ...
 enum class _remark : quint8 {
-    frameRangeStored,      ///< the scene has a frame range of its own; detail: its numbers
-    ownFrames,             ///< the parameter handed out last gives the driver frames of its own
-    passedOver,            ///< the section is not read: the job array holds too many jobs
-    left,                  ///< the section is none of the reader's kind; detail: the parameter that tells
+    frameRangeStored,  ///< the scene has a frame range of its own
+    ownFrames,         ///< the parameter gives the driver frames of its own
+    left,              ///< the parameter tells that the section is none of the reader's kind
+    exportName,        ///< the parameter names the exported scene description, not the image
+    nameTaken,         ///< the parameter names an output
+    nameEmpty,         ///< it names no output ...
+    nameUnusable,      ///< ... its name is no file; detail: the part that tells
+    nameComesSecond,   ///< ... its name follows a channel, and another one was read before
+    stepsUnknown,      ///< the parameter gives no number of steps
+    // ... then what it says of a section as a whole
+    passedOver,            ///< the section is not read: the job array holds too many jobs; detail: how many are enough
     notClosed,             ///< the scene ended inside the section
-    exportName,            ///< the parameter handed out last names the exported scene description, not the image
-    nameTaken,             ///< it names an output
-    nameEmpty,             ///< it names no output ...
-    nameUnusable,          ///< ... its name is no file; detail: the part that tells
-    nameComesSecond,       ///< ... its name follows a channel, and another one was read before
     noImageName,           ///< no job: there is no output name
     imageViewerOnly,       ///< no job: the image goes to the viewer; detail: its name
     noExportName,          ///< no job: a scene description is exported, but there is no name for it
@@ -29,11 +33,22 @@ enum class _remark : quint8 {
     noMoreJobs,            ///< the job array has no room
     relativeName,          ///< an output name is relative to the current directory; detail: the name
     notACamera,            ///< the node is no camera; detail: the part of its path that tells
-    stepsUnknown,          ///< the parameter handed out last gives no number of steps
     channelsLeftOut,       ///< the numbers of a wedge's channels have gaps
+    bypassed,              ///< no job: the node is bypassed
+    loadsFromDisk,         ///< no job: the cache reads what was written before
+    savedByHand,           ///< no job: the node writes only when somebody saves by hand
     wedgeWithoutDriver,    ///< no wedge: it names no driver ...
     wedgeWithoutVariants,  ///< ... its step counts give no variant
     wedgeOfOtherMethod,    ///< ... its method is another one; detail: the method
+};
+
+/// A value of a section that the scene holds as an expression.
+struct _resolvedValue {
+    QString parameter;   ///< or the component of one: "vm_picture", "f1"
+    QString expression;  ///< as the scene holds it
+    QString stored;      ///< what Houdini computed when it last looked; empty: nothing is stored
+    QString value;       ///< what it is; empty where there is a reason
+    QString reason;      ///< why it cannot be told; empty: it can
 };
 
 class _scanObserver {
@@ -48,21 +63,23 @@ class _scanObserver {
     virtual void readerTakes(_sectionReader reader, const QString& nodePath) = 0;
     /// A line of the section that its reader looks at. Lines that no reader knows may be left out before.
     virtual void parameter(const QString& line) = 0;
-    virtual void remark(_remark what, const QString& detail) = 0;
+    /// @param line  that the remark is about; empty: about the section as a whole
+    virtual void remark(_remark what, const QString& line, const QString& detail) = 0;
+    /// A value of the section was computed, or could not be.
+    virtual void resolved(const _resolvedValue& /*value*/) {}
     /// @param jobs  in the array now
     virtual void sectionEnds(qint32 jobs) = 0;
 };
 
 extern _scanObserver* scanObserver;  ///< null: nobody wants to know
 
-inline void tell(_remark what) {
-    if (scanObserver != nullptr) scanObserver->remark(what, QString());
+/// @param line  that the remark is about
+inline void tell(_remark what, const QString& line, QLatin1String detail = {}) {
+    if (scanObserver != nullptr) scanObserver->remark(what, line, detail);
 }
-inline void tell(_remark what, const QString& detail) {
-    if (scanObserver != nullptr) scanObserver->remark(what, detail);
-}
-inline void tell(_remark what, QLatin1String detail) {
-    if (scanObserver != nullptr) scanObserver->remark(what, detail);
+template <typename Text = QString>
+void tellOfSection(_remark what, const Text& detail = {}) {
+    if (scanObserver != nullptr) scanObserver->remark(what, {}, detail);
 }
 inline void tellReader(_sectionReader reader, const QString& nodePath) {
     if (scanObserver != nullptr) scanObserver->readerTakes(reader, nodePath);

@@ -24,6 +24,7 @@ struct _sceneFacts {
     QString versionMinorText;     ///< for example "5.640"; for the jobs
     bool usesBuildVersion = true;
     bool compressedIFD = false;
+    bool resolves = false;  ///< the load computes expressions and knows nodes by their types
     _takes takes;
 };
 

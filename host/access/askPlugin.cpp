@@ -1,33 +1,44 @@
-// An answer travels as compact JSON: an object with one member, the answer or the reason for none.
 #include "host/access/askPlugin.h"
 
 #include <QJsonDocument>
 
-#include "host/base/childProcess.h"
+#include "host/base/resultCodes.h"
 
 namespace vxH {
 namespace {
 
-constexpr QLatin1String answerKey{"answer"};
-constexpr QLatin1String problemKey{"pluginProblem"};
-
-QJsonObject answerFrom(const QString& pluginPath, const std::function<QJsonObject(const _pluginLibrary&)>& question) {
-    _pluginLibrary plugin;
-    const QString problem = plugin.load(pluginPath);
-    if (!problem.isEmpty()) return {{problemKey, problem}};
-    return {{answerKey, question(plugin)}};
+_pluginInfo readInfo(const _pluginLibrary& plugin) {
+    auto record = vxP::_dataPARS_PluginInfo{};
+    record.structureVersion = vxP::pluginStructureVersion;
+    const quint8 code = plugin.info(&record);
+    return {code,
+            record.structureVersion,
+            record.pluginKind,
+            record.flag,
+            record.appName.toQString(),
+            record.author.toQString(),
+            record.pluginVersion.toQString(),
+            record.hostLibraryVersion.toQString(),
+            record.qtVersion.toQString(),
+            record.fileFilter.toQString()};
 }
 
 }  // namespace
 
-_pluginAnswer askPlugin(const QString& pluginPath, const std::function<QJsonObject(const _pluginLibrary&)>& question) {
-    const auto result = collectChild(
-        startChild([&] { return QJsonDocument(answerFrom(pluginPath, question)).toJson(QJsonDocument::Compact); }));
-    if (result.code != 0) return {{}, result.code, result.failure};
-    const auto message = QJsonDocument::fromJson(result.output).object();
-    if (message.contains(problemKey)) return {{}, hostNoPlugin, message[problemKey].toString()};
-    if (!message.contains(answerKey)) return {{}, hostNoResult, sentenceOfCode(hostNoResult)};
-    return {message[answerKey].toObject(), 0, {}};
+_childResult askPlugin(const QString& pluginPath, const std::function<QByteArray(const _pluginLibrary&)>& question) {
+    return collectChild(startChild([&]() -> _childResult {
+        _pluginLibrary plugin;
+        const QString problem = plugin.load(pluginPath);
+        if (!problem.isEmpty()) return {hostNoPlugin, problem, {}};
+        return {0, {}, question(plugin)};
+    }));
+}
+
+_infoAnswer askForInfo(const QString& pluginPath) {
+    const auto [code, failure, bytes] = askPlugin(pluginPath, [](const _pluginLibrary& plugin) {
+        return QJsonDocument(infoToJson(readInfo(plugin))).toJson(QJsonDocument::Compact);
+    });
+    return {infoFromJson(QJsonDocument::fromJson(bytes).object()), code, failure};
 }
 
 }  // namespace vxH

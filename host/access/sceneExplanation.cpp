@@ -1,25 +1,16 @@
 #include "host/access/sceneExplanation.h"
 
 #include "explain/explainedLoad.h"
+#include "host/access/sceneLoad.h"
 #include "plugin/sceneLoad.h"
 
 namespace vxH {
 
-QJsonObject explainScene(const QString& scene, const _submitterArguments& arguments) {
-    QJsonObject explanation;
-    const auto loader = [&](vxP::_dataPARS_LoadSceneFile* load) { return vxE::loadExplained(*load, explanation); };
-    QJsonObject result = loadScene(loader, scene, arguments, jobsToJson);
-    for (auto member = explanation.begin(); member != explanation.end(); ++member)
-        result.insert(member.key(), member.value());
-    return result;
-}
-
-bool isSkippedDriver(const QJsonValue& section) {
-    const auto entry = section.toObject();
-    const auto reader = entry[QLatin1String{"reader"}].toString();
-    if (entry[QLatin1String{"outcome"}] != QLatin1String{"none"}) return false;
-    if (reader != QLatin1String{"driver"}) return reader == QLatin1String{"wedge"};
-    return entry[QLatin1String{"hasFrames"}].toBool() || !entry[QLatin1String{"details"}].toArray().isEmpty();
+_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments) {
+    _explainedScene explained;
+    const auto loader = [&](auto* load) { return vxE::loadExplained(*load, explained.explanation); };
+    static_cast<_sceneResult&>(explained) = loadScene(loader, scene, arguments);
+    return explained;
 }
 
 QString sceneFileFilter() {

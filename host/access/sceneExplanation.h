@@ -1,27 +1,16 @@
 // A scene's jobs and why they are what they are, by the readers that are built into this program.
 #pragma once
 
-#include <QJsonObject>
 #include <QString>
 
-#include "host/access/sceneLoad.h"
+#include "host/base/submitterArguments.h"
+#include "host/results/explainedScene.h"
 
 namespace vxH {
 
-// Members of an explained scene, beside those of a scene's result.
-constexpr QLatin1String factsKey{"facts"};
-constexpr QLatin1String sectionsKey{"sections"};
-constexpr QLatin1String notRecognisedKey{"notRecognised"};
-constexpr QLatin1String warningsKey{"warnings"};
-
-/// Loads the scene in this process and explains it: a scene's result with every field of every job, and the members
-/// above. They are missing where the scene cannot be read.
+/// Loads the scene in this process and explains it.
 /// @param scene  absolute path of at most 500 characters
-QJsonObject explainScene(const QString& scene, const _submitterArguments& arguments);
-
-/// True for an entry of `sections` that people miss in the job list: a driver or wedge that nothing came of. Nodes that
-/// are only called like a driver, and have nothing else of one, are none.
-bool isSkippedDriver(const QJsonValue& section);
+_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments);
 
 /// Which files of a folder are scenes: "*.hip;*.hipnc;".
 QString sceneFileFilter();

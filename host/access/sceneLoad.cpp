@@ -1,61 +1,67 @@
-// Builds the records that the entry points take and reads them afterwards.
+// Builds the records that the entry point takes and reads them afterwards.
 #include "host/access/sceneLoad.h"
 
+#include <QJsonDocument>
+
 #include "host/access/askPlugin.h"
+#include "host/base/resultCodes.h"
 #include "host/base/scenePath.h"
-#include "host/results/jobJson.h"
+#include "host/results/recordReading.h"
+#include "host/results/sceneJson.h"
 
 namespace vxH {
+namespace {
 
-QJsonArray jobsToJson(const vxJ::_JobBasicsArray& jobs) {
-    QJsonArray list;
-    for (int i = 0; i < jobs.count; ++i) {
-        const auto* const job = jobs.at(i);
-        if (job == nullptr) break;  // counted, but there was no memory for it
-        list.append(jobToJson(*job));
-    }
-    return list;
+using _recordReader = std::function<void(const vxJ::_JobBasicsArray&)>;
+
+_sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
+                       const _recordReader& read) {
+    const vxS::_vxString<500> sceneFileName{scene};
+    vxJ::_JobBasicsArray records;
+    const vxP::_submitterSettings settings{static_cast<qint32>(arguments.size()), arguments.data()};
+    vxP::_dataPARS_LoadSceneFile load{&sceneFileName, &records, &settings};
+    const qint32 code = loader(&load);
+    read(records);
+    const bool isLoaded = code == vxP::resultSuccess;
+    return {scene, code, isLoaded ? QString{} : sentenceOfCode(code), records.message.toQString()};
 }
 
-QJsonObject loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
-                      const _jobsReader& readJobs) {
-    const vxS::_vxString<500> sceneFileName{scene};
-    vxJ::_JobBasicsArray jobs;
-    const vxP::_submitterSettings settings{static_cast<qint32>(arguments.size()), arguments.data()};
-    vxP::_dataPARS_LoadSceneFile load{&sceneFileName, &jobs, &settings};
+/// @param answer  makes the result of the absolute path, as JSON, in a child process
+template <class _result, class _answer>
+_result loadApart(const QString& pluginPath, const char* scene, _result (*fromJson)(const QJsonObject&),
+                  const _answer& answer) {
+    const auto [path, problem] = absoluteScenePath(scene);
+    if (!problem.isEmpty()) return {failedHead(path, hostPathUnusable, problem), {}};
+    const auto [code, failure, bytes] = askPlugin(pluginPath, [&, &scenePath = path](const _pluginLibrary& plugin) {
+        return QJsonDocument(answer(plugin.loadSceneFile, scenePath)).toJson(QJsonDocument::Compact);
+    });
+    if (code != 0) return {failedHead(path, code, failure), {}};
+    return fromJson(QJsonDocument::fromJson(bytes).object());
+}
 
-    const qint32 code = loader(&load);
+}  // namespace
 
-    auto result = sceneResult(scene, code, sentenceOfCode(code));
-    result.insert(messageKey, jobs.message.toQString());
-    result.insert(jobsKey, readJobs(jobs));
+_sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments) {
+    _sceneResult result;
+    static_cast<_sceneHead&>(result) =
+        loadRecords(loader, scene, arguments, [&](const auto& records) { result.jobs = jobsOf(records); });
     return result;
 }
 
-QJsonObject loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments,
-                           const _jobsReader& readJobs) {
-    const auto [path, problem] = absoluteScenePath(scene);
-    if (!problem.isEmpty()) return sceneResult(path, hostPathUnusable, problem);
-    const auto answer = askPlugin(pluginPath, [&, &scenePath = path](const _pluginLibrary& plugin) {
-        return loadScene(plugin.loadSceneFile, scenePath, arguments, readJobs);
+_sceneResult loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments) {
+    return loadApart(pluginPath, scene, sceneFromJson, [&](const _sceneLoader& loader, const QString& path) {
+        return sceneToJson(loadScene(loader, path, arguments));
     });
-    return answer.code == 0 ? answer.answer : sceneResult(path, answer.code, answer.failure);
 }
 
-QJsonObject readPluginInfo(const _pluginLibrary& plugin) {
-    auto info = vxP::_dataPARS_PluginInfo{};
-    info.structureVersion = vxP::pluginStructureVersion;
-    const quint8 code = plugin.info(&info);
-    return {{codeKey, code},
-            {QLatin1String{"structureVersion"}, info.structureVersion},
-            {QLatin1String{"pluginKind"}, info.pluginKind},
-            {QLatin1String{"appName"}, info.appName.toQString()},
-            {QLatin1String{"author"}, info.author.toQString()},
-            {QLatin1String{"pluginVersion"}, info.pluginVersion.toQString()},
-            {QLatin1String{"hostLibraryVersion"}, info.hostLibraryVersion.toQString()},
-            {QLatin1String{"qtVersion"}, info.qtVersion.toQString()},
-            {QLatin1String{"flag"}, info.flag},
-            {fileFilterKey, info.fileFilter.toQString()}};
+_sceneVariables loadVariablesApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments,
+                                   int jobNumber) {
+    return loadApart(pluginPath, scene, variablesFromJson, [&](const _sceneLoader& loader, const QString& path) {
+        _sceneVariables result;
+        static_cast<_sceneHead&>(result) = loadRecords(
+            loader, path, arguments, [&](const auto& records) { result.jobs = variablesOf(records, jobNumber); });
+        return variablesToJson(result);
+    });
 }
 
 }  // namespace vxH

@@ -6,6 +6,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QDataStream>
+#include <QIODevice>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -34,16 +36,31 @@ QByteArray readAll(int descriptor) {
     }
 }
 
-/// The parent's end ends this process too, also when the parent has ended before it could be asked for.
+/// When the parent ends, this process ends too, even when the parent has ended already.
 void endWithParent(pid_t parent) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != parent) _exit(EXIT_FAILURE);
 }
 
+// How a result travels.
+
+QByteArray toBytes(const _childResult& result) {
+    QByteArray bytes;
+    QDataStream{&bytes, QIODevice::WriteOnly} << result.code << result.failure << result.output;
+    return bytes;
+}
+
+/// @return false where the bytes hold no whole result
+bool readBytes(const QByteArray& bytes, _childResult& result) {
+    QDataStream stream{bytes};
+    stream >> result.code >> result.failure >> result.output;
+    return stream.status() == QDataStream::Ok;
+}
+
 /// An exception of the work ends the child with a signal and goes no further.
-[[noreturn]] void childMain(const std::function<QByteArray()>& work, int pipe) noexcept {
+[[noreturn]] void childMain(const _childWork& work, int pipe) noexcept {
     dup2(STDERR_FILENO, STDOUT_FILENO);
-    const bool written = writeAll(pipe, work());
+    const bool written = writeAll(pipe, toBytes(work()));
     std::fflush(nullptr);  // what the plug-in printed
     _exit(written ? EXIT_SUCCESS : EXIT_FAILURE);
 }
@@ -56,7 +73,7 @@ int waitForEnd(pid_t process) {
 
 }  // namespace
 
-_child startChild(const std::function<QByteArray()>& work) {
+_child startChild(const _childWork& work) {
     std::fflush(nullptr);  // the child must not write the parent's buffers once more
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) return {-1, -1, systemError()};
@@ -75,21 +92,20 @@ _child startChild(const std::function<QByteArray()>& work) {
 
 _childResult collectChild(const _child& child) {
     if (child.process < 0) return resultWithoutChild(child);
-    const QByteArray output = readAll(child.pipe);
+    const QByteArray sent = readAll(child.pipe);
     close(child.pipe);
-    return resultOfChild(output, waitForEnd(child.process));
+    return resultOfChild(sent, waitForEnd(child.process));
 }
 
 _childResult resultWithoutChild(const _child& child) {
-    return {{}, hostNoResult, QStringLiteral("cannot start a process: ") + child.problem};
+    return {hostNoResult, QStringLiteral("cannot start a process: ") + child.problem, {}};
 }
 
-_childResult resultOfChild(const QByteArray& output, int status) {
-    if (WIFSIGNALED(status)) return {{}, hostCrashed, QStringLiteral("crashed (signal %1)").arg(WTERMSIG(status))};
-    if (WEXITSTATUS(status) != EXIT_SUCCESS || output.isEmpty()) {
-        return {{}, hostNoResult, QStringLiteral("ended without a result (exit status %1)").arg(WEXITSTATUS(status))};
-    }
-    return {output, 0, {}};
+_childResult resultOfChild(const QByteArray& sent, int status) {
+    if (WIFSIGNALED(status)) return {hostCrashed, QStringLiteral("crashed (signal %1)").arg(WTERMSIG(status)), {}};
+    _childResult result;
+    if (WEXITSTATUS(status) == EXIT_SUCCESS && readBytes(sent, result)) return result;
+    return {hostNoResult, QStringLiteral("ended without a result (exit status %1)").arg(WEXITSTATUS(status)), {}};
 }
 
 }  // namespace vxH

@@ -1,4 +1,4 @@
-// Work in a process of its own, so that a crash takes nothing else along.
+// Work in a child process, so that a crash takes nothing else with it.
 #pragma once
 
 #include <sys/types.h>
@@ -18,15 +18,17 @@ struct _child {
     QString problem;  ///< why it could not be started
 };
 
+/// What came of the work: what it returned, or how the child ended.
 struct _childResult {
-    QByteArray output;  ///< what the work returned; empty after a failure
-    qint32 code = 0;    ///< 0, hostCrashed or hostNoResult
-    QString failure;    ///< "crashed (signal 11)"; empty when all went well
+    qint32 code = 0;    ///< below 0: a `_hostCode`, and there is no output; else the work's own
+    QString failure;    ///< one line, "crashed (signal 11)"; empty when all went well
+    QByteArray output;  ///< as the work makes it
 };
+using _childWork = std::function<_childResult()>;
 
 /// Runs the work in a child process, which ends afterwards without any clean-up, and at once when this process ends.
-/// What it writes to the standard output comes out of the error stream. The work has to return at least one byte.
-_child startChild(const std::function<QByteArray()>& work);
+/// What it writes to the standard output goes to the error stream.
+_child startChild(const _childWork& work);
 
 /// Waits for the child's result and for its end. Call it once for each child.
 _childResult collectChild(const _child& child);
@@ -35,7 +37,8 @@ _childResult collectChild(const _child& child);
 _childResult resultWithoutChild(const _child& child);
 
 /// What a child that has ended comes to.
+/// @param sent    all that came through its pipe
 /// @param status  as from `waitpid`
-_childResult resultOfChild(const QByteArray& output, int status);
+_childResult resultOfChild(const QByteArray& sent, int status);
 
 }  // namespace vxH

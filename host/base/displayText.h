@@ -21,8 +21,9 @@ QString elideMiddle(QStringView text, int columns);
 /// The same for a path, whose last part stays whole as long as it fits; otherwise its end stays.
 QString elidePath(QStringView path, int columns);
 
-/// Escape sequence for the output drivers of jobs, in all commands.
-constexpr QLatin1String driverColour{"\x1b[1;36m"};
+// Escape sequences that all commands use.
+constexpr QLatin1String headingColour{"\x1b[1m"};
+constexpr QLatin1String driverColour{"\x1b[1;36m"};  ///< for the output drivers of jobs
 
 /// The text in a colour, given as its escape sequence; as it is without one.
 QString coloured(const QString& text, QLatin1String colour);

@@ -1,4 +1,4 @@
-// Signals that ask the program to end, put off until it has left everything behind in order.
+// Signals that ask the program to end, put off until it leaves everything in order.
 #pragma once
 
 #include <poll.h>

@@ -21,7 +21,7 @@ enum _exitStatus : int {
     exitUsage = 2,
     exitNoPlugin = 3,
 
-    // Of a comparison, as other programs that compare have them; exitUsage and exitNoPlugin hold for it as well.
+    // Of a comparison, as in other programs that compare; exitUsage and exitNoPlugin hold for it as well.
     exitSame = 0,
     exitDifferent = 1,
     exitTrouble = 2,

@@ -13,7 +13,7 @@ using _sceneFileName = std::remove_cv_t<std::remove_pointer_t<decltype(vxP::_dat
 std::filesystem::path tidied(const std::filesystem::path& absolute) {
     std::error_code ignored;
     const auto normal = absolute.lexically_normal();
-    if (normal.native() == absolute.native()) return absolute;  // nobody asks the file system about it
+    if (normal.native() == absolute.native()) return absolute;  // without asking the file system
     return std::filesystem::equivalent(normal, absolute, ignored) ? normal : absolute;
 }
 

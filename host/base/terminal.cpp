@@ -14,7 +14,7 @@
 namespace vxH {
 namespace {
 
-constexpr int usualWidth = 80;  // where the terminal does not tell
+constexpr int usualWidth = 80;  // where the terminal does not say
 
 bool isDumb() {
     return qgetenv("TERM") == QByteArray{"dumb"};

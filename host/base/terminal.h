@@ -1,4 +1,4 @@
-// What stands behind the output streams, and lines written to them.
+// The terminal of an output stream, if it has one, and lines written to streams.
 #pragma once
 
 #include <QString>
@@ -12,20 +12,20 @@ struct _terminal {
     bool colour = false;  ///< escape sequences are welcome
 };
 
-/// The terminal behind the standard output. No colour where NO_COLOR holds a text or TERM is "dumb".
+/// The terminal of the standard output. No colour where NO_COLOR holds a text or TERM is "dumb".
 _terminal standardOutputTerminal();
 
-/// Columns of the terminal behind the descriptor, as wide as it is at the moment.
+/// Columns that the descriptor's terminal has at the moment.
 int terminalWidth(int descriptor);
 
-/// Whether a terminal stands behind the descriptor that can go back to the beginning of a line.
+/// Whether the descriptor is a terminal that can go back to the beginning of a line.
 bool canBeRedrawn(int descriptor);
 
 /// Keeps files and pipes that are opened later from becoming a standard stream that is closed: reading from that or
 /// writing to it fails.
 void holdStandardStreams();
 
-/// Takes the character set of the environment, and UTF-8 where that is another one: paths are UTF-8 throughout.
+/// Uses the character set of the environment if it is UTF-8, else UTF-8: paths are UTF-8 throughout.
 void useUtf8Characters();
 
 /// Writes the text and a line end, as UTF-8.

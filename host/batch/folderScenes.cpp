@@ -25,7 +25,7 @@ struct _folderScenes::_names {
     std::vector<std::string> links;  // to folders
 
     void add(const fs::directory_entry& entry) {
-        std::error_code ignored;  // what cannot be asked about counts as a file: its load tells why
+        std::error_code ignored;  // what cannot be examined counts as a file: its load says why
         const bool isFolder = entry.is_directory(ignored);
         auto& kind = !isFolder ? files : entry.is_symlink(ignored) ? links : folders;
         kind.push_back(entry.path().filename().native());
@@ -87,7 +87,7 @@ bool _folderScenes::next(std::vector<std::string>& scenes, QString& problem) {
 /// Whether the folder has not been read, under this name or another.
 bool _folderScenes::isNew(const std::string& folder) {
     struct stat status {};
-    if (stat(folder.c_str(), &status) != 0) return true;  // reading it tells why
+    if (stat(folder.c_str(), &status) != 0) return true;  // reading it says why
     return seen.emplace(status.st_dev, status.st_ino).second;
 }
 

@@ -13,7 +13,7 @@
 namespace vxH {
 
 /// Which names are those of scenes: the wildcards of "*.hip;*.hipnc;". Letter case counts, and as in a shell a "*" at
-/// the beginning stands for no point: hidden files are left out.
+/// the beginning matches no dot: hidden files are left out.
 class _nameFilter {
  public:
     explicit _nameFilter(const QString& filter);
@@ -23,9 +23,9 @@ class _nameFilter {
     std::vector<std::string> wildcards;
 };
 
-/// Goes through a folder, one folder at a step. Each folder is read once, whichever links lead to it; links to folders
-/// wait until the folders themselves have been read. Hidden folders are left out, and so are links to a folder that the
-/// first one lies in.
+/// Goes through a folder and those below it, one at each step. Each folder is read once, whichever links lead to it;
+/// links to folders wait until the folders themselves have been read. Hidden folders are left out, and so are links to
+/// a folder that the first one lies in.
 class _folderScenes {
  public:
     /// @param recursive  the folders below it too

@@ -31,7 +31,7 @@ void _pathList::findSeparator() {
     isSeparatorKnown = hasNul || bytes.find('\n') != std::string::npos;
 }
 
-/// Cuts off what stands before the next separator. @return false when there is none yet
+/// Cuts off what comes before the next separator. @return false when there is none yet
 bool _pathList::cut(std::string& path) {
     const auto found = bytes.find(separator, position);
     const auto end = found == std::string::npos ? bytes.size() : found;

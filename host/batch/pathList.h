@@ -6,8 +6,8 @@
 
 namespace vxH {
 
-/// Takes a list of paths apart while it arrives. The first block that holds a separator tells which it is: NUL where
-/// the block holds one, else the line end, whose carriage return does not count. Empty paths are passed over.
+/// Splits a list of paths while it arrives. The first block that holds a separator shows which it is: NUL where
+/// the block holds one, else the line end, whose carriage return does not count. Empty paths are skipped.
 class _pathList {
  public:
     /// Longest path, in bytes: the system takes less. It bounds what is kept of a list without separators.
@@ -15,7 +15,7 @@ class _pathList {
 
     /// The next bytes of the list.
     void add(const char* bytes, std::size_t count);
-    /// Nothing comes any more: what stands behind the last separator is a path too.
+    /// The list is complete: what follows the last separator is a path too.
     void end();
 
     /// The next path, or why there is none in its place.

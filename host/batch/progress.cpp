@@ -14,11 +14,11 @@ namespace {
 constexpr std::chrono::milliseconds pause{100};  // between two drawings
 constexpr int widestBar = 30;
 constexpr int narrowestBar = 5;
-constexpr int barFrame = 3;  // brackets and the blank behind them
+constexpr int barFrame = 3;  // brackets and the blank after them
 constexpr const char* clearedLine = "\r\x1b[K";
 
 QString rateText(double perSecond) {
-    const bool isSlow = perSecond < 10;  // two digits tell enough
+    const bool isSlow = perSecond < 10;  // two digits are enough
     return QString::number(perSecond, isSlow ? 'g' : 'f', isSlow ? 2 : 0) + QLatin1String{"/s"};
 }
 

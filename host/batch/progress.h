@@ -1,4 +1,4 @@
-// How far many scenes have got, in one line of a terminal that is drawn over and over.
+// How many scenes are done, in one line of a terminal that is drawn over and over.
 #pragma once
 
 #include <QString>
@@ -28,11 +28,11 @@ class _progress {
     _progress& operator=(const _progress&) = delete;
 
     bool isShown() const { return shown; }
-    /// Notes how far things are and draws that when it is time.
+    /// Takes the state and draws it when it is time.
     void update(const _progressState& state);
     /// Milliseconds until there is something to draw; none when nothing has changed.
     std::optional<std::chrono::milliseconds> dueIn() const;
-    /// Takes the line away, for other output.
+    /// Removes the line, for other output.
     void clear();
 
  private:

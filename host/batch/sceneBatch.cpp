@@ -11,7 +11,6 @@
 #include <deque>
 #include <vector>
 
-#include "host/base/childProcess.h"
 #include "host/base/interrupt.h"
 #include "host/base/scenePath.h"
 
@@ -37,7 +36,7 @@ struct _running {
 
 /// A place in the order of results.
 struct _place {
-    _batchResult result;
+    _batchResult outcome;
     bool isReady = false;
 };
 
@@ -70,7 +69,7 @@ class _batch {
     void startAll();
     bool start();
     std::size_t addPlace(const QString& path);
-    bool addResult(const _batchResult& result);
+    bool addOutcome(const _batchResult& outcome);
     bool isFinished() const;
     bool hasRoom() const;
     bool wantsEntries() const;
@@ -80,7 +79,7 @@ class _batch {
     bool readPipe(_running& one);
     void collectEnded();
     void finish(_running& one, int status);
-    void setResult(std::size_t number, const _batchResult& result);
+    void setOutcome(std::size_t number, const _batchResult& outcome);
     void killLate();
     bool deliver();
     void killAll();
@@ -114,18 +113,15 @@ bool _batch::hasRoom() const {
            places.size() < static_cast<std::size_t>(limits.window) && bytesHeld < mostBytesHeld;
 }
 
-/// Begins the next entry. @return false when there is no process to be had for it before another ends
+/// Begins the next entry. @return false when no process can be started for it before another ends
 bool _batch::start() {
     const auto& entry = scenes.ahead().front();
-    if (!entry.problem.isEmpty()) return addResult({{}, hostPathUnusable, entry.problem, {}, false});
+    if (!entry.problem.isEmpty()) return addOutcome({{}, {hostPathUnusable, entry.problem, {}}, false});
     const auto [path, problem] = absoluteScenePath(entry.path.c_str());
-    if (!problem.isEmpty()) return addResult({path, hostPathUnusable, problem, {}});
+    if (!problem.isEmpty()) return addOutcome({path, {hostPathUnusable, problem, {}}});
     const auto child = startChild([&, &scene = path] { return work(scene); });
     if (child.process < 0 && !running.empty()) return false;
-    if (child.process < 0) {
-        const auto failed = resultWithoutChild(child);
-        return addResult({path, failed.code, failed.failure, {}});
-    }
+    if (child.process < 0) return addOutcome({path, resultWithoutChild(child)});
     fcntl(child.pipe, F_SETFL, O_NONBLOCK);
     running.push_back({child, addPlace(path), _clock::now() + limits.timeout, {}});
     return true;
@@ -134,13 +130,13 @@ bool _batch::start() {
 /// Gives the next entry its place. @return its number
 std::size_t _batch::addPlace(const QString& path) {
     scenes.take();
-    places.emplace_back().result.scene = path;
+    places.emplace_back().outcome.scene = path;
     return firstNumber + places.size() - 1;
 }
 
-/// Begins the next entry with its end.
-bool _batch::addResult(const _batchResult& result) {
-    setResult(addPlace(result.scene), result);
+/// Begins and ends the next entry at once.
+bool _batch::addOutcome(const _batchResult& outcome) {
+    setOutcome(addPlace(outcome.scene), outcome);
     return true;
 }
 
@@ -155,7 +151,7 @@ bool _batch::readAhead() {
     return wantsEntries() && scenes.readOn();
 }
 
-/// Until something happens by time alone.
+/// Until something is due.
 milliseconds _batch::longestWait() const {
     auto longest = progress.dueIn().value_or(mostWait);
     if (limits.timeout == milliseconds{0}) return longest;
@@ -204,21 +200,18 @@ void _batch::collectEnded() {
 void _batch::finish(_running& one, int status) {
     while (readPipe(one)) continue;
     close(one.child.pipe);
-    const auto result = resultOfChild(one.output, status);
-    const auto& scene = places[one.number - firstNumber].result.scene;
+    auto result = resultOfChild(one.output, status);
     if (one.isLate && result.code == hostCrashed) {
         const double seconds = std::chrono::duration<double>(limits.timeout).count();
-        const auto failure = QStringLiteral("%1 of %2 s").arg(sentenceOfCode(hostTimedOut)).arg(seconds);
-        setResult(one.number, {scene, hostTimedOut, failure, {}});
-    } else {
-        setResult(one.number, {scene, result.code, result.failure, result.output});
+        result = {hostTimedOut, QStringLiteral("%1 of %2 s").arg(sentenceOfCode(hostTimedOut)).arg(seconds), {}};
     }
+    setOutcome(one.number, {places[one.number - firstNumber].outcome.scene, result});
 }
 
-void _batch::setResult(std::size_t number, const _batchResult& result) {
-    places[number - firstNumber] = {result, true};
-    bytesHeld += result.output.size();
-    finished += result.isScene ? 1 : 0;
+void _batch::setOutcome(std::size_t number, const _batchResult& outcome) {
+    places[number - firstNumber] = {outcome, true};
+    bytesHeld += outcome.result.output.size();
+    finished += outcome.isScene ? 1 : 0;
 }
 
 void _batch::killLate() {
@@ -236,12 +229,12 @@ bool _batch::deliver() {
     bool hasDelivered = false;
     isStopped = isStopped || _interrupts::noted() != 0;
     while (!isStopped && !places.empty() && places.front().isReady) {
-        const auto result = std::move(places.front().result);
+        const auto outcome = std::move(places.front().outcome);
         places.pop_front();
         ++firstNumber;
-        bytesHeld -= result.output.size();
+        bytesHeld -= outcome.result.output.size();
         const _openSignals open;
-        isStopped = !receive(result) || _interrupts::noted() != 0;
+        isStopped = !receive(outcome) || _interrupts::noted() != 0;
         hasDelivered = true;
     }
     return hasDelivered && !isStopped;

@@ -1,34 +1,32 @@
 // The same work for many scenes, each in a child process, some of them side by side.
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <chrono>
 #include <functional>
 
+#include "host/base/childProcess.h"
 #include "host/batch/progress.h"
 #include "host/batch/sceneList.h"
 
 namespace vxH {
 
-/// What is done with a scene, in its own process. It returns at least one byte, which the receiver gets.
-using _batchWork = std::function<QByteArray(const QString& absoluteScenePath)>;
+/// What is done with a scene, in its own process.
+using _batchWork = std::function<_childResult(const QString& absoluteScenePath)>;
 
 struct _batchLimits {
     int parallel = 1;                      ///< scenes at a time
     std::chrono::milliseconds timeout{0};  ///< for each scene; 0: none
     int window = 0;                        ///< scenes that may be begun before the first of them is received
 
-    /// Leaves room for a scene that takes as long as many others.
+    /// Room for a scene that takes as long as many others together.
     static constexpr int windowFor(int parallel) { return 64 * parallel; }
 };
 
 /// What one scene, or an entry of the list without a scene, came to.
 struct _batchResult {
-    QString scene;      ///< absolute path; for an unusable one as far as it can be shown
-    qint32 code = 0;    ///< 0, or a `_hostCode`: the work gave no output
-    QString failure;    ///< one line
-    QByteArray output;  ///< of the work
+    QString scene;  ///< absolute path; for an unusable one as far as it can be shown
+    _childResult result;
     bool isScene = true;
 };
 

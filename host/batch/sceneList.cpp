@@ -50,7 +50,7 @@ void _sceneList::addName(const std::string& name) {
 }
 
 void _sceneList::addPath(const std::string& path) {
-    std::error_code ignored;  // a load tells why a file cannot be read
+    std::error_code ignored;  // the load says why a file cannot be read
     if (std::filesystem::is_directory(path, ignored)) {
         folder.emplace(path, recursive, filter);
         folderName = path;

@@ -12,7 +12,7 @@
 
 namespace vxH {
 
-/// A scene, or what stands in its place where there is none to be had.
+/// A scene, or why there is none in its place.
 struct _sceneEntry {
     std::string path;  ///< as it was named
     QString problem;   ///< a line for the error stream; empty for a scene

@@ -1,70 +1,115 @@
 #include "host/commands/command.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
+#include <memory>
 
+#include "host/access/pluginLibrary.h"
 #include "host/base/terminal.h"
 
 namespace vxH {
+namespace {
 
-CLI::App* addCommand(CLI::App& program, const char* name, const char* description, const std::string& footer) {
-    auto* const command = program.add_subcommand(name, description);
-    command->footer(footer);
+std::string joined(const std::vector<std::string>& words, const char* between) {
+    std::string text;
+    for (const auto& word : words) text += (text.empty() ? "" : between) + word;
+    return text;
+}
+
+/// @return false where the text is anything but a number
+template <class _number>
+bool readNumber(const std::string& text, _number& number) {
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc{} && rest == end;
+}
+
+std::function<std::string(const std::string&)> keptIn(std::string& text) {
+    return [&text](const std::string& value) {
+        text = value;
+        return std::string{};
+    };
+}
+
+}  // namespace
+
+_option pluginOption(std::string& plugin) {
+    plugin = defaultPlugin().toStdString();
+    return fileOption({"--plugin"}, plugin, "Plug-in file instead of the program's own");
+}
+
+_command resolving(_command command) {
+    const auto isGiven = std::make_shared<bool>(false);
+    command.options.push_back(
+        flag("--resolve", *isGiven, "Compute expressions, and know drivers by their nodes' types"));
+    command.run = [isGiven, run = command.run](const _submitterArguments& submitter) {
+        _submitterArguments arguments = submitter;
+        if (*isGiven) arguments.push_back("-houdiniResolve");
+        return run(arguments);
+    };
     return command;
 }
 
-void addPluginOption(CLI::App& command, std::string& plugin) {
-    plugin = defaultPlugin().toStdString();
-    addText(command, "--plugin", plugin, "Plug-in file instead of the program's own", "FILE");
+_option flag(const char* name, bool& isGiven, const char* description) {
+    return {{name}, description, {}, _offered::nothing, {}, false, [&isGiven](const std::string&) {
+                isGiven = true;
+                return std::string{};
+            }};
 }
 
-void addText(CLI::App& command, const char* name, std::string& text, const char* description, const char* label) {
-    command.add_option(name, text, description)->type_name(label);
+_option fileOption(std::vector<std::string> names, std::string& file, const char* description) {
+    return {std::move(names), description, "FILE", _offered::files, {}, false, keptIn(file)};
 }
 
-void addNumber(CLI::App& command, const char* name, int& number, std::pair<int, int> leastAndMost,
-               const char* description, const char* label) {
-    command.add_option(name, number, description)
-        ->check(CLI::Range(leastAndMost.first, leastAndMost.second).description(""))
-        ->type_name(label);
-}
-
-/// CLI::Range lets "nan" pass.
-void addSeconds(CLI::App& command, const char* name, double& seconds, double most, const char* description) {
-    const auto problem = [most](const std::string& text) {
-        double number = 0;
-        const bool isGood = CLI::detail::lexical_cast(text, number) && number > 0 && number <= most;
-        return isGood ? std::string{} : text + " is no number of seconds above 0";
+_option numberOption(const char* name, int& number, std::pair<int, int> leastAndMost, const char* description) {
+    const auto take = [&number, leastAndMost](const std::string& value) {
+        const auto& [least, most] = leastAndMost;
+        int given = 0;
+        if (!readNumber(value, given) || given < least || given > most)
+            return value + " is no whole number from " + std::to_string(least) + " to " + std::to_string(most);
+        number = given;
+        return std::string{};
     };
-    command.add_option(name, seconds, description)->check(CLI::Validator(problem, ""))->type_name("SECONDS");
+    return {{name}, description, "N", _offered::nothing, {}, false, take};
 }
 
-void addFlag(CLI::App& command, const char* name, bool& isGiven, const char* description) {
-    command.add_flag(name, isGiven, description);
+_option secondsOption(const char* name, double& seconds, double most, const char* description) {
+    const auto take = [&seconds, most](const std::string& value) {
+        double given = 0;
+        const bool isGood = readNumber(value, given) && given > 0 && given <= most;  // which "nan" is not
+        if (!isGood) return value + " is no number of seconds above 0";
+        seconds = given;
+        return std::string{};
+    };
+    return {{name}, description, "SECONDS", _offered::nothing, {}, false, take};
 }
 
-void addArgument(CLI::App& command, const char* label, std::string& text, const char* description) {
-    command.add_option(label, text, description)->required()->type_name("");
-}
-
-void addArguments(CLI::App& command, const char* label, std::vector<std::string>& texts, const char* description) {
-    command.add_option(label, texts, description)->required()->type_name("");
-}
-
-void addWords(CLI::App& command, const char* name, const std::vector<std::string>& words,
-              const std::function<void(std::size_t)>& choose, const char* description) {
-    std::string label;
-    for (const auto& word : words) label += (label.empty() ? "" : choiceMark) + word;
-    const auto find = [=](const std::string& word) {
-        const auto found = std::find(words.begin(), words.end(), word);
-        if (found == words.end()) throw CLI::ValidationError(name, word + " is not one of " + label);
+_option wordOption(const char* name, const std::vector<std::string>& words, std::function<void(std::size_t)> choose,
+                   const char* description) {
+    const auto label = joined(words, "|");
+    const auto take = [label, words, choose = std::move(choose)](const std::string& value) {
+        const auto found = std::find(words.begin(), words.end(), value);
+        if (found == words.end()) return value + " is not one of " + label;
         choose(static_cast<std::size_t>(found - words.begin()));
+        return std::string{};
     };
-    command.add_option_function<std::string>(name, find, description)->type_name(label);
+    return {{name}, description, label, _offered::words, words, false, take};
 }
 
-void addTextOrJson(CLI::App& command, bool& asJson) {
-    addChoice<bool>(command, "--format", asJson, {{"text", false}, {"json", true}}, "How to print it");
+_option textOrJson(bool& asJson) {
+    const auto choose = [&asJson](std::size_t place) { asJson = place == 1; };
+    return wordOption("--format", {"text", "json"}, choose, "How to print it");
+}
+
+_option sceneArgument(const char* label, std::string& scene, const char* description) {
+    return {{}, description, label, _offered::scenes, {}, false, keptIn(scene)};
+}
+
+_option scenesArgument(const char* label, std::vector<std::string>& scenes, const char* description) {
+    return {{}, description, label, _offered::scenes, {}, true, [&scenes](const std::string& value) {
+                scenes.push_back(value);
+                return std::string{};
+            }};
 }
 
 int noPlugin(const QString& problem) {
@@ -72,10 +117,8 @@ int noPlugin(const QString& problem) {
     return exitNoPlugin;
 }
 
-int sceneFailed(const QJsonObject& result) {
-    writeError(
-        QStringLiteral("%1: %2 (code %3)")
-            .arg(result[sceneKey].toString(), result[errorKey].toString(), QString::number(result[codeKey].toInt())));
+int sceneFailed(const _sceneHead& scene) {
+    writeError(QStringLiteral("%1: %2 (code %3)").arg(scene.scene, scene.error, QString::number(scene.code)));
     return exitFailed;
 }
 

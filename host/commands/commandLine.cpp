@@ -3,20 +3,22 @@
 #include <CLI/CLI.hpp>
 #include <QByteArray>
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <exception>
 #include <iostream>
 
+#include "host/access/pluginLibrary.h"
 #include "host/base/displayText.h"
 #include "host/base/terminal.h"
-#include "host/commands/command.h"
+#include "host/commands/allCommands.h"
+#include "jobs/VX_DataTypes_jobs_defines.h"
 
 namespace vxH {
 namespace {
 
-/// In the order in which the help shows them.
-constexpr std::array commands{addJobs, addExplain, addReport, addVars, addDiff, addInfo};
+const _option helpOption{{"-h", "--help"}, "Print this help and exit", {}, {}, {}, {}, {}};
+const _option versionOption{
+    {"--version"}, "Print the versions of the program and its parts and exit", {}, {}, {}, {}, {}};
 
 constexpr const char* examples =
     "Examples:\n"
@@ -37,7 +39,7 @@ std::string overallHelp() {
            "\nThe statuses of diff are those of diff(1): vxscene diff --help\n\n" + environment;
 }
 
-/// What a report of a fault has to tell, one fact a line.
+/// What a report of a fault should say, one fact per line.
 std::string versionText() {
     const auto plugin = printable(defaultPlugin()).toStdString();
     return std::string{"vxscene " VX_VERSION "\nQt "} + qVersion() +
@@ -50,7 +52,7 @@ int wrongUsage(const char* problem) {
     return exitUsage;
 }
 
-/// Output is buffered and may fail as late as here.
+/// Output is buffered: it may fail only here.
 int withOutputWritten(int status, int failure) {
     std::cout.flush();
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
@@ -64,9 +66,51 @@ int statusOf(const _command& command, const _submitterArguments& submitter) try 
     return command.failure;
 }
 
-}  // namespace
+/// "-o,--output", as the parser takes names.
+std::string nameList(const _option& option) {
+    std::string list;
+    for (const auto& name : option.names) list += (list.empty() ? "" : ",") + name;
+    return list;
+}
 
-std::vector<_command> setUpCommandLine(CLI::App& program) {
+void takeValue(const _option& option, const std::string& value) {
+    const auto problem = option.take(value);
+    if (!problem.empty())
+        throw CLI::ValidationError(option.names.empty() ? option.label : option.names.back(), problem);
+}
+
+void addOption(CLI::App& line, const _option& option) {
+    if (option.label.empty()) {
+        line.add_flag_callback(
+            nameList(option), [&option] { takeValue(option, {}); }, option.description);
+        return;
+    }
+    const std::function take = [&option](const std::string& value) { takeValue(option, value); };
+    line.add_option_function(nameList(option), take, option.description)->type_name(option.label);
+}
+
+/// An argument is known by its label, which the help shows as its name.
+void addArgument(CLI::App& line, const _option& argument) {
+    const std::function take = [&argument](const std::string& value) { takeValue(argument, value); };
+    const std::function takeAll = [take](const std::vector<std::string>& values) {
+        for (const auto& value : values) take(value);
+    };
+    auto* const added = argument.repeats ? line.add_option_function(argument.label, takeAll, argument.description)
+                                         : line.add_option_function(argument.label, take, argument.description);
+    added->required()->type_name("");
+}
+
+/// @param command  has to outlive the program, whose parser gives it the values
+CLI::App* addCommand(CLI::App& program, const _command& command) {
+    auto* const line = program.add_subcommand(command.name, command.description);
+    line->footer(command.footer);
+    line->group("Commands");
+    for (const auto& option : command.options) addOption(*line, option);
+    for (const auto& argument : command.arguments) addArgument(*line, argument);
+    return line;
+}
+
+void describe(CLI::App& program) {
     program.name("vxscene");
     program.description("Lists the render jobs of Houdini scene files, without Houdini.");
     const auto help = program.get_formatter();
@@ -74,23 +118,35 @@ std::vector<_command> setUpCommandLine(CLI::App& program) {
     help->label("SUBCOMMAND", "COMMAND");
     help->label("Positionals", "Arguments");
     help->label("REQUIRED", "");
-    program.set_help_flag("-h,--help", "Print this help and exit");
-    program.set_version_flag("--version", versionText, "Print the versions of the program and its parts and exit");
+    program.set_help_flag(nameList(helpOption), helpOption.description);
+    program.set_version_flag(nameList(versionOption), versionText, versionOption.description);
     program.footer(overallHelp());
     program.require_subcommand(1);
+}
 
-    std::vector<_command> added;
-    added.reserve(commands.size());
-    for (const auto add : commands) {
-        added.push_back(add(program));
-        added.back().line->group("Commands");
-    }
-    return added;
+std::vector<_command> madeCommands() {
+    std::vector<_command> made;
+    made.reserve(allCommands.size());
+    for (const auto make : allCommands) made.push_back(make());
+    return made;
+}
+
+}  // namespace
+
+std::vector<_command> commandLineParts() {
+    std::vector<_command> parts{{{}, {}, {}, {versionOption}, {}, {}}};
+    for (const auto& command : madeCommands()) parts.push_back(command);
+    for (auto& part : parts) part.options.insert(part.options.begin(), helpOption);
+    return parts;
 }
 
 int runCommandLine(int argc, const char* const* argv, const _submitterArguments& submitter) {
+    const auto commands = madeCommands();
     CLI::App program;
-    const auto added = setUpCommandLine(program);
+    describe(program);
+    std::vector<const CLI::App*> lines;
+    lines.reserve(commands.size());
+    for (const auto& command : commands) lines.push_back(addCommand(program, command));
     try {
         program.parse(argc, argv);
     } catch (const CLI::Success& request) {
@@ -98,9 +154,9 @@ int runCommandLine(int argc, const char* const* argv, const _submitterArguments&
     } catch (const CLI::ParseError& problem) {
         return wrongUsage(problem.what());
     }
-    const auto chosen =
-        std::find_if(added.begin(), added.end(), [](const _command& command) { return command.line->parsed(); });
-    return withOutputWritten(statusOf(*chosen, submitter), chosen->failure);
+    const auto chosen = std::find_if(lines.begin(), lines.end(), [](const auto* line) { return line->parsed(); });
+    const auto& command = commands[static_cast<std::size_t>(chosen - lines.begin())];
+    return withOutputWritten(statusOf(command, submitter), command.failure);
 }
 
 }  // namespace vxH

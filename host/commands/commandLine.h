@@ -3,21 +3,16 @@
 
 #include <vector>
 
-#include "host/access/sceneLoad.h"
-
-namespace CLI {
-class App;
-}
+#include "host/commands/command.h"
 
 namespace vxH {
 
-struct _command;
-
-/// Makes an empty program that of vxscene. @return its commands, in the order in which the help shows them
-std::vector<_command> setUpCommandLine(CLI::App& program);
+/// The program itself, without a name, for its own options, followed by the commands. Each has the options that all
+/// have.
+std::vector<_command> commandLineParts();
 
 /// Runs the command that the arguments ask for, or prints the help, the version or what is wrong with them.
-/// Output that cannot be written in the end is told too.
+/// Output that cannot be written in the end is an error too.
 /// @return exit status
 int runCommandLine(int argc, const char* const* argv, const _submitterArguments& submitter);
 

@@ -1,6 +1,6 @@
 // vxscene explain
 #include "host/access/sceneExplanation.h"
-#include "host/commands/command.h"
+#include "host/commands/allCommands.h"
 #include "host/commands/sceneRun.h"
 #include "host/text/explanationText.h"
 
@@ -9,32 +9,32 @@ namespace {
 
 struct _options {
     _sceneOptions scenes;
-    _format format = _format::table;
+    std::vector<_resultFormat> formats{{"text", paragraphs, explanationText}, jsonFormat(), jsonLinesFormat()};
+    const _resultFormat* format = nullptr;
 };
 
 int run(const _options& options, const _submitterArguments& submitter) {
     const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
-    return printScenes(options.scenes, sceneFileFilter(), explain, options.format, explanationText);
+    return printScenes(options.scenes, {sceneFileFilter(), explain}, *options.format);
 }
 
 }  // namespace
 
-_command addExplain(CLI::App& program) {
+_command explainCommand() {
     const auto options = std::make_shared<_options>();
-    auto* const line =
-        addCommand(program, "explain",
-                   "Tell what became of every node that may render, and why; submitter arguments follow \"--\"",
-                   "The readers are those of the plug-in that comes with this program.\n"
-                   "\n"
-                   "Examples:\n"
-                   "  vxscene explain shot010.hip\n"
-                   "  vxscene explain --format json shot010.hip | jq '.[].warnings'\n"
-                   "  vxscene explain --recursive --format jsonl /projects/kettle");
-    addChoice<_format>(*line, "--format", options->format,
-                       {{"text", _format::table}, {"json", _format::json}, {"jsonl", _format::jsonl}},
-                       "Text, a JSON list, or one JSON object a line");
-    addSceneOptions(*line, options->scenes);
-    return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    _command command{"explain",
+                     "Tell what became of every node that may render, and why; submitter arguments follow \"--\"",
+                     "The readers are those of the plug-in that comes with this program.\n"
+                     "\n"
+                     "Examples:\n"
+                     "  vxscene explain shot010.hip\n"
+                     "  vxscene explain --format json shot010.hip | jq '.[].warnings'\n"
+                     "  vxscene explain --recursive --format jsonl /projects/kettle",
+                     {formatOption(options->formats, options->format, "Text, a JSON list, or one JSON object a line")},
+                     {},
+                     [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    addSceneOptions(command, options->scenes);
+    return resolving(command);
 }
 
 }  // namespace vxH

@@ -1,8 +1,10 @@
 // vxscene info
 #include "host/access/askPlugin.h"
 #include "host/base/displayText.h"
-#include "host/commands/command.h"
-#include "host/commands/resultOutput.h"
+#include "host/base/terminal.h"
+#include "host/commands/allCommands.h"
+#include "host/results/sceneJson.h"
+#include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxH {
 namespace {
@@ -12,43 +14,49 @@ struct _options {
     bool asJson = false;
 };
 
-/// One "name: value" line for each member.
-void printInfoLines(const QJsonObject& info) {
-    for (auto member = info.begin(); member != info.end(); ++member) {
-        const QString value = member->isString() ? member->toString() : QString::number(member->toInt());
-        writeLine(stdout, member.key() + QLatin1String{": "} + printable(value));
+QString shown(int number) {
+    return QString::number(number);
+}
+QString shown(const QString& text) {
+    return printable(text);
+}
+
+void printInfoLines(const _pluginInfo& info) {
+    for (const auto& field : infoFields) {
+        const auto value = std::visit([&](auto member) { return shown(info.*member); }, field.member);
+        writeLine(stdout, field.name + QLatin1String{": "} + value);
     }
 }
 
 int run(const _options& options) {
     const auto plugin = QString::fromStdString(options.plugin);
-    const auto [info, code, failure] = askPlugin(plugin, readPluginInfo);
+    const auto [info, code, failure] = askForInfo(plugin);
     if (code == hostNoPlugin) return noPlugin(failure);
     if (code != 0) {
         writeError(plugin + QLatin1String{": "} + failure);
         return exitFailed;
     }
     if (options.asJson) {
-        writeLine(stdout, jsonText(info, true));
+        writeLine(stdout, jsonText(infoToJson(info), true));
     } else {
         printInfoLines(info);
     }
-    const int answer = info[codeKey].toInt();
-    if (answer == vxP::resultSuccess) return exitSuccess;
-    writeError(QStringLiteral("%1: %2 (code %3)").arg(plugin, sentenceOfCode(answer), QString::number(answer)));
+    if (info.code == vxP::resultSuccess) return exitSuccess;
+    writeError(QStringLiteral("%1: %2 (code %3)").arg(plugin, sentenceOfCode(info.code), QString::number(info.code)));
     return exitFailed;
 }
 
 }  // namespace
 
-_command addInfo(CLI::App& program) {
+_command infoCommand() {
     const auto options = std::make_shared<_options>();
-    auto* const line = addCommand(program, "info", "Print the plug-in's info record",
-                                  "Examples:\n  vxscene info\n"
-                                  "  vxscene info --plugin ./lx_vxSceneParserHoudini64.so --format json");
-    addPluginOption(*line, options->plugin);
-    addTextOrJson(*line, options->asJson);
-    return {line, [options](const _submitterArguments&) { return run(*options); }};
+    return {"info",
+            "Print the plug-in's info record",
+            "Examples:\n  vxscene info\n"
+            "  vxscene info --plugin ./lx_vxSceneParserHoudini64.so --format json",
+            {pluginOption(options->plugin), textOrJson(options->asJson)},
+            {},
+            [options](const _submitterArguments&) { return run(*options); }};
 }
 
 }  // namespace vxH

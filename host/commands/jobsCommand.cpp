@@ -1,6 +1,7 @@
 // vxscene jobs
 #include "host/access/askPlugin.h"
-#include "host/commands/command.h"
+#include "host/access/sceneLoad.h"
+#include "host/commands/allCommands.h"
 #include "host/commands/sceneRun.h"
 #include "host/text/jobTable.h"
 
@@ -10,37 +11,38 @@ namespace {
 struct _options {
     std::string plugin;
     _sceneOptions scenes;
-    _format format = _format::table;
+    std::vector<_resultFormat> formats{{"table", paragraphs, jobText}, jsonFormat(), jsonLinesFormat()};
+    const _resultFormat* format = nullptr;
 };
 
 int run(const _options& options, const _submitterArguments& submitter) {
     const auto path = QString::fromStdString(options.plugin);
-    const auto info = askPlugin(path, readPluginInfo);
-    if (info.code != 0) return noPlugin(info.failure);
+    const auto answer = askForInfo(path);
+    if (answer.code != 0) return noPlugin(answer.failure);
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
-    const auto load = [&](const QString& scene) {
-        return loadScene(plugin.loadSceneFile, scene, submitter, jobsToJson);
+    const auto load = [&](const QString& scene) -> _explainedScene {
+        return {loadScene(plugin.loadSceneFile, scene, submitter), {}};
     };
-    return printScenes(options.scenes, info.answer[fileFilterKey].toString(), load, options.format, jobText);
+    return printScenes(options.scenes, {answer.info.fileFilter, load}, *options.format);
 }
 
 }  // namespace
 
-_command addJobs(CLI::App& program) {
+_command jobsCommand() {
     const auto options = std::make_shared<_options>();
-    auto* const line =
-        addCommand(program, "jobs", "Print the render jobs of scenes; submitter arguments follow \"--\"",
-                   "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
-                   "  vxscene jobs --recursive --timeout 60 /projects/kettle\n"
-                   "  find /projects -name '*.hip' -newer yesterday -print0 | vxscene jobs --format jsonl -\n"
-                   "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000");
-    addPluginOption(*line, options->plugin);
-    addChoice<_format>(*line, "--format", options->format,
-                       {{"table", _format::table}, {"json", _format::json}, {"jsonl", _format::jsonl}},
-                       "A table, a JSON list, or one JSON object a line");
-    addSceneOptions(*line, options->scenes);
-    return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    _command command{"jobs",
+                     "Print the render jobs of scenes; submitter arguments follow \"--\"",
+                     "Examples:\n  vxscene jobs shot010.hip shot020.hip\n"
+                     "  vxscene jobs --recursive --timeout 60 /projects/kettle\n"
+                     "  find /projects -name '*.hip' -newer yesterday -print0 | vxscene jobs --format jsonl -\n"
+                     "  vxscene jobs --format json shot010.hip -- -houdiniBuildVersion 50000",
+                     {pluginOption(options->plugin), formatOption(options->formats, options->format,
+                                                                  "A table, a JSON list, or one JSON object a line")},
+                     {},
+                     [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    addSceneOptions(command, options->scenes);
+    return resolving(command);
 }
 
 }  // namespace vxH

@@ -12,7 +12,7 @@ namespace {
 
 using namespace vxH;
 
-/// Takes the submitter's arguments off the command line: all behind the first "--". @return arguments left
+/// Takes the submitter's arguments off the command line: all after the first "--". @return arguments left
 int splitOffSubmitter(int argc, char** argv, _submitterArguments& submitter) {
     char** const end = argv + argc;
     char** const mark = std::find_if(argv, end, [](const char* text) { return std::string_view{text} == "--"; });

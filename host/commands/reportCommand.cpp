@@ -3,7 +3,7 @@
 
 #include "host/access/sceneExplanation.h"
 #include "host/base/terminal.h"
-#include "host/commands/command.h"
+#include "host/commands/allCommands.h"
 #include "host/commands/sceneRun.h"
 #include "host/report/reportData.h"
 #include "host/report/reportPage.h"
@@ -42,26 +42,33 @@ int run(const _options& options, const _submitterArguments& submitter) {
                            "or redirect the output (see vxscene report --help)"));
         return exitUsage;
     }
+    std::vector<_reportScene> scenes;
     const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
-    QJsonArray scenes;
-    const int status = collectScenes(options.scenes, sceneFileFilter(), explain, scenes);
+    const auto pack = [](const _explainedScene& scene) { return toBytes(reportScene(scene)); };
+    const auto keep = [&](const QByteArray& packed) {
+        scenes.push_back(reportSceneFromBytes(packed));
+        return true;
+    };
+    const int status = runScenes(options.scenes, {sceneFileFilter(), explain}, {pack, keep, [] { return true; }});
     const int written = write(options.output, reportPage(reportData(scenes, QStringLiteral("vxscene " VX_VERSION))));
     return written == exitSuccess ? status : written;
 }
 
 }  // namespace
 
-_command addReport(CLI::App& program) {
+_command reportCommand() {
     const auto options = std::make_shared<_options>();
-    auto* const line =
-        addCommand(program, "report",
-                   "Write a page that shows the jobs of scenes, for a browser; submitter arguments follow \"--\"",
-                   "Examples:\n  vxscene report -o shot010.html shot010.hip\n"
-                   "  vxscene report -o versions.html shot010_v1.hip shot010_v2.hip\n"
-                   "  vxscene report --recursive -o kettle.html /projects/kettle");
-    addText(*line, "-o,--output", options->output, "File of the page; otherwise the standard output", "FILE");
-    addSceneOptions(*line, options->scenes);
-    return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    _command command{
+        "report",
+        "Write a page that shows the jobs of scenes, for a browser; submitter arguments follow \"--\"",
+        "Examples:\n  vxscene report -o shot010.html shot010.hip\n"
+        "  vxscene report -o versions.html shot010_v1.hip shot010_v2.hip\n"
+        "  vxscene report --recursive -o kettle.html /projects/kettle",
+        {fileOption({"-o", "--output"}, options->output, "File of the page; otherwise the standard output")},
+        {},
+        [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    addSceneOptions(command, options->scenes);
+    return resolving(command);
 }
 
 }  // namespace vxH

@@ -1,34 +1,48 @@
-// Results of scenes on the standard output, one after the other, in one of three formats.
+// Results of scenes on the standard output, one after the other, in a format of a command's choice.
 #pragma once
 
-#include <QJsonObject>
+#include <QByteArray>
 #include <QString>
 #include <functional>
+#include <vector>
 
 #include "host/base/terminal.h"
+#include "host/commands/command.h"
+#include "host/results/explainedScene.h"
 
 namespace vxH {
 
-enum class _format { table, json, jsonl };
+/// What is printed around results.
+struct _frame {
+    const char* begin;
+    const char* between;
+    const char* afterEach;
+    const char* end;
+    const char* withoutAny;
+};
+constexpr _frame paragraphs{"", "\n", "", "", ""};
+constexpr _frame jsonList{"[\n", ",\n", "", "\n]\n", "[]\n"};
+constexpr _frame lines{"", "", "\n", "", ""};
 
-/// Member of every JSON object that is printed, and its value: docs/schema/README.md says what raises it.
-constexpr QLatin1String formatVersionKey{"formatVersion"};
-constexpr int formatVersion = 1;
+/// A way to print results.
+struct _resultFormat {
+    const char* word;  ///< as `--format` takes it
+    _frame frame;
+    /// A result, with its line ends; empty where its error says all.
+    std::function<QString(const _explainedScene& scene, const _terminal& terminal)> text;
+};
 
-/// An object as text without a line end, with the version of the format.
-QString jsonText(QJsonObject object, bool indented);
+/// "json" and "jsonl": all members of results, as one list or one line each.
+_resultFormat jsonFormat();
+_resultFormat jsonLinesFormat();
 
-/// Makes lines for people of a result, each with its line end; none where its error says all.
-using _resultTable = std::function<QString(const QJsonObject& result, const _terminal& terminal)>;
+/// `--format`; without it the first one is chosen. Formats and choice have to outlive the command.
+_option formatOption(const std::vector<_resultFormat>& formats, const _resultFormat*& chosen, const char* description);
 
-/// A result in its format, as `_resultOutput` takes it.
-QByteArray resultText(const QJsonObject& result, _format format, const _resultTable& table, const _terminal& terminal);
-
-/// Prints each result as soon as it is there, in one piece. As JSON the results are one list; as JSON lines one line
-/// each.
+/// Prints each result as soon as it is there, in one piece.
 class _resultOutput {
  public:
-    explicit _resultOutput(_format chosenFormat) : format(chosenFormat) {}
+    explicit _resultOutput(const _frame& formatFrame) : frame(formatFrame) {}
 
     /// @return false when it cannot be written (see `writeAll`)
     bool print(const QByteArray& text);
@@ -36,7 +50,7 @@ class _resultOutput {
     bool finish();
 
  private:
-    _format format;
+    const _frame& frame;
     bool isFirst = true;
 };
 

@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-#include "host/commands/command.h"
-
 namespace vxH {
 namespace {
 
@@ -23,14 +21,18 @@ int availableCores() {
 
 }  // namespace
 
-void addSceneOptions(CLI::App& command, _sceneOptions& options) {
+void addSceneOptions(_command& command, _sceneOptions& options) {
     options.parallel = availableCores();
-    addFlag(command, "--recursive", options.recursive, "Look into the folders below a folder too");
-    addNumber(command, "--parallel", options.parallel, {1, mostParallel},
-              "Scenes to load at a time; as many as there are cores otherwise", "N");
-    addSeconds(command, "--timeout", options.timeout, longestTimeout, "End a scene that takes longer, 2.5 for example");
-    addFlag(command, "--no-progress", options.noProgress, "No progress line on the terminal");
-    addArguments(command, "SCENE", options.scenes, "Scene files, folders with scenes, - for a list on standard input");
+    const _option added[] = {
+        flag("--recursive", options.recursive, "Look into the folders below a folder too"),
+        numberOption("--parallel", options.parallel, {1, mostParallel},
+                     "Scenes to load at a time; as many as there are cores otherwise"),
+        secondsOption("--timeout", options.timeout, longestTimeout, "End a scene that takes longer, 2.5 for example"),
+        flag("--no-progress", options.noProgress, "No progress line on the terminal"),
+    };
+    command.options.insert(command.options.end(), std::begin(added), std::end(added));
+    command.arguments.push_back(
+        scenesArgument("SCENE", options.scenes, "Scene files, folders with scenes, - for a list on standard input"));
 }
 
 }  // namespace vxH

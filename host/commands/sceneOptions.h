@@ -1,13 +1,10 @@
 // The options of a command that takes many scenes.
 #pragma once
 
-#include <chrono>
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
+#include "host/commands/command.h"
 
 namespace vxH {
 
@@ -20,6 +17,7 @@ struct _sceneOptions {
 };
 
 /// Adds the scenes and their options to the command; `parallel` is all cores available where it is not given.
-void addSceneOptions(CLI::App& command, _sceneOptions& options);
+/// @param options  have to outlive the command
+void addSceneOptions(_command& command, _sceneOptions& options);
 
 }  // namespace vxH

@@ -1,65 +1,36 @@
-// A child sends what is handed on, so that this process has nothing to take apart.
+// Children pack what is handed on, so that this process only passes it along.
 #include "host/commands/sceneRun.h"
 
-#include <QDataStream>
-#include <QIODevice>
-#include <QJsonDocument>
 #include <cerrno>
 #include <csignal>
 
 #include "host/base/interrupt.h"
 #include "host/batch/sceneBatch.h"
-#include "host/commands/command.h"
-#include "host/results/sceneResult.h"
-#include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxH {
 namespace {
 
-/// A result as a child sends it.
-struct _sentResult {
-    qint32 code = 0;
-    QString error;
-    QByteArray packed;
-};
-
-QByteArray bytesOf(const _sentResult& result) {
-    QByteArray bytes;
-    QDataStream{&bytes, QIODevice::WriteOnly} << result.code << result.error << result.packed;
-    return bytes;
-}
-
-_sentResult fromBytes(const QByteArray& bytes) {
-    _sentResult result;
-    QDataStream stream{bytes};
-    stream >> result.code >> result.error >> result.packed;
-    return result;
-}
-
 class _sceneReceiver {
  public:
-    _sceneReceiver(const _sceneRun& sceneRun, _progress& sceneProgress) : run(sceneRun), progress(sceneProgress) {}
+    _sceneReceiver(const _sceneUse& sceneUse, _progress& sceneProgress) : use(sceneUse), progress(sceneProgress) {}
 
-    _sentResult sent(const QJsonObject& result) const {
-        return {result[codeKey].toInt(), result[errorKey].toString(), run.pack(result)};
-    }
-
-    bool receive(const _batchResult& result) {
-        if (!result.isScene) return tellOfList(result.failure);
-        const auto got =
-            result.code == 0 ? fromBytes(result.output) : sent(sceneResult(result.scene, result.code, result.failure));
-        if (run.printsToTerminal) progress.clear();
-        if (!keepsOn(run.take(got.packed))) return false;
-        if (got.code == vxP::resultSuccess) return true;
+    bool receive(const _batchResult& outcome) {
+        if (!outcome.isScene) return tellOfList(outcome.result.failure);
+        const auto& [code, failure, output] = outcome.result;
+        const auto head = failedHead(outcome.scene, code, failure);
+        const bool hasOutput = code >= 0 || !output.isEmpty();  // a plug-in may have codes of any kind
+        if (use.printsToTerminal) progress.clear();
+        if (!keepsOn(use.take(hasOutput ? output : use.pack({{head, {}}, {}})))) return false;
+        if (head.isLoaded()) return true;
         progress.clear();
-        status = sceneFailed(sceneResult(result.scene, got.code, got.error));
+        status = sceneFailed(head);
         return true;
     }
 
     /// @return the exit status, unless a signal ends the program
     int finish() {
         progress.clear();
-        if (hasOutput) keepsOn(run.finish());
+        if (isWritable) keepsOn(use.finish());
         if (const int signal = _interrupts::noted(); signal != 0) endBySignal(signal);
         return status;
     }
@@ -74,7 +45,7 @@ class _sceneReceiver {
 
     bool keepsOn(bool isWritten) {
         if (isWritten) return true;
-        hasOutput = false;
+        isWritable = false;
         if (errno == EPIPE) _interrupts::note(SIGPIPE);
         if (_interrupts::noted() == 0) {
             progress.clear();
@@ -83,9 +54,9 @@ class _sceneReceiver {
         return false;
     }
 
-    const _sceneRun& run;
+    const _sceneUse& use;
     _progress& progress;
-    bool hasOutput = true;
+    bool isWritable = true;
     int status = exitSuccess;
 };
 
@@ -97,32 +68,24 @@ _batchLimits limitsOf(const _sceneOptions& options) {
 
 }  // namespace
 
-int runScenes(const _sceneOptions& options, const _sceneRun& run) {
-    _sceneList scenes{options.scenes, options.recursive, run.fileFilter};
+int runScenes(const _sceneOptions& options, const _sceneSource& source, const _sceneUse& use) {
+    _sceneList scenes{options.scenes, options.recursive, source.fileFilter};
     _progress progress{!options.noProgress};
-    _sceneReceiver receiver{run, progress};
-    const auto work = [&](const QString& scene) { return bytesOf(receiver.sent(run.work(scene))); };
+    _sceneReceiver receiver{use, progress};
+    const auto work = [&](const QString& path) -> _childResult {
+        const auto scene = source.load(path);
+        return {scene.code, scene.error, use.pack(scene)};
+    };
     runBatch(scenes, work, limitsOf(options), progress, [&](const auto& result) { return receiver.receive(result); });
     return receiver.finish();
 }
 
-int printScenes(const _sceneOptions& options, const QString& fileFilter, const _sceneWork& work, _format format,
-                const _resultTable& table) {
+int printScenes(const _sceneOptions& options, const _sceneSource& source, const _resultFormat& format) {
     const _terminal terminal = standardOutputTerminal();
-    _resultOutput output{format};
-    const auto pack = [&](const QJsonObject& result) { return resultText(result, format, table, terminal); };
+    _resultOutput output{format.frame};
+    const auto pack = [&](const _explainedScene& scene) { return format.text(scene, terminal).toUtf8(); };
     const auto print = [&](const QByteArray& text) { return output.print(text); };
-    return runScenes(options, {fileFilter, work, pack, print, [&] { return output.finish(); }, terminal.width > 0});
-}
-
-int collectScenes(const _sceneOptions& options, const QString& fileFilter, const _sceneWork& work,
-                  QJsonArray& results) {
-    const auto pack = [](const QJsonObject& result) { return QJsonDocument(result).toJson(QJsonDocument::Compact); };
-    const auto keep = [&](const QByteArray& packed) {
-        results.append(QJsonDocument::fromJson(packed).object());
-        return true;
-    };
-    return runScenes(options, {fileFilter, work, pack, keep, [] { return true; }});
+    return runScenes(options, source, {pack, print, [&] { return output.finish(); }, terminal.width > 0});
 }
 
 }  // namespace vxH

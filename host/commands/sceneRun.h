@@ -1,8 +1,6 @@
-// A command's work over many scenes, printed: what `jobs` and its like have in common.
+// A command's work on many scenes: what `jobs` and similar commands have in common.
 #pragma once
 
-#include <QJsonArray>
-#include <QJsonObject>
 #include <QString>
 #include <functional>
 
@@ -11,32 +9,28 @@
 
 namespace vxH {
 
-/// Makes a scene's result, see host/results/sceneResult.h.
-using _sceneWork = std::function<QJsonObject(const QString& absoluteScenePath)>;
-
-struct _sceneRun {
+/// Which scenes there are and how one is loaded, in a child process.
+struct _sceneSource {
     QString fileFilter;  ///< which files of a folder are scenes: "*.hip;*.hipnc;"
-    _sceneWork work;     ///< runs in a process of its own
-    /// What of a result is handed on; it runs there too.
-    std::function<QByteArray(const QJsonObject& result)> pack;
+    std::function<_explainedScene(const QString& absoluteScenePath)> load;
+};
+
+/// What becomes of the results.
+struct _sceneUse {
+    /// What of a result is handed on; it runs in the child process.
+    std::function<QByteArray(const _explainedScene& scene)> pack;
     /// Gets it, in the order of the scenes. @return false to end the run
     std::function<bool(const QByteArray& packed)> take;
     std::function<bool()> finish;  ///< after the last one. @return false when that failed
     bool printsToTerminal = false;
 };
 
-/// Does the work for every scene, with an error line for each that fails and a progress line. A signal that ends the
-/// program (see host/base/interrupt.h), and a reader of the output that is gone, end it here.
+/// Loads every scene and hands its result on, with an error line for each that fails and a progress line. A signal that
+/// ends the program (see host/base/interrupt.h), and a reader of the output that is gone, end it here.
 /// @return an `_exitStatus`
-int runScenes(const _sceneOptions& options, const _sceneRun& run);
+int runScenes(const _sceneOptions& options, const _sceneSource& source, const _sceneUse& use);
 
 /// Prints the results to the standard output.
-/// @param table  a result for people
-int printScenes(const _sceneOptions& options, const QString& fileFilter, const _sceneWork& work, _format format,
-                const _resultTable& table);
-
-/// Keeps the results.
-/// @param[out] results  of all scenes, failed ones too
-int collectScenes(const _sceneOptions& options, const QString& fileFilter, const _sceneWork& work, QJsonArray& results);
+int printScenes(const _sceneOptions& options, const _sceneSource& source, const _resultFormat& format);
 
 }  // namespace vxH

@@ -1,9 +1,12 @@
 // vxscene vars
 #include <limits>
 
-#include "host/commands/command.h"
-#include "host/commands/resultOutput.h"
-#include "host/text/jobVariableList.h"
+#include "host/access/sceneLoad.h"
+#include "host/base/terminal.h"
+#include "host/commands/allCommands.h"
+#include "host/results/recordReading.h"
+#include "host/results/sceneJson.h"
+#include "host/text/variablesText.h"
 
 namespace vxH {
 namespace {
@@ -16,39 +19,34 @@ struct _options {
 };
 
 int run(const _options& options, const _submitterArguments& submitter) {
-    auto result = loadSceneApart(QString::fromStdString(options.plugin), options.scene.c_str(), submitter,
-                                 [&](const auto& jobs) { return jobVariableLists(jobs, options.jobNumber); });
-    const int code = result[codeKey].toInt();
-    const auto lists = result[jobsKey].toArray();
-    if (code == hostNoPlugin) return noPlugin(result[errorKey].toString());
-    if (code == vxP::resultSuccess && lists.isEmpty() && options.jobNumber != allJobs) {
-        writeError(QStringLiteral("%1: there is no job %2")
-                       .arg(result[sceneKey].toString(), QString::number(options.jobNumber)));
+    const auto result =
+        loadVariablesApart(QString::fromStdString(options.plugin), options.scene.c_str(), submitter, options.jobNumber);
+    if (result.code == hostNoPlugin) return noPlugin(result.error);
+    if (result.isLoaded() && result.jobs.empty() && options.jobNumber != allJobs) {
+        writeError(QStringLiteral("%1: there is no job %2").arg(result.scene, QString::number(options.jobNumber)));
         return exitUsage;
     }
     if (options.asJson) {
-        result.remove(messageKey);  // it belongs to the submission
-        writeLine(stdout, jsonText(result, true));
+        writeLine(stdout, jsonText(variablesToJson(result), true));
     } else {
-        const auto lines = jobVariableLines(lists);
+        const auto lines = variableLines(result.jobs);
         for (const auto& text : lines) writeLine(stdout, text);
     }
-    return code == vxP::resultSuccess ? exitSuccess : sceneFailed(result);
+    return result.isLoaded() ? exitSuccess : sceneFailed(result);
 }
 
 }  // namespace
 
-_command addVars(CLI::App& program) {
+_command varsCommand() {
     const auto options = std::make_shared<_options>();
-    auto* const line =
-        addCommand(program, "vars", "Print the named variables of a scene's jobs",
-                   "Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip");
-    addPluginOption(*line, options->plugin);
-    addTextOrJson(*line, options->asJson);
-    addNumber(*line, "--job", options->jobNumber, {1, std::numeric_limits<int>::max()},
-              "Only this job, numbered as \"jobs\" does", "N");
-    addArgument(*line, "SCENE", options->scene, "Scene file; submitter arguments follow \"--\"");
-    return {line, [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    return resolving({"vars",
+                      "Print the named variables of a scene's jobs",
+                      "Examples:\n  vxscene vars shot010.hip\n  vxscene vars --job 2 --format json shot010.hip",
+                      {pluginOption(options->plugin), textOrJson(options->asJson),
+                       numberOption("--job", options->jobNumber, {1, std::numeric_limits<int>::max()},
+                                    "Only this job, numbered as \"jobs\" does")},
+                      {sceneArgument("SCENE", options->scene, "Scene file; submitter arguments follow \"--\"")},
+                      [options](const _submitterArguments& submitter) { return run(*options, submitter); }});
 }
 
 }  // namespace vxH

@@ -1,15 +1,12 @@
 // Several passes, from jobs that have everything in common to those that have little.
 #include "host/diff/jobMatch.h"
 
-#include <QJsonArray>
 #include <QStringList>
 #include <algorithm>
 #include <array>
 #include <map>
 
-#include "host/diff/sceneMarks.h"
 #include "host/results/jobCells.h"
-#include "host/results/sceneResult.h"
 
 namespace vxH {
 namespace {
@@ -39,19 +36,15 @@ constexpr std::array passes{
     _pass{waiting, true},
 };
 
-_identity identityOf(const QJsonObject& job, const _sceneMarks& marks) {
-    const auto text = [&](const char* field) { return job[QLatin1String{field}].toString(); };
-    const bool waits = !job[QLatin1String{"waitForPreIDs"}].toArray().isEmpty();
-    return {driverCell(job),
-            {rendererCell(job), text("channel"), marks.marked(text("imageDir")),
-             marks.marked(text("imageFileName")) + text("imageExtension"), QString::number(int{waits})}};
-}
-
-std::vector<_identity> identitiesOf(const QJsonObject& result) {
-    const _sceneMarks marks{result[sceneKey].toString()};
+std::vector<_identity> identitiesOf(const std::vector<_job>& jobs) {
     std::vector<_identity> identities;
-    const auto jobs = result[jobsKey].toArray();
-    for (const auto& job : jobs) identities.push_back(identityOf(job.toObject(), marks));
+    identities.reserve(jobs.size());
+    for (const auto& job : jobs) {
+        const bool waits = !job.waitForPreIDs.empty();
+        identities.push_back({job.layer,
+                              {rendererCell(job), job.channel, job.imageDir, job.imageFileName + job.imageExtension,
+                               QString::number(int{waits})}});
+    }
     return identities;
 }
 
@@ -63,9 +56,9 @@ struct _candidates {
 
 class _matching {
  public:
-    _matching(const QJsonObject& oldResult, const QJsonObject& newResult)
-        : before{identitiesOf(oldResult)},
-          now{identitiesOf(newResult)},
+    _matching(const std::vector<_job>& oldJobs, const std::vector<_job>& newJobs)
+        : before{identitiesOf(oldJobs)},
+          now{identitiesOf(newJobs)},
           isFound(before.size(), false),
           matches(now.size(), noJob) {}
 
@@ -104,55 +97,12 @@ class _matching {
     std::vector<int> matches;
 };
 
-/// The jobs before a waiting one, by their own numbers.
-class _jobsBefore {
- public:
-    void add(const QJsonObject& job) {
-        jobs.push_back({driverAndTake(job)});
-        withPreID[preIDIn(job[QLatin1String{"preID"}])].push_back(static_cast<int>(jobs.size()) - 1);
-    }
-
-    int waitedFor(const QJsonObject& waiting, const QJsonValue& preID) const {
-        const auto& found = withPreID[preIDIn(preID)];
-        const auto wanted = driverAndTake(waiting);
-        const auto own = std::find_if(found.rbegin(), found.rend(),
-                                      [&](int index) { return jobs[static_cast<std::size_t>(index)] == wanted; });
-        if (own != found.rend()) return *own;
-        return found.empty() ? noJob : found.back();
-    }
-
- private:
-    using _driverAndTake = std::pair<QString, QString>;
-
-    static _driverAndTake driverAndTake(const QJsonObject& job) {
-        return {job[QLatin1String{"layer"}].toString(), job[QLatin1String{"channel"}].toString()};
-    }
-    static quint8 preIDIn(const QJsonValue& value) { return static_cast<quint8>(value.toInt()); }
-
-    std::vector<_driverAndTake> jobs;
-    std::array<std::vector<int>, 256> withPreID;
-};
-
 }  // namespace
 
-std::vector<int> matchedJobs(const QJsonObject& oldResult, const QJsonObject& newResult) {
-    _matching matching{oldResult, newResult};
+std::vector<int> matchedJobs(const std::vector<_job>& before, const std::vector<_job>& now) {
+    _matching matching{before, now};
     for (const auto& pass : passes) matching.run(pass);
     return std::move(matching).result();
-}
-
-std::vector<std::vector<int>> waitedForJobs(const QJsonObject& result) {
-    std::vector<std::vector<int>> waitedFor;
-    _jobsBefore jobsBefore;
-    const auto jobs = result[jobsKey].toArray();
-    for (const auto& entry : jobs) {
-        const auto job = entry.toObject();
-        auto& indices = waitedFor.emplace_back();
-        const auto preIDs = job[QLatin1String{"waitForPreIDs"}].toArray();
-        for (const auto& preID : preIDs) indices.push_back(jobsBefore.waitedFor(job, preID));
-        jobsBefore.add(job);
-    }
-    return waitedFor;
 }
 
 }  // namespace vxH

@@ -1,9 +1,6 @@
 // The marks are characters for private use, which no program gives a meaning.
 #include "host/diff/sceneMarks.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
-
 #include "shared/vxPath.h"
 
 namespace vxH {
@@ -12,6 +9,9 @@ namespace {
 constexpr QLatin1Char separator{'/'};
 constexpr QChar folderMark{0xE000};
 constexpr QChar nameMark{0xE001};
+
+/// Texts with paths in them, beside those of lists.
+constexpr QString _job::*paths[] = {&_job::imageDir, &_job::imageFileName, &_job::sceneDatabaseDir, &_job::sceneName};
 
 /// The name as a whole word.
 QRegularExpression nameIn(const QString& scene) {
@@ -26,26 +26,23 @@ QRegularExpression nameIn(const QString& scene) {
 _sceneMarks::_sceneMarks(const QString& scene) : folder{vxS::vxGetDirName(scene, separator)}, name{nameIn(scene)} {
 }
 
-QString _sceneMarks::marked(QString text) const {
-    const bool isInFolder = (text + separator).startsWith(folder);  // the folder itself may lack its separator
-    if (isInFolder) text.replace(0, folder.size(), folderMark);
-    return text.replace(name, nameMark);
+_job _sceneMarks::marked(_job job) const {
+    for (QString _job::*const path : paths) mark(job.*path);
+    for (auto& file : job.channels) {
+        mark(file.name);
+        mark(file.extension);
+    }
+    for (auto& text : job.customData) {
+        mark(text.name);
+        mark(text.value);
+    }
+    return job;
 }
 
-QJsonValue _sceneMarks::marked(const QJsonValue& value) const {
-    if (value.isString()) return marked(value.toString());
-    if (value.isArray()) {
-        QJsonArray list;
-        const auto entries = value.toArray();
-        for (const auto& entry : entries) list.append(marked(QJsonValue{entry}));
-        return list;
-    }
-    if (value.isObject()) {
-        QJsonObject object = value.toObject();
-        for (auto member = object.begin(); member != object.end(); ++member) *member = marked(QJsonValue{*member});
-        return object;
-    }
-    return value;
+void _sceneMarks::mark(QString& text) const {
+    const bool isInFolder = (text + separator).startsWith(folder);  // the folder itself may lack its separator
+    if (isInFolder) text.replace(0, folder.size(), folderMark);
+    text.replace(name, nameMark);
 }
 
 }  // namespace vxH

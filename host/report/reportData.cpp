@@ -1,115 +1,104 @@
 #include "host/report/reportData.h"
 
-#include "host/access/sceneExplanation.h"
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+#include "host/report/comparisons.h"
+#include "host/results/explanationJson.h"
 #include "host/results/jobCells.h"
+#include "host/results/sceneJson.h"
 
 namespace vxH {
 namespace {
 
-constexpr QLatin1String membersAsTheyAre[] = {sceneKey, codeKey, errorKey, factsKey, warningsKey};
+constexpr QLatin1String jobsKey{"jobs"};
 
-/// Where the scene's jobs are found by driver and own number. Own numbers have 8 bits and repeat in a long list: a
-/// render job means the nearest job before it, preferably of its own driver.
-class _earlierJobs {
- public:
-    /// @return number from 1, 0 for none
-    int numberOf(const QString& driver, int preID) const {
-        const int ofDriver = byDriver.value({driver, preID});
-        return ofDriver > 0 ? ofDriver : byID.value(preID);
-    }
-    void add(const QString& driver, int preID, int number) {
-        byDriver.insert({driver, preID}, number);
-        byID.insert(preID, number);
-    }
+// Of a scene on its way.
+constexpr QLatin1String shownKey{"shown"};
+constexpr QLatin1String resultKey{"result"};
 
- private:
-    QMap<std::pair<QString, int>, int> byDriver;
-    QMap<int, int> byID;
-};
-
-void addWaits(QJsonObject& row, const QJsonObject& job, const _earlierJobs& earlier) {
+void addWaits(QJsonObject& row, const _job& job) {
     QJsonArray numbers;
     QJsonArray unknown;
-    const auto preIDs = job[QLatin1String{"waitForPreIDs"}].toArray();
-    for (const auto& preID : preIDs) {
-        const int number = earlier.numberOf(driverCell(job), preID.toInt());
-        if (number > 0) {
-            numbers.append(number);
+    for (std::size_t i = 0; i < job.waitsFor.size(); ++i) {
+        if (job.waitsFor[i] == noJob) {
+            unknown.append(job.waitForPreIDs[i]);
         } else {
-            unknown.append(preID);
+            numbers.append(job.waitsFor[i] + 1);
         }
     }
     if (!numbers.isEmpty()) row.insert(QLatin1String{"waitsFor"}, numbers);
     if (!unknown.isEmpty()) row.insert(QLatin1String{"waitsForIDs"}, unknown);
 }
 
-void addRange(QJsonObject& row, const QJsonObject& job) {
-    if (!job[QLatin1String{"seqFrameSet"}].toString().isEmpty()) return;
-    constexpr std::pair<QLatin1String, QLatin1String> numbers[] = {{QLatin1String{"start"}, QLatin1String{"seqStart"}},
-                                                                   {QLatin1String{"end"}, QLatin1String{"seqEnd"}},
-                                                                   {QLatin1String{"step"}, QLatin1String{"seqStep"}}};
-    for (const auto& [name, field] : numbers) {
-        if (job[field].isDouble()) row.insert(name, job[field]);
-    }
+void addRange(QJsonObject& row, const _job& job) {
+    if (!job.seqFrameSet.isEmpty()) return;
+    if (std::isfinite(job.seqStart)) row.insert(QLatin1String{"start"}, job.seqStart);
+    if (std::isfinite(job.seqEnd)) row.insert(QLatin1String{"end"}, job.seqEnd);
+    row.insert(QLatin1String{"step"}, job.seqStep);
 }
 
-QJsonObject jobRow(const QJsonObject& job, const _cellScene& scene, const _earlierJobs& earlier) {
-    const auto output = outputCell(job, scene);
-    const auto recorded = recordedOutputCell(job);
-    QJsonObject row{{QLatin1String{"driver"}, driverCell(job)},
-                    {QLatin1String{"renderer"}, rendererCell(job)},
-                    {QLatin1String{"frames"}, framesCell(job)},
-                    {QLatin1String{"output"}, output},
-                    {QLatin1String{"camera"}, job[QLatin1String{"camera"}].toString()},
-                    {QLatin1String{"take"}, job[QLatin1String{"channel"}].toString()},
+QJsonObject jobRow(const _job& job, const QString& scene) {
+    QJsonObject row{{QLatin1String{"driver"}, job.layer},       {QLatin1String{"renderer"}, rendererCell(job)},
+                    {QLatin1String{"frames"}, framesCell(job)}, {QLatin1String{"output"}, outputCell(job, scene)},
+                    {QLatin1String{"camera"}, job.camera},      {QLatin1String{"take"}, job.channel},
                     {QLatin1String{"size"}, sizeCell(job)}};
-    if (recorded != output) row.insert(QLatin1String{"recorded"}, recorded);
     addRange(row, job);
-    addWaits(row, job, earlier);
+    addWaits(row, job);
     return row;
 }
 
-QJsonArray jobRows(const QJsonObject& scene) {
-    const _cellScene cells{scene};
-    _earlierJobs earlier;
+QJsonArray jobRows(const _sceneResult& scene) {
     QJsonArray rows;
-    const auto jobs = scene[jobsKey].toArray();
-    for (const auto& entry : jobs) {
-        const auto job = entry.toObject();
-        rows.append(jobRow(job, cells, earlier));
-        earlier.add(driverCell(job), job[QLatin1String{"preID"}].toInt(), static_cast<int>(rows.size()));
-    }
+    for (const auto& job : scene.jobs) rows.append(jobRow(job, scene.scene));
     return rows;
 }
 
-QJsonArray skippedSections(const QJsonObject& scene) {
-    QJsonArray skipped;
-    const auto sections = scene[sectionsKey].toArray();
-    for (const auto& section : sections) {
-        if (isSkippedDriver(section)) skipped.append(section);
-    }
-    const auto notRecognised = scene[notRecognisedKey].toArray();
+/// What the page shows of the explanation.
+void addExplanation(QJsonObject& shown, vxE::_explanation explanation) {
+    auto& sections = explanation.sections;
+    sections.erase(std::remove_if(sections.begin(), sections.end(), std::not_fn(isSkippedDriver)), sections.end());
+    const auto object = explanationToJson(explanation);
+    auto skipped = object[sectionsKey].toArray();
+    const auto notRecognised = object[notRecognisedKey].toArray();
     for (const auto& section : notRecognised) skipped.append(section);
-    return skipped;
-}
-
-QJsonObject sceneData(const QJsonObject& scene) {
-    QJsonObject data;
-    for (const auto& name : membersAsTheyAre) {
-        if (scene.contains(name)) data.insert(name, scene[name]);
-    }
-    data.insert(jobsKey, jobRows(scene));
-    const bool tellsSkipped = scene.contains(sectionsKey) || scene.contains(notRecognisedKey);
-    if (tellsSkipped) data.insert(QLatin1String{"skipped"}, skippedSections(scene));
-    return data;
+    shown.insert(factsKey, object[factsKey]);
+    shown.insert(warningsKey, object[warningsKey]);
+    shown.insert(QLatin1String{"skipped"}, skipped);
 }
 
 }  // namespace
 
-QJsonObject reportData(const QJsonArray& explainedScenes, const QString& program) {
-    QJsonArray scenes;
-    for (const auto& scene : explainedScenes) scenes.append(sceneData(scene.toObject()));
-    return {{QLatin1String{"program"}, program}, {QLatin1String{"scenes"}, scenes}};
+_reportScene reportScene(const _explainedScene& scene) {
+    auto shown = headToJson(scene);
+    shown.insert(jobsKey, jobRows(scene));
+    if (scene.explanation.isSceneRead) addExplanation(shown, scene.explanation);
+    return {shown, scene};
+}
+
+QByteArray toBytes(const _reportScene& scene) {
+    return QJsonDocument(QJsonObject{{shownKey, scene.shown}, {resultKey, sceneToJson(scene.result)}})
+        .toJson(QJsonDocument::Compact);
+}
+
+_reportScene reportSceneFromBytes(const QByteArray& bytes) {
+    const auto object = QJsonDocument::fromJson(bytes).object();
+    return {object[shownKey].toObject(), sceneFromJson(object[resultKey].toObject())};
+}
+
+QJsonObject reportData(const std::vector<_reportScene>& scenes, const QString& program) {
+    QJsonArray shown;
+    std::vector<const _sceneResult*> results;
+    for (const auto& scene : scenes) {
+        shown.append(scene.shown);
+        results.push_back(&scene.result);
+    }
+    return {{QLatin1String{"program"}, program},
+            {QLatin1String{"scenes"}, shown},
+            {QLatin1String{"comparisons"}, comparisons(results)}};
 }
 
 }  // namespace vxH

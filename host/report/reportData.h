@@ -1,19 +1,37 @@
-// What the report page shows of explained scenes: one small row a job instead of its whole record.
+// What the report page shows of explained scenes: one small row for each job instead of its whole record, and what
+// differs between the scenes.
 #pragma once
 
-#include <QJsonArray>
 #include <QJsonObject>
+#include <vector>
+
+#include "host/results/explainedScene.h"
 
 namespace vxH {
 
-/// The page's data, texts untouched:
-/// `program` as given, and `scenes`, each with `scene`, `code` and, where the explained scene has them, `error`,
-/// `facts` and `warnings`. Its `jobs` hold the cells of the job table (`driver`, `renderer`, `frames`, `output`,
-/// `camera`, `take`, `size`), numbers to sort and draw by (`start`, `end`, `step`; missing where a frame set counts or
-/// a frame is no number), `recorded` (the output with its folder as recorded; only where that differs), `waitsFor`
+/// A scene as it gets into a report. It is made in a child process, see `toBytes`.
+struct _reportScene {
+    QJsonObject shown;    ///< the scene's part of the page's data
+    _sceneResult result;  ///< for comparisons
+};
+
+/// `shown` holds, texts untouched, `scene`, `code` and, where the scene has them, `error`, `facts` and `warnings`. Its
+/// `jobs` hold the cells of the job table (`driver`, `renderer`, `frames`, `output`, `camera`, `take`, `size`), numbers
+/// to sort and draw by (`start`, `end`, `step`; missing where a frame set counts or a frame is no number), `waitsFor`
 /// (numbers of jobs, from 1) and `waitsForIDs` (own numbers that no job before has). `skipped` lists what gave no job:
-/// sections without an outcome and those not recognised (without `reader`); it is missing where the explained scene
-/// tells neither.
-QJsonObject reportData(const QJsonArray& explainedScenes, const QString& program);
+/// sections without an outcome and those not recognised (without `reader`); it is missing where the scene was not read.
+_reportScene reportScene(const _explainedScene& scene);
+
+QByteArray toBytes(const _reportScene& scene);
+_reportScene reportSceneFromBytes(const QByteArray& bytes);
+
+/// The page's data: `program` as given, `scenes` as above, and `comparisons`, which say what `vxscene diff` says of two
+/// scenes, by their places from 0: `left`, `right` (the later one), `came` and `went` (numbers of jobs), and
+/// `changed`: `left`, `right` (numbers of the job) and `fields`, each of `name`, `before` and `after`. Jobs of the
+/// right scene that are in none of them are unchanged.
+///
+/// Every scene is compared with the next one; of up to 20 scenes every pair is compared as long as they have not too
+/// many jobs. A scene whose jobs are not known is compared with none.
+QJsonObject reportData(const std::vector<_reportScene>& scenes, const QString& program);
 
 }  // namespace vxH

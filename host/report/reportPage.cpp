@@ -20,7 +20,7 @@ struct _escape {
     const char* escaped;
 };
 
-/// What could end the data block or a line of a script. All of it stands inside of JSON's texts only.
+/// What could end the data block or a line of a script. In JSON all of it occurs inside texts only.
 constexpr _escape escapes[] = {
     {"<", "\\u003c"}, {">", "\\u003e"}, {"&", "\\u0026"}, {"\xE2\x80\xA8", "\\u2028"}, {"\xE2\x80\xA9", "\\u2029"}};
 
@@ -44,7 +44,7 @@ QByteArray policyFor(const QByteArray& style, const QByteArray& script) {
            "; base-uri 'none'; form-action 'none'; require-trusted-types-for 'script'";
 }
 
-/// The template with each part in place of its mark. Goes through it once: a mark inside of a part stays.
+/// The template with each part in place of its mark. Goes through it once: a mark inside a part stays.
 template <std::size_t Count>
 QByteArray filled(std::string_view page, const std::array<_part, Count>& parts) {
     QByteArray text;
@@ -61,7 +61,7 @@ QByteArray filled(std::string_view page, const std::array<_part, Count>& parts) 
 QByteArray reportPage(const QJsonObject& data) {
     const auto style = bytesOf(reportStyle);
     const auto script = bytesOf(reportScript);
-    // In the order in which they stand in the template.
+    // In the order of the template.
     return filled(reportTemplate, std::array{_part{"{{policy}}", policyFor(style, script)}, _part{"{{style}}", style},
                                              _part{"{{data}}", dataBlock(data)}, _part{"{{script}}", script}});
 }

@@ -1,35 +1,23 @@
-// What stands in the cells of the job table: texts made from a job's JSON object for people to read.
+// The cells of the job table: texts made from a job for people to read.
 #pragma once
 
-#include <QJsonArray>
-#include <QJsonObject>
 #include <QString>
-#include <array>
+
+#include "host/results/job.h"
 
 namespace vxH {
 
-/// What the cells of one scene need beyond their own job.
-struct _cellScene {
-    explicit _cellScene(const QJsonObject& result);
-
-    QString folder;                     ///< the scene's, with its separator
-    std::array<int, 256> jobWithPreID;  ///< number (from 1) of the job with that own number; 0: none or several
-};
-
-/// "out/mantra1"
-QString driverCell(const QJsonObject& job);
 /// Application and renderer: "Houdini/createIFD"
-QString rendererCell(const QJsonObject& job);
+QString rendererCell(const _job& job);
 /// The frame set, or "1001-1100 x2", "1001-1100", "7"
-QString framesCell(const QJsonObject& job);
+QString framesCell(const _job& job);
 /// Folder, file name, "#" for each frame digit, and extension as one path. The folder's "<Database>" and
 /// "<SceneFolder>" are written out, and so is "<Channel>" in a job of one take.
-QString outputCell(const QJsonObject& job, const _cellScene& scene);
-/// The same with the folder as it is recorded: alike for scenes that only lie in different folders.
-QString recordedOutputCell(const QJsonObject& job);
+/// @param scene  absolute path
+QString outputCell(const _job& job, const QString& scene);
 /// "1920x1080"; empty where the camera decides
-QString sizeCell(const QJsonObject& job);
-/// Numbers of the jobs it waits for: "1, 2"; "id 44" where own numbers are missing or no longer unique
-QString waitsForCell(const QJsonObject& job, const _cellScene& scene);
+QString sizeCell(const _job& job);
+/// Numbers of the jobs it waits for, from 1: "1, 2"; "id 44" where no job before it has that own number
+QString waitsForCell(const _job& job);
 
 }  // namespace vxH

@@ -1,15 +1,19 @@
 #include "host/results/sceneResult.h"
 
-#include <QJsonArray>
-
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxH {
 
-QJsonObject sceneResult(const QString& scene, qint32 code, const QString& error) {
-    QJsonObject result{{sceneKey, scene}, {codeKey, code}, {messageKey, QString{}}, {jobsKey, QJsonArray{}}};
-    if (code != vxP::resultSuccess) result.insert(errorKey, error);
-    return result;
+bool _sceneHead::isLoaded() const {
+    return code == vxP::resultSuccess;
+}
+
+bool _sceneHead::knowsItsJobs() const {
+    return isLoaded() || code == vxP::resultNoUsableOutput;
+}
+
+_sceneHead failedHead(const QString& scene, qint32 code, const QString& error) {
+    return {scene, code, error, {}};
 }
 
 }  // namespace vxH

@@ -1,20 +1,41 @@
-// What the result of a scene holds, whichever command makes it.
+// What a scene came to, whichever command asked for it.
 #pragma once
 
-#include <QJsonObject>
 #include <QString>
+#include <vector>
+
+#include "host/results/job.h"
 
 namespace vxH {
 
-// Members of a scene's result.
-constexpr QLatin1String sceneKey{"scene"};      ///< absolute path
-constexpr QLatin1String codeKey{"code"};        ///< the plug-in's code, or a `_hostCode`
-constexpr QLatin1String messageKey{"message"};  ///< submitter options of the whole submission
-constexpr QLatin1String jobsKey{"jobs"};        ///< what the reader made of the jobs
-constexpr QLatin1String errorKey{"error"};      ///< what went wrong; only there when the code is not 1
+/// What every result tells.
+struct _sceneHead {
+    QString scene;    ///< absolute path
+    qint32 code = 0;  ///< the plug-in's, or a `_hostCode`
+    QString error;    ///< one line; empty for a scene that was loaded
+    QString message;  ///< submitter options of the whole submission
 
-/// A result without message and jobs.
-/// @param error  left out where the code is success
-QJsonObject sceneResult(const QString& scene, qint32 code, const QString& error);
+    bool isLoaded() const;
+    /// A scene without usable output names has failed, but its jobs are known: there are none.
+    bool knowsItsJobs() const;
+};
+
+struct _sceneResult : _sceneHead {
+    std::vector<_job> jobs;  ///< with those made before a failure
+};
+
+/// The variables of one job.
+struct _jobVariables {
+    int number;  ///< of the job, from 1
+    QString driver;
+    std::vector<_namedText> variables;  ///< see jobs/jobVariables.h
+};
+
+struct _sceneVariables : _sceneHead {
+    std::vector<_jobVariables> jobs;
+};
+
+/// The head of a scene that failed.
+_sceneHead failedHead(const QString& scene, qint32 code, const QString& error);
 
 }  // namespace vxH

@@ -1,7 +1,6 @@
 // Columns, their widths, and the lines.
 #include "host/text/jobTable.h"
 
-#include <QJsonArray>
 #include <algorithm>
 #include <array>
 #include <numeric>
@@ -9,14 +8,13 @@
 
 #include "host/base/displayText.h"
 #include "host/results/jobCells.h"
-#include "host/results/sceneResult.h"
 
 namespace vxH {
 namespace {
 
 struct _row {
-    QJsonObject job;
-    const _cellScene& scene;
+    const _job& job;
+    const QString& scene;
     int number;  // from 1
 };
 
@@ -25,7 +23,7 @@ struct _column {
     QString (*cell)(const _row&);
     QString (*elide)(QStringView, int columns);
     int rank;   // 0: the last to be left out and the first to get the room it needs
-    int least;  // columns below which it is rather left out
+    int least;  // with fewer columns it is left out instead
     bool toTheRight;
     QLatin1String colour;
 };
@@ -33,7 +31,7 @@ struct _column {
 constexpr std::array columns{
     _column{QLatin1String{"#"}, [](const _row& row) { return QString::number(row.number); }, elideMiddle, 1, 2, true,
             QLatin1String{}},
-    _column{QLatin1String{"driver"}, [](const _row& row) { return driverCell(row.job); }, elideMiddle, 0, 24, false,
+    _column{QLatin1String{"driver"}, [](const _row& row) { return row.job.layer; }, elideMiddle, 0, 24, false,
             driverColour},
     _column{QLatin1String{"renderer"}, [](const _row& row) { return rendererCell(row.job); }, elidePath, 4, 10, false,
             QLatin1String{}},
@@ -41,18 +39,17 @@ constexpr std::array columns{
             QLatin1String{}},
     _column{QLatin1String{"output"}, [](const _row& row) { return outputCell(row.job, row.scene); }, elidePath, 2, 20,
             false, QLatin1String{}},
-    _column{QLatin1String{"camera"}, [](const _row& row) { return row.job[QLatin1String{"camera"}].toString(); },
-            elidePath, 7, 10, false, QLatin1String{}},
-    _column{QLatin1String{"take"}, [](const _row& row) { return row.job[QLatin1String{"channel"}].toString(); },
-            elideMiddle, 6, 5, false, QLatin1String{}},
+    _column{QLatin1String{"camera"}, [](const _row& row) { return row.job.camera; }, elidePath, 7, 10, false,
+            QLatin1String{}},
+    _column{QLatin1String{"take"}, [](const _row& row) { return row.job.channel; }, elideMiddle, 6, 5, false,
+            QLatin1String{}},
     _column{QLatin1String{"size"}, [](const _row& row) { return sizeCell(row.job); }, elideMiddle, 8, 9, false,
             QLatin1String{}},
-    _column{QLatin1String{"waits for"}, [](const _row& row) { return waitsForCell(row.job, row.scene); }, elideMiddle,
-            5, 9, false, QLatin1String{}},
+    _column{QLatin1String{"waits for"}, [](const _row& row) { return waitsForCell(row.job); }, elideMiddle, 5, 9, false,
+            QLatin1String{}},
 };
 
 constexpr int gap = 2;  // columns between two texts
-constexpr QLatin1String headingColour{"\x1b[1m"};
 
 using _cells = std::array<QString, columns.size()>;
 using _widths = std::array<int, columns.size()>;  // 0: the column is left out
@@ -105,7 +102,7 @@ _widths chosenWidths(const std::vector<_cells>& lines, int room) {
 
 QString tableLine(const _cells& cells, const _widths& widths, bool colour) {
     QString line;
-    int blanks = 0;  // owed before the next text, so that no line ends with blanks
+    int blanks = 0;  // due before the next text, so that no line ends with blanks
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (widths[i] == 0) continue;
         const QString text = columns[i].elide(cells[i], widths[i]);
@@ -120,12 +117,10 @@ QString tableLine(const _cells& cells, const _widths& widths, bool colour) {
     return line;
 }
 
-std::vector<_cells> jobLines(const QJsonObject& result) {
-    const _cellScene scene{result};
+std::vector<_cells> jobLines(const _sceneResult& result) {
     std::vector<_cells> lines;
-    const auto jobs = result[jobsKey].toArray();
-    for (const auto& job : jobs) {
-        const _row row{job.toObject(), scene, static_cast<int>(lines.size()) + 1};
+    for (const auto& job : result.jobs) {
+        const _row row{job, result.scene, static_cast<int>(lines.size()) + 1};
         auto& cells = lines.emplace_back();
         for (std::size_t i = 0; i < columns.size(); ++i) cells[i] = printable(columns[i].cell(row));
     }
@@ -138,32 +133,27 @@ _cells titles() {
     return cells;
 }
 
-/// Renderers put their own version into their jobs: only Houdini's own jobs tell the scene's.
-QString houdiniVersion(const QJsonArray& jobs) {
-    for (const auto& entry : jobs) {
-        const auto job = entry.toObject();
-        if (job[QLatin1String{"app"}].toString() != QLatin1String{"Houdini"}) continue;
-        return QStringLiteral("Houdini %1.%2, ")
-            .arg(job[QLatin1String{"appVersionMajor"}].toInt())
-            .arg(job[QLatin1String{"appVersionMinor"}].toString());
-    }
-    return {};
+/// Renderers put their own version into their jobs: only Houdini's own jobs have the scene's.
+QString houdiniVersion(const std::vector<_job>& jobs) {
+    const auto own =
+        std::find_if(jobs.begin(), jobs.end(), [](const _job& job) { return job.app == QLatin1String{"Houdini"}; });
+    if (own == jobs.end()) return {};
+    return QStringLiteral("Houdini %1.%2, ").arg(own->appVersionMajor).arg(own->appVersionMinor);
 }
 
-QString jobCountText(qsizetype count) {
+QString jobCountText(std::size_t count) {
     if (count == 0) return QStringLiteral("no jobs");
     return count == 1 ? QStringLiteral("1 job") : QStringLiteral("%1 jobs").arg(count);
 }
 
 }  // namespace
 
-QString sceneSummary(const QJsonObject& result) {
-    const auto jobs = result[jobsKey].toArray();
-    return printable(result[sceneKey].toString() + QLatin1String{": "} + houdiniVersion(jobs) +
-                     jobCountText(jobs.size()));
+QString sceneSummary(const _sceneResult& result) {
+    return printable(result.scene + QLatin1String{": "} + houdiniVersion(result.jobs) +
+                     jobCountText(result.jobs.size()));
 }
 
-QStringList jobTable(const QJsonObject& result, const _terminal& terminal) {
+QStringList jobTable(const _sceneResult& result, const _terminal& terminal) {
     const auto lines = jobLines(result);
     if (lines.empty()) return {};
     const auto widths = chosenWidths(lines, terminal.width);
@@ -173,8 +163,8 @@ QStringList jobTable(const QJsonObject& result, const _terminal& terminal) {
     return table;
 }
 
-QString jobText(const QJsonObject& result, const _terminal& terminal) {
-    const bool failedWithoutJobs = result.contains(errorKey) && result[jobsKey].toArray().isEmpty();
+QString jobText(const _sceneResult& result, const _terminal& terminal) {
+    const bool failedWithoutJobs = !result.isLoaded() && result.jobs.empty();
     if (failedWithoutJobs) return {};  // its line on the error stream says all
     const auto lines = QStringList{sceneSummary(result)} + jobTable(result, terminal);
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');

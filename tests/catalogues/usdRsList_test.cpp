@@ -10,57 +10,40 @@ namespace vxP {
 namespace {
 
 using vxTest::plain;
-using vxTest::plainOf;
 
-/// Settings that were attached to /out/a, then to /out/b, before their section is read.
-struct _settingsCase {
-    const char *what, *header, *path;
-    QByteArray text;              ///< "@" stands for the common begin of the archive parameters
-    const char *stored, *output;  ///< camera, switch, file; output of the Houdini job of /out/a
-};
-
-const _settingsCase settingsCases[] = {
-    {"all", "07stage/rs1.parm {", "/stage/rs1", "camera=\"/cam\"|@enable=\"on\"|@FILENAME=/x/$OS/a_$OS.$F4.rs",
-     "/cam on /x/$OS/a_$OS.%4d.rs", "/x/rs1/|a_rs1.|.rs"},
-    {"controls_are_no_values", "obj/img/rs1.parm {", "/img/rs1",
-     "camera=[ camera\t/cam2 ]|@enable_control=on set|@fileName_control=/y set", "/cam2  ", "||"},
-    {"camera_expression", "obj/rs1.parm {", "/obj/rs1", "camera=`chs(\"../cam\")`|cameras=/x", "  ", "||"},
-    {"no_path", "stage {", "/", "@fileName=/x$OS/a.rs", "  /x$OS/a.rs", "/x/|a|.rs"},
-};
-
-class USDSettings : public testing::TestWithParam<_settingsCase> {};
-
-TEST_P(USDSettings, WriteTheirArchiveIntoTheirFirstDriversJobs) {
-    vxTest::freshScanState();
-    vxTest::_loader loader;
-    loader.scan(vxTest::driver("vm_picture=/i/b.exr", "out/b") +
-                vxTest::driver("vm_picture=/i/a.exr|soho_outputmode=on|soho_diskfile=/i/a.ifd"));
-    const auto read = [&](QByteArray text) {
-        QTextStream stream(text.replace("@", "xn__redshiftglobalRS_archive_"));
-        QString line = vxTest::wide(GetParam().header);
-        return load_USD_RS_Node(&loader.record(), stream, line);
-    };
-    const QString path = vxTest::wide(GetParam().path);
-    for (const char* renderNode : {"/out/a", "/out/b"})
-        EXPECT_EQ(USD_RSList.addFromROP(path.toUpper(), vxTest::wide(renderNode)), 0);
-    read(vxTest::params(GetParam().text));  // without its brace a section changes nothing
-    EXPECT_EQ(plain(USD_RSList.entries().at(0).lopName), plain(path.toUpper()));
-    EXPECT_EQ(read(vxTest::params(GetParam().text) + "}\n"), resultSuccess);
-    const _USD_RendersettingNode& node = USD_RSList.entries().last();
-    EXPECT_EQ(plain(node.lopName), plain(path));
-    EXPECT_EQ(plain(node.cameraName) + (node.archiveEnabled ? " on " : "  ") + plain(node.imageName),
-              GetParam().stored);
-    EXPECT_EQ(USD_RSList.findIndexByROP(QStringLiteral("/out/b")), 0);
-    const std::string outputs[] = {"/i/|b|.exr", GetParam().output, "/i/|a|.exr"};
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(plainOf(loader.job(i).imageDir) + "|" + plainOf(loader.job(i).imageFileName) + "|" +
-                      plainOf(loader.job(i).imageExtension),
-                  outputs[i]);
-    loader.array().count = loader.array().allocated + 1;
-    EXPECT_EQ(read("}\n"), resultNoMoreJobs);
+/// Camera, switch and file of the settings; "@" stands for the common begin of the archive parameters.
+TEST(USDSettings, KeepTheirCameraAndTheirArchive) {
+    for (const auto& [path, lines, stored] :
+         {std::tuple{"obj/stage/rendersettings", "camera=\"/cam\"|@enable=\"on\"|@FILENAME=/x/$OS.$F4.rs",
+                     "/stage/rendersettings /cam on /x/$OS.%4d.rs"},
+          {"img/rendersettings", "camera=[ camera\t/cam2 ]|@enable_control=on set|@fileName_control=/y set",
+           "/img/rendersettings /cam2 off "},
+          {"obj/rendersettings", "camera=`chs(\"../cam\")`|cameras=/x", "/obj/rendersettings  off "}}) {
+        vxTest::scanned(vxTest::driver(QByteArray(lines).replace("@", "xn__redshiftglobalRS_archive_"), path));
+        const _USD_RendersettingNode& node = USD_RSList.entries().last();
+        EXPECT_EQ(plain(node.lopName) + ' ' + plain(node.cameraName) + (node.archiveEnabled ? " on " : " off ") +
+                      plain(node.imageName),
+                  stored);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, USDSettings, testing::ValuesIn(settingsCases), vxTest::rowName);
+TEST(USDSettings, WriteTheirArchiveIntoTheHoudiniJobsOfTheirFirstDriver) {
+    const auto loader =
+        vxTest::scanned(vxTest::driver("vm_picture=/i/b.exr", "out/b") +
+                        vxTest::driver("vm_picture=/i/a.exr|soho_outputmode=on|soho_diskfile=/i/a.ifd"));
+    for (const char16_t* driver : {u"/out/a", u"/out/b"})
+        USD_RSList.addFromROP(QStringLiteral("/STAGE/rendersettings1"), QString::fromUtf16(driver));
+    const QByteArray lines = "xn__redshiftglobalRS_archive_fileName=/x/$OS/a_$OS.$F4.rs";
+    loader->scan(vxTest::driver(lines, "stage/rendersettings1").chopped(2));  // without its brace it changes nothing
+    EXPECT_EQ(vxTest::outputOf(loader->job(1)), "/i/|a|.ifd");
+    EXPECT_EQ(loader->scan(vxTest::driver(lines, "stage/rendersettings1")), resultSuccess);
+    const std::string outputs[] = {"/i/|b|.exr", "/x/rendersettings1/|a_rendersettings1.|.rs", "/i/|a|.exr"};
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(vxTest::outputOf(loader->job(i)), outputs[i]);
+    EXPECT_EQ(USD_RSList.entries().size(), 1);
+    EXPECT_EQ(USD_RSList.findIndexByROP(QStringLiteral("/out/b")), 0);
+    loader->array().count = loader->array().allocated + 1;
+    EXPECT_EQ(loader->scan(vxTest::driver({}, "stage/rendersettings1")), resultNoMoreJobs);
+}
 
 }  // namespace
 

@@ -37,7 +37,7 @@ const _wedgeCase wedgeCases[] = {
     {"single_step", "range1=2\t3|steps1=1", 1, 0, "p_c_nan"},
     {"decimal_commas", "range1=0,5\t1,25", 5, 4, "p_c_1.250000"},
     {"negative_steps", "steps1=-2|name2=d|range2=0\t1|steps2=-2", 4, 3, "p_c_-0.333333_d_0.333333"},
-    {"numbers_of_no_channel", "name0=x|range-1=2\t3|steps0=0|steps=0|stepsx=0|name10001=x|steps10001=0", 5},
+    {"numbers_of_no_channel", "name0=x|range-1=2\t3|stepsx=0|name10001=x|steps10001=0", 5},
     {"wrapping_product", "steps1=65536|steps2=65537", 65536, 0, "p_c_0.000000__0.000000"},
     {"other_method", "wedgemethod=take", dropped},
     {"no_driver", "driver=\"\"", dropped},
@@ -73,10 +73,8 @@ TEST(Wedges, ReadWhatFollowsTheWordOfABareLine) {
 }
 
 TEST(Wedges, FindTheirDriverFromTheirOwnFolder) {
-    for (const auto& [header, path] : {std::pair{"0707out/wedge1.parm {", "/out/../a"},
-                                       {"obj/x/out/s/wedge1.parm {", "/out/s/../a"},
-                                       {"0707obj/s/wedge1.parm {", "/obj/s/../a"},
-                                       {"out/wedge1 {", "/../a"}}) {
+    for (const auto& [header, path] :
+         {std::pair{"obj/x/out/s/wedge1.parm {", "/out/s/../a"}, {"0707obj/s/wedge1.parm {", "/obj/s/../a"}}) {
         readWedge(header, params(begin + "driver=../../a") + "}\n");
         EXPECT_EQ(plain(wedges.last().driver), path);
     }

@@ -6,10 +6,10 @@ set -eu
 squeezed() { sed -e "s|$1/|/home/me/parser/|g" -e 's/  */ /g' -e 's/ *$//'; }
 shown=$(awk '/^```/ { if (inside) exit; inside = 1; next } inside && !/^\$ /' "$1/README.md" | squeezed /home/me/parser)
 real=$("$2" jobs "$1/examples/turntable.hip" | squeezed "$1")
-[ -n "$shown" ] && [ "$shown" = "$real" ] || {
+if [ -z "$shown" ] || [ "$shown" != "$real" ]; then
     printf 'README:\n%s\n\nvxscene:\n%s\n' "$shown" "$real" >&2
     exit 1
-}
+fi
 
 real=$("$2" explain "$1/examples/turntable_unfinished.hip" | squeezed "$1")
 awk '/^```/ { inside = 0 } inside { print } /^\$ scripts\/run explain/ { inside = 1 }' "$1/README.md" |

@@ -14,13 +14,11 @@ using vxTest::plainOf;
 
 /// The scene's jobs, each as application, ":", renderer, and "*" when one file holds all frames.
 std::string jobsOf(const QByteArray& scene) {
-    vxTest::freshScanState();
-    vxTest::_loader loader;
-    EXPECT_EQ(loader.scan(scene), resultSuccess);
+    const auto loader = vxTest::scanned(scene);
     std::string text;
-    for (int i = 0; i < loader.count(); ++i)
-        text += (i > 0 ? " " : "") + plainOf(loader.job(i).app) + ":" + plainOf(loader.job(i).appRenderer) +
-                (loader.job(i).imageSingleOutputFile ? "*" : "");
+    for (int i = 0; i < loader->count(); ++i)
+        text += (i > 0 ? " " : "") + plainOf(loader->job(i).app) + ":" + plainOf(loader->job(i).appRenderer) +
+                (loader->job(i).imageSingleOutputFile ? "*" : "");
     return text;
 }
 
@@ -29,22 +27,19 @@ struct _driverCase {
 };
 
 constexpr _driverCase driverCases[] = {
-    // drivers that render by themselves
-    {"file_cache", "file=/i", "Houdini:geometry"},
-    {"alembic", "filename=/i.$F", "Houdini:alembic"},
-    {"alembic_in_one_file", "filename=/i", "Houdini:alembic-singleFile*"},
-    {"vray", "SettingsOutput_img_file_path=/i.$F|render_export_mode=0", "Houdini:vray"},
-    {"prman", "ri_display_0=/i.$F", "Houdini:prman"},
+    // the first kind of the list names the job, whatever the order of the lines
+    {"arnold_before_opengl", "picture=/i|ar_picture=/i", "Houdini:arnold"},
+    {"geometry_before_redshift", "RS_archive_file=/x|file=/i", "Houdini:geometry"},
+    {"prman_before_alembic", "filename=/i.$F|ri_display=/i", "Houdini:prman"},
+    {"alembic_before_vray", "SettingsOutput_img_file_path=/i|filename=/i.$F", "Houdini:alembic"},
+    {"vray", "SettingsOutput_img_file_path=/i", "Houdini:vray"},
     {"usd_of_known_renderer", "ar_picture=/i|outputimage=/i|renderer=\"BRAY_HdKarma\"", "Houdini:usd_karma"},
+    {"karma_in_capitals", "picture=/i", "Houdini:opengl", "", "stage/Karma1"},
     // export pairs
-    {"vray_export_in_one_file", "vm_picture=/i|render_export_mode=\"2\"|render_export_filepath=/x",
-     "Houdini:createVrScene* VRay_StdA:createVrScene"},
     {"one_file_is_not_for_arnold", "ar_picture=/i|render_export_mode=1|render_export_filepath=/x",
      "Houdini:createASS Arnold:createASS"},
     {"first_export_file_wins", "vm_picture=/i|soho_outputmode=on|soho_diskfile=/x|ar_ass_file=/x",
      "Houdini:createIFD Mantra_StdA:createIFD"},
-    {"usd_export", "outputimage=/i|lopoutput=/x.$F", "Houdini:createUSD USD_StdA:"},
-    {"usd_export_in_one_file", "vm_picture=/i|lopoutput=/x", "Houdini:createUSD* USD_StdA_single:"},
     {"usd_export_for_arnold", "outputimage=/i|lopoutput=/x|renderer=HdArnold",
      "Houdini:createUSD_arnold* Arnold:arnold"},
     {"usd_export_for_redshift", "outputimage=/i|lopoutput=/x.RS|renderer=HdRedshift",
@@ -53,6 +48,16 @@ constexpr _driverCase driverCases[] = {
      "Houdini:createRS* USD_StdA_single:redshift"},
     {"redshift_archive_of_arnold", "ar_picture=/i|lopoutput=/x.$F.rs|renderer=redshift",
      "Houdini:createASS USD_StdA:redshift"},
+    {"redshift_export_before_prman",
+     "ri_display=/i|render_export_mode=1|render_export_filepath=/x|"
+     "RS_outputFileNamePrefix=/i",
+     "Houdini:createRS Redshift:createRS"},
+    // a switch counts unless the driver is of another kind
+    {"mantras_switch_of_arnold", "ar_picture=/i|soho_diskfile=/x|soho_outputmode=on", "Houdini:arnold"},
+    {"arnolds_switch_of_mantra", "vm_picture=/i|soho_diskfile=/x|ar_ass_export_enable=on",
+     "Houdini:createIFD Mantra_StdA:createIFD"},
+    {"redshifts_switch_of_arnold", "ar_picture=/i|soho_diskfile=/x|RS_archive_enable=on", "Houdini:arnold"},
+    {"prmans_switch_of_vray", "SettingsOutput_img_file_path=/i|soho_diskfile=/x|diskfile=on", "Houdini:vray"},
     // a kind counts from its line on; the last switch has the last word
     {"switch_before_kind", "soho_outputmode=on|ar_picture=/i|soho_diskfile=/x", "Houdini:createASS Arnold:createASS"},
     {"switch_off_again", "vm_picture=/i|soho_diskfile=/x|soho_outputmode=on|soho_outputmode2=\"off\"", "Houdini:"},
@@ -62,8 +67,6 @@ constexpr _driverCase driverCases[] = {
      "Houdini:createVrScene* VRay_StdA:createVrScene", "18.0.532"},
     {"file_per_frame_in_19", "vm_picture=/i|lopoutput=/x|fileperframe=on",
      "Houdini:createUSD* USD_StdA_single:", "19.0"},
-    {"karma", "picture=/i", "Houdini:usd_karma", "", "stage/karma1"},
-    {"karma_in_capitals", "picture=/i", "Houdini:opengl", "", "stage/Karma1"},
 };
 
 class DriverKind : public testing::TestWithParam<_driverCase> {};
@@ -74,47 +77,6 @@ TEST_P(DriverKind, NamesTheJobs) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, DriverKind, testing::ValuesIn(driverCases), vxTest::rowName);
-
-using _kindRows = std::initializer_list<std::pair<const char*, std::string>>;
-
-/// Names of a driver's jobs by its lines, from the last row to the first, each beside all those below it.
-void expectFirstWins(QByteArray lines, _kindRows rows) {
-    for (auto row = std::rbegin(rows); row != std::rend(rows); ++row) {
-        lines += row->first;
-        EXPECT_EQ(jobsOf(driver(lines)), "Houdini:" + row->second) << lines.data();
-    }
-}
-
-TEST(DriverKinds, FirstOfSeveralNamesTheJobs) {
-    expectFirstWins("vm_picture=/i", {{"|ar_picture=/i", "arnold"},
-                                      {"|picture=/i", "opengl"},
-                                      {"|file=/i", "geometry"},
-                                      {"|RS_archive_file=/x", "redshift"},
-                                      {"|ri_display=/i", "prman"},
-                                      {"|filename=/i.$F", "alembic"},
-                                      {"|SettingsOutput_img_file_path=/i", "vray"}});
-    expectFirstWins("soho_outputmode=on|soho_diskfile=/x",
-                    {{"|ar_picture=/i", "createASS Arnold:createASS"},
-                     {"|RS_outputFileNamePrefix=/i", "createRS Redshift:createRS"},
-                     {"|ri_display=/i", "createRIB RenderMan:createRIB"},
-                     {"|SettingsOutput_img_file_path=/i", "createVrScene VRay_StdA:createVrScene"}});
-}
-
-TEST(ExportSwitch, CountsUnlessTheDriverIsOfAnotherKind) {
-    const QByteArray kinds[] = {"vm_picture", "ar_picture", "RS_outputFileNamePrefix", "SettingsOutput_img_file_path",
-                                "ri_display"};
-    const std::pair<QByteArray, std::vector<int>> switches[] = {{"soho_outputmode", {0}},
-                                                                {"ar_ass_export_enable", {0, 1}},
-                                                                {"RS_archive_enable", {0, 2}},
-                                                                {"rib_outputmode", {0, 4}},
-                                                                {"diskfile", {0, 4}}};
-    for (const auto& [name, countsFor] : switches)
-        for (int kind = 0; kind < 5; ++kind) {
-            const std::string jobs = jobsOf(driver(kinds[kind] + "=/i|soho_diskfile=/x|" + name + "=on"));
-            const bool counts = std::count(countsFor.begin(), countsFor.end(), kind) == 1;
-            EXPECT_EQ(jobs.find(' ') != std::string::npos, counts) << name.data() << " of " << kinds[kind].data();
-        }
-}
 
 TEST(RedshiftArchive, CannotRenderLocally) {
     vxTest::freshScanState();

@@ -13,15 +13,8 @@ namespace {
 using vxTest::driver;
 using vxTest::plain;
 using vxTest::plainOf;
+using vxTest::scanned;
 using vxTest::wide;
-
-/// Scans a scene from a state as fresh as the plug-in's.
-std::unique_ptr<vxTest::_loader> scanned(const QByteArray& scene) {
-    vxTest::freshScanState();
-    auto loader = std::make_unique<vxTest::_loader>();
-    EXPECT_EQ(loader->scan(scene), resultSuccess);
-    return loader;
-}
 
 /// A scene with the range 11-22, and a driver with these lines.
 struct _rangeCase {
@@ -65,7 +58,8 @@ TEST(DriverCamera, IsCataloguedOrHoldsBackTheRenderJob) {
         {"camera=[ Camera\t/obj/c ]", "[ Camera\t/obj/c ]", 2},
         {"camera=`chs(\"../c\"", "", 2},
         {"camera=\"Proxy_Export_cam\"|camera=chs(", "", 1},
-        {"camera=proxy_export|camera=/obj/proxy_export", "/obj/proxy_export", 2}};
+        {"camera=proxy_export|camera=/obj/proxy_export", "/obj/proxy_export", 2},
+        {"camera=/obj/first|camera=/obj/second", "/obj/first", 2}};
     for (const auto& [lines, camera, jobs] : cases) {
         EXPECT_EQ(scanned(driver("vm_picture=/i|soho_outputmode=on|soho_diskfile=/x|" + lines))->count(), jobs);
         const qint32 index = camList.findCamIndexByRenderNode(QStringLiteral("/out/a"));
@@ -99,18 +93,17 @@ TEST(DriverResolution, IsWidthAndHeight) {
 TEST(DriverImage, IsPutTogetherFromItsLines) {
     const QByteArray lop = driver("picture=/l/b.exr", "stage/hdprman1");
     const std::pair<QByteArray, const char*> cases[] = {
-        {driver("RS_outputFileNamePrefix=\"/r/b\"|RS_outputFileFormat=\".{exr}\""), "/r/b.exr"},
-        {driver("RS_outputFileNamePrefix=/r/b.exr|RS_outputFileFormat=.EXR"), "/r/b.exr"},
-        {driver("vm_picture=/i/a.exr|picture=/i/b.exr|picture=testfile.exr"), "/i/b.exr"},
-        {driver("vm_picture=/i/a.exr|RS_outputFileNamePrefix=/r"), "/r/i/a.exr"},
-        {lop + driver("vm_picture=/i/a.exr|loppath=\"/stage/hdprman1\""), "/l/b.exr"},
-        {lop + driver("vm_picture=/i/a.exr|loppath=/stage/HDPRMAN1"), "/i/a.exr"},
+        {driver("RS_outputFileNamePrefix=\"/r/b\"|RS_outputFileFormat=\".{exr}\""), "/r/|b|.exr"},
+        {driver("RS_outputFileNamePrefix=/r/b.exr|RS_outputFileFormat=.EXR"), "/r/|b|.exr"},
+        {driver("vm_picture=/i/a.exr|picture=/i/b.exr|picture=testfile.exr"), "/i/|b|.exr"},
+        {driver("vm_picture=/i/a.exr|RS_outputFileNamePrefix=/r"), "/r/i/|a|.exr"},
+        {lop + driver("vm_picture=/i/a.exr|loppath=\"/stage/hdprman1\""), "/l/|b|.exr"},
+        {lop + driver("vm_picture=/i/a.exr|loppath=/stage/HDPRMAN1"), "/i/|a|.exr"},
     };
     for (const auto& [scene, image] : cases) {
         const auto loader = scanned(scene);
         ASSERT_EQ(loader->count(), 1);
-        const auto& job = loader->job(0);
-        EXPECT_EQ(plainOf(job.imageDir) + plainOf(job.imageFileName) + plainOf(job.imageExtension), image);
+        EXPECT_EQ(vxTest::outputOf(loader->job(0)), image);
     }
 }
 

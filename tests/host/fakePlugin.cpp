@@ -40,32 +40,16 @@ void setOutput(vxJ::_JobBasics_largePath& job, QStringView folder, QStringView f
     job.imageExtension = extension;
 }
 
-void fillEveryField(vxJ::_JobBasics_largePath& job) {
-    job.sceneOS = 3;
+void fillManyFields(vxJ::_JobBasics_largePath& job) {
     job.appRenderer = u"renderer";
-    job.appType = u"3D";
-    job.appRendererVersion = u"7.1";
     job.camera = u"camera";
     job.channel = u"channel";
-    job.sceneState = u"state";
-    job.colorSpace = u"ACES";
-    job.requiredLicenses = u"licence";
     job.imageWidth = 65535;
     job.imageHeight = 2;
-    job.imageSingleOutputFile = true;
-    job.imageFormatOverride = u"exr";
     job.imageMulti = -5;
-    job.imageStereoL = u"_left";
-    job.imageStereoM = u"_middle";
-    job.imageStereoR = u"_right";
-    job.shotgunID = std::string_view{"id"};
-    job.pnl = 'x';
-    job.imagePadding = 7;
     job.addWaitForPreID(1);
     job.addWaitForPreID(200);
     job.jobID = std::numeric_limits<quint64>::max();
-    job.commandPasswordHash[0] = 99;
-    job.sceneName = u"/scene.<FN4>.ifd";
     job.sceneDatabaseDir = u"/db";
     setOutput(job, u"<Database>/img/", u"name.", u".exr");
     job.channels[3].fileName = u"/img/depth.";
@@ -81,7 +65,7 @@ qint32 exportPair(const _load& load) {
     exporting.appRenderer = u"createIFD";
     setFrames(exporting, 1001, 1100, 2);
     setOutput(exporting, u"<SceneFolder>../ifd/", u"shot.", u".ifd");
-    fillEveryField(addJob(load));
+    fillManyFields(addJob(load));
     return vxP::resultSuccess;
 }
 
@@ -123,7 +107,7 @@ qint32 dieBySignal(const _load&) {
 
 /// More than a pipe takes.
 qint32 manyJobs(const _load& load) {
-    for (int i = 0; i < 100; ++i) fillEveryField(addJob(load));
+    for (int i = 0; i < 100; ++i) fillManyFields(addJob(load));
     return vxP::resultSuccess;
 }
 

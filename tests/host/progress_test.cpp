@@ -16,13 +16,10 @@ struct _line {
 };
 constexpr _line lines[] = {
     {"half", {120, 240, true}, 4, 80, "[===============>              ] 120/240 scenes  30/s  0:04 left"},
-    {"none_yet", {0, 3, true}, 1, 50, "[>                             ] 0/3 scenes"},
     {"all", {3, 3, true}, 0.5, 60, "[==============================] 3/3 scenes  6/s  0:00 left"},
     {"hours", {1, 100001, true}, 0.1, 40, "1/100001 scenes  10/s  2:46:40 left"},
     {"shorter_bar", {1, 2, true}, 90, 40, "[===>   ] 1/2 scenes  0.011/s  1:30 left"},
     {"no_room_for_a_bar", {120, 240, true}, 4, 38, "120/240 scenes  30/s  0:04 left"},
-    {"cut", {120, 240, true}, 4, 10, "120/240 sc"},
-    {"no_room_at_all", {120, 240, true}, 4, 0, ""},
     {"total_unknown", {120, 240, false}, 2, 80, "120 scenes  60/s"},
 };
 

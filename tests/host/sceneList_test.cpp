@@ -59,16 +59,6 @@ TEST_P(PathList, GivesEachPathOnceItIsWhole) {
 
 INSTANTIATE_TEST_SUITE_P(Table, PathList, testing::ValuesIn(blockTable), vxTest::rowName);
 
-TEST(PathList, GivesPathsBeforeTheListHasEnded) {
-    vxH::_pathList list;
-    list.add("a\nb", 3);
-    std::string path;
-    QString problem;
-    ASSERT_TRUE(list.next(path, problem));
-    EXPECT_EQ(path, "a");
-    EXPECT_FALSE(list.next(path, problem));
-}
-
 /// Names below a folder; "!" and a name stand for the problem of that folder.
 struct _found {
     const char* what;

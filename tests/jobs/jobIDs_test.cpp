@@ -1,4 +1,4 @@
-// What a host asks of one job: its ID in letters, its variables, its compact form, its password.
+// What a host asks of one job: its ID in letters, its variables, the jobs it waits for, its password.
 #include "jobs/jobIDs.h"
 
 #include <gtest/gtest.h>
@@ -21,10 +21,7 @@ struct _idCase {
 
 constexpr _idCase idCases[] = {
     {0, 0, 0, "{AAA }", "AAA_AAAA", 0},
-    {0, 370000, 0, "{ABB }", "ABB_AAAA", 9472},
-    {1, 9999, 0x0100, "{AAAa}", "AAAa_DZBA", 1},
     {24, 100000, 0x2302, "{AALz}", "AALz_AA-C", 2584},
-    {25, 466559999, 36, "{---ba}", "---ba_DZAA", 11943705},
     {255, 466560000, 0, "{AAAlq}", "AAAlq_AAAA", 11944191},
     {12, 4294967295, 0, "{HPRn}", "HPRn_4+AA", 109950988},
 };
@@ -41,13 +38,8 @@ TEST(JobID, ShowsAsLetters) {
     }
 }
 
-class JobText : public testing::Test {
- protected:
-    std::unique_ptr<_JobBasics_largePath> job = std::make_unique<_JobBasics_largePath>();
-    std::unique_ptr<_JobBasics> compact = std::make_unique<_JobBasics>();
-};
-
-TEST_F(JobText, PutsVariablesIntoSquareBrackets) {
+TEST(JobText, PutsVariablesIntoSquareBrackets) {
+    const auto job = std::make_unique<_JobBasics_largePath>();
     job->layer = u"[Camera]";
     const auto names = {&job->imageFileName, &job->imageDir, &job->channels[99].fileName};
     for (auto* name : names) *name = u"[Layer][PNL]/[[Padding]] [padding] [No][] ]Layer[";
@@ -55,24 +47,22 @@ TEST_F(JobText, PutsVariablesIntoSquareBrackets) {
     for (auto* name : names) EXPECT_EQ(plainOf(*name), "[Camera] /[4] [padding] [No][] ]Layer[");
 }
 
-TEST_F(JobText, IsCutToTheCompactForm) {
-    const QString text = QString(249, u'a') + u'b' + QString(249, u'c') + QString(501, u'd');
-    for (auto* path : {&job->sceneName, &job->sceneDatabaseDir, &job->imageDir, &job->imageFileName}) *path = text;
-    job->channels[1].extension = u".no";  // not in use without a file name
-    for (int i = 0; i < 15; ++i) job->channels[2 * i].fileName = text;
-    job->channels[40].fileName = QString(500, u'e');  // one character too many for the pool
-    job->channels[99] = {_vxString<1000>(QString(495, u'f')), _vxString<25>(u".tif")};
-    compact->channelAdd(_vxString<500>(u"old"), _vxString<25>());
-    job->toJobsBasic(*compact);
-    for (auto* path : {&compact->sceneName, &compact->sceneDatabaseDir, &compact->imageDir})
-        EXPECT_TRUE(*path == QStringView(text).left(500));
-    EXPECT_TRUE(compact->imageFileName == QStringView(text).left(250));
-    EXPECT_TRUE(compact->channelFileName(14) == QStringView(text).left(500));
-    EXPECT_EQ(compact->channelCount, 16);
-    EXPECT_EQ(plain(QStringView(compact->channelPool + 7995, 5)), std::string(".tif\0", 5));
+TEST(WaitList, TakesThirtyTwoJobsAndNoMore) {
+    const auto job = std::make_unique<_JobBasics>();
+    job->setWaitForPreID(4, 9);
+    for (const int outside : {-1, 32}) job->setWaitForPreID(outside, 7);
+    EXPECT_EQ(job->waitForPreIDCount, 5);
+    job->setWaitForPreID(0, 8);
+    for (int id = 100; id < 140; ++id) job->addWaitForPreID(static_cast<quint8>(id));
+    EXPECT_EQ(job->waitForPreIDCount, 32);
+    EXPECT_EQ(std::tuple(job->waitForPreIDs[0], job->waitForPreIDs[4], job->waitForPreIDs[31]), std::tuple(8, 9, 126));
+    job->waitForPreIDCount = 255;  // a damaged record
+    job->addWaitForPreID(6);
+    EXPECT_EQ(job->jobID, 0U) << "the field behind the list";
 }
 
-TEST_F(JobText, KnowsItsPasswordByItsHash) {
+TEST(JobText, KnowsItsPasswordByItsHash) {
+    const auto job = std::make_unique<_JobBasics_largePath>();
     job->setCommandPassword(_vxString8_allSize<40>("abc"));
     EXPECT_EQ(job->commandPasswordHash[0], 0xBA);  // SHA-256 of "abc": ba7816bf ... f20015ad
     EXPECT_TRUE(job->isRightCommandPW(passHashOf(_vxString8_allSize<40>("abc"))));

@@ -1,6 +1,5 @@
+// Loads as a host calls for them; cHost.c asks for the plug-in's description.
 #include <gtest/gtest.h>
-
-#include <cstring>
 
 #include "plugin/vxSceneParserHoudini.h"
 #include "tests/support/sceneText.h"
@@ -8,57 +7,74 @@
 
 namespace {
 
-using vxTest::driver;
+using vxTest::plain;
 using vxTest::plainOf;
 
-class EntryPoints : public testing::Test {
- protected:
-    void SetUp() override { vxTest::freshScanState(); }
-
-    vxTest::_sceneFolder folder;
-};
-
-qint32 loadFile(const QString& path) {
-    vxTest::_loader loader(path);
-    return pLoadSceneFile(&loader.record());
-}
-
-TEST_F(EntryPoints, InfoTellsMatchingHostsMore) {
-    vxP::_dataPARS_PluginInfo info;
-    std::memset(static_cast<void*>(&info), 0xFF, sizeof info);
-    EXPECT_EQ(pInfo(&info), vxP::resultVersionMismatch);
-    EXPECT_EQ(info.structureVersion, 0xB005);
-    EXPECT_EQ(info.flag, 0xFF);
-    EXPECT_EQ(pInfo(&info), vxP::resultSuccess);
-    EXPECT_EQ(plainOf(info.hostLibraryVersion), " 8.4.00");
-    EXPECT_EQ(plainOf(info.qtVersion), qVersion());
-    EXPECT_EQ(plainOf(info.fileFilter), "*.hip;*.hipnc;*.hiplc;");
-    EXPECT_EQ(info.pluginKind, 1);
-    EXPECT_EQ(info.flag, 0);
-}
-
-TEST_F(EntryPoints, RefuseWhatCannotBeReadButAnotherLayoutFirst) {
-    for (const QString& path : {folder.filePath(QStringLiteral("missing.hip")), folder.path(), QString()}) {
-        vxTest::_loader loader(path);
+TEST(SceneLoad, RefusesAnotherLayoutBeforeItLooksForTheScene) {
+    const std::pair<const char*, void (*)(vxJ::_JobBasicsArray&)> layouts[] = {
+        {"minor", [](vxJ::_JobBasicsArray& array) { array.structureMinor = 0; }},
+        {"major", [](vxJ::_JobBasicsArray& array) { array.structureVersion = 1034; }},
+        {"size", [](vxJ::_JobBasicsArray& array) { array.recordSize = 226964; }}};
+    for (const auto& [what, change] : layouts) {
+        vxTest::_loader loader(QStringLiteral("/none.hip"));
         EXPECT_EQ(pLoadSceneFile(&loader.record()), vxP::resultCannotOpen);
-        loader.array().structureMinor = 0;
-        EXPECT_EQ(pLoadSceneFile(&loader.record()), vxP::resultVersionMismatch);
+        change(loader.array());
+        EXPECT_EQ(pLoadSceneFile(&loader.record()), vxP::resultVersionMismatch) << what;
     }
 }
 
-TEST_F(EntryPoints, ReadScenesThatHoldNothing) {
-    EXPECT_EQ(loadFile(folder.write({})), vxP::resultSuccess);
-    EXPECT_EQ(loadFile(folder.write(QByteArray(1 << 20, '\0'))), vxP::resultSuccess);
-    EXPECT_EQ(loadFile(folder.write(QByteArray(20 << 20, 'x'))), vxP::resultSuccess);  // one line without an end
+// ---- the example scene, whole: every renderer's driver with what a host reads of its jobs
+
+/// driver | application | renderer | folder | file | extension, digits | frames | camera | take | number, waits for |
+/// scene | licences | channels
+constexpr const char* expectedJobs =
+    R"(/out/mantra_beauty|Houdini|createIFD|<Database>ifd/|mantra_beauty.|.ifd,4|1001-1100x1|/obj/cam1|Main|1,|SCENE|Houdini|
+/out/mantra_beauty|Mantra_StdA||<Database>render/|mantra_beauty.|.exr,4|1001-1100x1|/obj/cam1|Main|2,1|<Database>ifd/mantra_beauty.<FN4>.ifd|Mantra_StdA|
+/out/arnold_beauty|Houdini|arnold|<Database>render/arnold_beauty/|turntable.|.exr,4|1001-1100x1|/obj/cam1|Main|3,|SCENE|Houdini|<Database>render/arnold_beauty/turntable.diffuse..exr,<Database>render/arnold_beauty/turntable.specular..exr
+/out/redshift_beauty|Houdini|redshift|<Database>render/|redshift_beauty.<ValueVar @$AOV.>|.exr,4|1001-1100x1|/obj/cam_detail|closeup|4,|SCENE|Houdini|<Database>render/redshift_beauty.depth..exr,<Database>render/redshift_beauty.crypto..exr
+/out/vray_beauty|Houdini|createVrScene|<Database>vrscene/|vray_beauty.|.vrscene,4|1001-1100x1||Main|5,|SCENE|Houdini|
+/out/vray_beauty|VRay_StdA|multifile|/projects/kettle/review/tt010/|vray_beauty.|.png,4|1001-1100x1||Main|6,5|<Database>vrscene/vray_beauty.<FN4>.vrscene||
+/out/kettle_geometry|Houdini|geometry|<Database>geo/|kettle_geometry.|.bgeo.sc,4|1001-1100x1||Main|7,|SCENE|Houdini|
+/out/kettle_alembic|Houdini|alembic-singleFile|/projects/kettle/publish/tt010/|kettle.abc|,one file|1001-1100x1||Main|8,|SCENE|Houdini|
+/out/mantra_stereo|Houdini||<Database>render/|mantra_stereo.<Channel>.<Stereo>|.exr,4|1001-1100x1|/obj/stereocam1||9,|SCENE|Houdini|
+/out/light_test|Houdini|opengl|<Database>review/|light_test.|.png,4|1001-1100x25|/obj/cam1|Main|10,|SCENE|Houdini|
+/stage/karma1|Houdini|usd_karma|<Database>render/|turntable.karma1.|.exr,4|1001-1100x1|/cameras/cam1|Main|11,|SCENE|Houdini|
+/stage/usdrender_rop1|Houdini|createUSD_karma|<Database>usd/|usdrender_rop1.|.usd,4|1001-1100x1||Main|12,|SCENE|Houdini|
+/stage/usdrender_rop1|USD_StdA|Hdni|<Database>render/usd/|turntable.|.exr,4|1001-1100x1||Main|13,12|<Database>usd/usdrender_rop1.<FN4>.usd||
+/out/mantra_stereo|Houdini||<Database>render/|mantra_stereo.<Channel>.<Stereo>|.exr,4|1001-1100x1|/obj/stereocam1|Main|14,|SCENE|Houdini|
+/out/mantra_stereo|Houdini||<Database>render/|mantra_stereo.<Channel>.<Stereo>|.exr,4|1001-1100x1|/obj/stereocam1|closeup|15,|SCENE|Houdini|
+/out/light_test|Houdini|opengl|<Database>review/|light_test_wedge_key_2.000000.|.png,4|1001-1100x25|/obj/cam1|Main|16,|SCENE|Houdini|
+/out/light_test|Houdini|opengl|<Database>review/|light_test_wedge_key_4.000000.|.png,4|1001-1100x25|/obj/cam1|Main|17,|SCENE|Houdini|
+/out/light_test|Houdini|opengl|<Database>review/|light_test_wedge_key_6.000000.|.png,4|1001-1100x25|/obj/cam1|Main|18,|SCENE|Houdini|
+)";
+
+QString rowOf(const vxJ::_JobBasics_largePath& job) {
+    const auto& settings = job.sceneSettings;
+    const QString frames = QStringLiteral("%1-%2x%3").arg(settings.seqStart + 0.0).arg(settings.seqEnd + 0.0);
+    const QString digits = job.imageSingleOutputFile ? QStringLiteral("one file") : QString::number(job.imagePadding);
+    const QString waits = job.waitForPreIDCount == 0 ? QString() : QString::number(job.waitForPreIDs[0]);
+    QStringList channels;
+    for (const vxJ::_channelSlot& slot : job.channels)
+        if (!slot.fileName.isEmpty()) channels.append(slot.fileName.toQString() + slot.extension.toQString());
+    QString row;
+    for (const QString& cell :
+         {job.layer.toQString(), job.app.toQString(), job.appRenderer.toQString(), job.imageDir.toQString(),
+          job.imageFileName.toQString(), job.imageExtension.toQString() + u',' + digits, frames.arg(settings.seqStep),
+          job.camera.toQString(), job.channel.toQString(), QString::number(job.preID) + u',' + waits,
+          job.sceneName.toQString(), job.requiredLicenses.toQString()})
+        row += cell + u'|';
+    return row + channels.join(u',') + u'\n';
 }
 
-TEST_F(EntryPoints, PrintNothing) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    loadFile(folder.path());
-    loadFile(folder.write(driver("vm_picture=ip") + QByteArray(1000, '\xFF')));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+TEST(ExampleScene, GivesTheJobsOfEveryRenderer) {
+    vxTest::freshScanState();
+    const QString path = QStringLiteral(VX_EXAMPLE_SCENE);
+    vxTest::_loader loader(path);
+    ASSERT_EQ(pLoadSceneFile(&loader.record()), vxP::resultSuccess);
+    EXPECT_EQ(plainOf(loader.array().message), " \"AllowLocalSceneCopy=0~0\" -NoSceneExistCheck ");
+    QString rows;
+    for (int i = 0; i < loader.count(); ++i) rows += rowOf(loader.job(i));
+    EXPECT_EQ(plain(rows.replace(path, QStringLiteral("SCENE"))), expectedJobs);
 }
 
 }  // namespace

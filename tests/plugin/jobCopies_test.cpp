@@ -3,6 +3,7 @@
 
 #include "catalogues/wedges.h"
 #include "jobs/renderers.h"
+#include "plugin/jobCopies.h"
 #include "plugin/jobFinishing.h"
 #include "scan/scanState.h"
 #include "tests/support/sceneText.h"
@@ -13,7 +14,6 @@ namespace vxP {
 namespace {
 
 using vxTest::driver;
-using vxTest::plain;
 using vxTest::plainOf;
 
 QByteArray wedge(const QByteArray& lines) {
@@ -27,13 +27,11 @@ const QByteArray usesTake = driver("vm_picture=/i/$ACTIVETAKE.exr");
 const QByteArray twoSteps = wedge("prefix=p|steps1=2");
 
 /// Number, "<" and the number it waits for, driver, take, output, and the scene of a render job.
-QString rowOf(const vxJ::_JobBasics_largePath& job) {
-    const QString waits = job.waitForPreIDCount == 0 ? QString() : QStringLiteral("<%1").arg(job.waitForPreIDs[0]);
-    QString row = QString::number(job.preID) + waits;
-    for (const auto& text :
-         {job.layer.toQString(), job.channel.toQString(), job.imageDir.toQString() + job.imageFileName.toQString()})
-        row += u' ' + text;
-    return row + u' ' + (job.app.toQString() == appNameHoudini ? QString() : job.sceneName.toQString());
+std::string rowOf(const vxJ::_JobBasics_largePath& job) {
+    const std::string waits = job.waitForPreIDCount == 0 ? "" : "<" + std::to_string(job.waitForPreIDs[0]);
+    const std::string scene = job.app.toQString() == appNameHoudini ? "" : plainOf(job.sceneName);
+    return std::to_string(job.preID) + waits + ' ' + plainOf(job.layer) + ' ' + plainOf(job.channel) + ' ' +
+           plainOf(job.imageDir) + plainOf(job.imageFileName) + ' ' + scene + '|';
 }
 
 struct _copyCase {
@@ -59,12 +57,10 @@ const _copyCase copyCases[] = {
 class JobCopies : public testing::TestWithParam<_copyCase> {};
 
 TEST_P(JobCopies, FollowTheirPatterns) {
-    vxTest::freshScanState();
-    vxTest::_loader loader;
-    ASSERT_EQ(loader.load(GetParam().scene), resultSuccess);
-    QString rows;
-    for (int i = GetParam().patterns; i < loader.count(); ++i) rows += rowOf(loader.job(i)) + u'|';
-    EXPECT_EQ(plain(rows), GetParam().copies);
+    const auto loader = vxTest::loaded(GetParam().scene);
+    std::string rows;
+    for (int i = GetParam().patterns; i < loader->count(); ++i) rows += rowOf(loader->job(i));
+    EXPECT_EQ(rows, GetParam().copies);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, JobCopies, testing::ValuesIn(copyCases), vxTest::rowName);
@@ -84,53 +80,42 @@ TEST(JobCopiesInALongArray, RenderWhatTheirTruePartnerWrites) {
         if (job.waitForPreIDCount == 0) continue;
         int before = i - 1;
         while (before > 0 && loader.job(before).preID != job.waitForPreIDs[0]) --before;
-        const QString scene = loader.job(before).imageDir.toQString() + loader.job(before).imageFileName.toQString();
-        EXPECT_EQ(plainOf(job.sceneName), plain(scene) + "<FN3>.ifd") << i;
-        EXPECT_EQ(plainOf(job.channel), plainOf(loader.job(before).channel)) << i;
+        const auto& partner = loader.job(before);
+        EXPECT_EQ(plainOf(job.sceneName), plainOf(partner.imageDir) + plainOf(partner.imageFileName) + "<FN3>.ifd");
+        EXPECT_EQ(plainOf(job.channel), plainOf(partner.channel)) << i;
     }
 }
 
 // Pages that are mapped but not yet written cost nothing: a full array without its 3.7 GB.
-TEST(JobCopiesOfTwoThousandMillionVariants, EndWhereTheArrayIsFull) {
-    vxTest::freshScanState();
+TEST(JobCopiesInAFullArray, FillItToItsLastRecord) {
     constexpr int room = vxJ::jobArrayCapacity;
     constexpr std::size_t bytes = room * vxJ::largePathRecordSize;
     void* const pages =
         mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
     ASSERT_NE(pages, MAP_FAILED);
-    vxTest::_loader loader;
-    vxJ::_JobBasicsArray& array = loader.array();
-    std::tie(array.jobs, array.allocated, array.count) =
-        std::tuple(static_cast<vxJ::_JobBasics_largePath*>(pages), room, room - 2);
-    array.at(room - 3)->layer = u"/out/a";
-    array.at(room - 3)->imageFileName = u"n$WEDGENUM";
-    wedges.append({{}, {}, QStringLiteral("/out/a"), {}, {{{}, 0, 1, 50000}, {{}, 0, 1, 40000}}});
-    EXPECT_EQ(finishJobs(loader.record(), {}), resultNoMoreJobs);
-    for (const auto& [fromEnd, name] : {std::pair{3, "n"}, {2, "n0"}, {1, "n1"}})
-        EXPECT_EQ(plainOf(loader.job(room - fromEnd).imageFileName), name);
+    vxJ::_JobBasicsArray array;
+    array.jobs = static_cast<vxJ::_JobBasics_largePath*>(pages);
+    array.allocated = room;
+    vxJ::_JobBasics_largePath& pattern = *array.at(room - 3);
+    pattern.layer = u"/out/a";
+    pattern.imageFileName = u"n$WEDGENUM";
+    for (const auto& [steps, code, count] : {std::tuple{"steps1=2", qint32{resultSuccess}, room},
+                                             {"steps1=3", resultNoMoreJobs, room + 1},
+                                             {"steps1=40000|steps2=50000", resultNoMoreJobs, room + 1}}) {
+        vxTest::freshScanState();
+        vxTest::_loader().scan(wedge(steps));
+        pattern.imageFileName = u"n$WEDGENUM";
+        array.count = room - 2;
+        EXPECT_EQ(_jobCopier(array).copyForWedges(), code) << steps;
+        EXPECT_EQ(array.count, count) << steps;
+        for (int i = 0; i < 2; ++i) EXPECT_EQ(plainOf(array.at(room - 2 + i)->imageFileName), "n" + std::to_string(i));
+    }
     std::tie(array.jobs, array.allocated) = std::tuple(nullptr, 0);
     munmap(pages, bytes);
 }
 
-TEST(WedgePlaceholders, StayInNoJob) {
-    const QByteArray aov = "|ar_aov_separate_file1=/i/$WEDGE/$WEDGENUM.$F4.exr";
-    for (const char* prefix : {"$WEDGE", "${WEDGE}$WEDGENUM", "$WED$WEDGEGE"}) {
-        vxTest::freshScanState();
-        vxTest::_loader loader;
-        ASSERT_EQ(loader.load(driver("vm_picture=/$WEDGE/$WED$WEDGEGE.exr" + aov, "out/b") + pair +
-                              wedge("steps1=3|prefix=" + QByteArray(prefix))),
-                  resultSuccess);
-        ASSERT_EQ(loader.count(), 1 + 2 + 2 * 3);
-        for (int i = 0; i < loader.count(); ++i)
-            for (const auto* name : {&loader.job(i).imageDir, &loader.job(i).imageFileName,
-                                     &loader.job(i).channels[0].fileName, &loader.job(i).sceneName})
-                EXPECT_FALSE(name->contains(u"$WEDGE") || name->contains(u"${WEDGE")) << i << plainOf(*name);
-    }
-}
-
 TEST(SecondLoad, FindsTheWedgesAndTakesOfTheFirst) {
-    vxTest::freshScanState();
-    ASSERT_EQ(vxTest::_loader().load(twoSteps), resultSuccess);
+    vxTest::loaded(twoSteps);
     nodeActiveTakes[_vxString<150>(u"/out/a")] = QStringLiteral("old");
     vxTest::_loader second;
     ASSERT_EQ(second.load(takes + single), resultSuccess);

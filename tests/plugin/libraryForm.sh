@@ -12,11 +12,11 @@ fail() {
     exit 1
 }
 
-# The maths library is not needed; the loader (ld-linux) would be by variables of a thread's own.
+# The loader (ld-linux) would be needed by variables of a thread's own.
 needed=$(echo "$dynamic" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p')
 for library in $needed; do
     case $library in
-    libQt[56]Core.so.[56] | libvxShared.so.1 | libstdc++.so.6 | libgcc_s.so.1 | libc.so.6) ;;
+    libQt[56]Core.so.[56] | libvxShared.so.1 | libstdc++.so.6 | libgcc_s.so.1 | libc.so.6 | libm.so.6) ;;
     *) fail "needs $library" ;;
     esac
 done

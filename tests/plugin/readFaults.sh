@@ -16,7 +16,7 @@ load() {
     local status=0
     env ASAN_OPTIONS="${ASAN_OPTIONS-}:verify_asan_link_order=0" LD_PRELOAD="$library" VX_FAULTY_FILE="$scene" \
         VX_FAULT_AT="$1" "$vxscene" jobs --format json "$scene" >"$folder/out" 2>"$folder/error" || status=$?
-    echo $status $(grep -c '"layer"' "$folder/out") $(cat "$folder/error")
+    echo "$status $(grep -c '"layer"' "$folder/out")$(sed 's/^/ /' "$folder/error")"
 }
 
 while read -r byte expected; do

@@ -3,10 +3,25 @@ import json
 
 from selenium import webdriver
 from selenium.webdriver.chrome.service import Service
+from selenium.webdriver.common import utils
 
-# It may run as root, in a container, and without a network.
+# It may run as root, in a container, and without a network or even the name "localhost".
 SWITCHES = """--headless --no-sandbox --disable-gpu --disable-dev-shm-usage --disable-quic --no-first-run
---disable-background-networking --disable-component-update --disable-sync --hide-scrollbars""".split()
+--disable-background-networking --disable-component-update --disable-sync --hide-scrollbars
+--remote-debugging-pipe""".split()
+
+
+class _RemoteControl(Service):
+    """Selenium would look for it under the name "localhost"."""
+
+    HOST = "127.0.0.1"
+
+    @property
+    def service_url(self):
+        return f"http://{self.HOST}:{self.port}"
+
+    def is_connectable(self):
+        return utils.is_connectable(self.port, self.HOST)
 
 
 class Browser(webdriver.Chrome):
@@ -15,8 +30,9 @@ class Browser(webdriver.Chrome):
         options.binary_location = "/usr/bin/chromium"
         for switch in [*SWITCHES, f"--user-data-dir={profile_folder}"]:
             options.add_argument(switch)
+        options.ignore_local_proxy_environment_variables()
         options.set_capability("goog:loggingPrefs", {"browser": "ALL", "performance": "ALL"})
-        super().__init__(service=Service("/usr/bin/chromedriver"), options=options)
+        super().__init__(service=_RemoteControl("/usr/bin/chromedriver"), options=options)
 
     def set_size(self, width, height):
         size = {"width": width, "height": height, "deviceScaleFactor": 1, "mobile": False}

@@ -1,13 +1,15 @@
-"""Scene files and explained scenes for the tests of the report."""
+"""Scene files for the tests of the report, and what vxscene makes of them."""
 import json
 import pathlib
+import re
 import subprocess
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "examples"))
-from sceneWriter import START, driver, entry, network
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+sys.path.insert(0, str(EXAMPLES))
+from sceneWriter import START, driver, entry, network, node
 
-PROGRAM, PAGE_OF = sys.argv[1:3]
+PROGRAM = sys.argv[1]
 
 # What a scene's author could try: markup, a script's address, characters that reorder, end or break a line.
 MARKUP = "</script><script>window.attacked = 1</script><img src=x onerror='window.attacked = 1'>\"<!--"
@@ -15,30 +17,39 @@ ODD_CHARACTERS = "\u202eexe.\u2028\u2066\u200b\x1b[31m\r\x07\x9b\ufeff"
 HOSTILE = f"javascript:window.attacked=1//{MARKUP}{ODD_CHARACTERS}&lt;{{{{script}}}}"
 
 
-def scene(drivers, variables):
-    lines = "".join(f"set -g {name} = '{value}'\n" for name, value in variables.items())
+def scene(drivers, variables=None):
+    lines = "".join(f"set -g {name} = '{value}'\n" for name, value in (variables or {}).items())
     variables = entry(".variables", "set -g ACTIVETAKE = 'Main'\n" + lines)
     return b"".join([entry(".start", START), variables, network("out", drivers), entry("TRAILER!!!", "")])
 
 
-def geometry(name, frames, step=1):
-    output = ("sopoutput", f"$HIP/geo/{name}.$F4.bgeo.sc")
+def geometry(name, frames=(1, 10), step=1, folder="geo"):
+    output = ("sopoutput", f"$HIP/{folder}/{name}.$F4.bgeo.sc")
     return driver(f"out/{name}", "geometry", output, frames=frames, step=step)
+
+
+def mantra(name, camera="/obj/cam1"):
+    """Exports scene descriptions, which the renderer reads afterwards."""
+    export = [("soho_outputmode", '"on"'), ("soho_diskfile", "$HIP/ifd/$OS$WEDGE.$F4.ifd")]
+    return driver(f"out/{name}", "ifd", ("camera", camera), *export, ("vm_picture", "$HIP/render/$OS$WEDGE.$F4.exr"))
+
+
+def arnold(name):
+    export = [("ar_ass_export_enable", '"on"'), ("ar_ass_file", "$HIP/ass/$OS$WEDGE.$F4.ass")]
+    return driver(f"out/{name}", "arnold", ("camera", "/obj/cam1"), ("ar_picture", "$HIP/render/$OS$WEDGE.$F4.exr"), *export)
+
+
+def wedge(name, count):
+    """Repeats the jobs of a driver."""
+    channel = [("name1", "key"), ("chan1", "/obj/key/intensity"), ("range1", 1, count), ("steps1", count)]
+    method = [("wedgemethod", '"channel"'), ("wedgeparams", 1)]
+    return node(f"out/wedge_{name}", "wedge", ("prefix", "_w"), ("driver", f"../{name}"), *method, *channel)
 
 
 def shot_scene():
     """Jobs 1 and 2: an export and the render that waits for it. Behind them geometry of various frames."""
-    beauty = driver(
-        "out/beauty",
-        "ifd",
-        ("camera", "/obj/cam1"),
-        ("soho_outputmode", '"on"'),
-        ("soho_diskfile", "$HIP/ifd/$OS.$F4.ifd"),
-        ("vm_picture", "$HIP/render/$OS.$F4.exr"),
-        frames=(1001, 1100),
-    )
     others = [geometry("cache", (9, 240)), geometry("still", (77, 77)), geometry("backwards", (80, 30), 5)]
-    return scene([beauty, *others, geometry("every10", (101, 300), 10)], {})
+    return scene([mantra("beauty"), *others, geometry("every10", (101, 300), 10)])
 
 
 def hostile_scene():
@@ -56,57 +67,35 @@ def hostile_scene():
 
 def written(folder, name, content):
     path = pathlib.Path(folder) / name
+    path.parent.mkdir(exist_ok=True)
     path.write_bytes(content)
     return path
 
 
-def run_report(*arguments, output=subprocess.PIPE, **options):
-    command = [PROGRAM, "report", *map(str, arguments)]
-    return subprocess.run(command, stdout=output, stderr=subprocess.PIPE, timeout=60, **options)
+def run(*arguments, output=subprocess.PIPE, **options):
+    return subprocess.run([PROGRAM, *map(str, arguments)], stdout=output, stderr=subprocess.PIPE, timeout=60, **options)
 
 
-def page_of(scenes):
-    """The page of explained scenes, with members that a scene file does not lead to."""
-    return subprocess.run([PAGE_OF], input=json.dumps(scenes).encode(), capture_output=True, timeout=60, check=True).stdout
+def run_report(*arguments, **options):
+    return run("report", *arguments, **options)
 
 
-def job(driver, renderer="Houdini/karma", frames=(1, 10, 1), folder="<SceneFolder>render/", **fields):
-    app, app_renderer = renderer.split("/")
-    start, end, step = frames
-    return {
-        **{"layer": driver, "app": app, "appRenderer": app_renderer, "seqStart": start, "seqEnd": end, "seqStep": step},
-        **{"imageDir": folder, "imageFileName": "a.", "imagePadding": 4, "imageExtension": ".exr", **fields},
-    }
+DATA_BLOCK = re.compile(rb'(?<=id="data">).*?(?=</script>)', re.DOTALL)
 
 
-def explained(path, jobs, text=lambda text: text):
-    """An explained scene with every member; `text` may make something else of each of its texts."""
-    node = text("/out/node")
-    place = {"line": 12, "byte": 345}
-    return {
-        "scene": path,
-        "code": 1,
-        "jobs": jobs,
-        "facts": {
-            "houdiniVersion": text("19.5.640"),
-            "frameRange": {"start": 1, "end": 10, "step": 1, "stored": True},
-            "takes": [text("Main"), text("closeup")],
-            "variables": [{"name": text("JOB"), "value": text("/projects/kettle"), "from": "scene"}],
-            "cameras": [
-                {"node": node, "width": 1280, "height": 720, "stereo": True, "drivers": [node]},
-                {"node": "/obj/unread", "width": 0, "height": 0, "stereo": False, "drivers": []},
-            ],
-            "lops": [{"node": node, "image": text("a.exr"), "renderer": text("karma"), "drivers": [node]}],
-            "usdRenderSettings": [{"node": node, "camera": node, "image": "", "archive": True, "drivers": [node]}],
-            "wedges": [{"node": node, "driver": node, "variants": 3, "channels": [{"name": text("key"), "start": 2, "end": 6, "steps": 3}]}],
-        },
-        "sections": [
-            {"reader": "driver", "node": "/out/made", **place, "outcome": "jobs", "jobs": [1], "code": "", "text": "", "details": []},
-            {
-                **{"reader": "driver", "node": text("/out/preview"), **place, "outcome": "none", "jobs": []},
-                **{"code": "viewerOnly", "text": text("renders to the viewer only"), "details": [text("vm_picture: ip")]},
-            },
-        ],
-        "notRecognised": [{"node": text("/tasks/mantra2"), **place, "code": "noRoot", "text": text("no output network")}],
-        "warnings": [{"code": "sameFiles", "node": node, "jobs": [2, 1], "text": text("writes the same files")}],
-    }
+def data_of(page):
+    return json.loads(DATA_BLOCK.search(page).group())
+
+
+def with_data(page, data):
+    block = json.dumps(data).replace("<", "\\u003c").encode()
+    return DATA_BLOCK.sub(lambda _: block, page, count=1)
+
+
+def with_texts(value, change):
+    """The data with another text for each text in it."""
+    if isinstance(value, dict):
+        return {name: with_texts(part, change) for name, part in value.items()}
+    if isinstance(value, list):
+        return [with_texts(part, change) for part in value]
+    return change(value) if isinstance(value, str) else value

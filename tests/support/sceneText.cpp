@@ -31,13 +31,6 @@ QByteArray driver(const QByteArray& lines, const QByteArray& path) {
     return path + ".parm {\n" + params(lines) + "}\n";
 }
 
-QByteArray section(const QByteArray& path, std::initializer_list<std::pair<const char*, const char*>> params) {
-    QByteArray text = "0707070000010000000006660000000000000000010000001415153474100001600000000100" + path + ".parm";
-    text += QByteArray(1, '\0') + "{\nversion 0.8\n";
-    for (const auto& [name, value] : params) text += param(name, value);
-    return text + "}\n";
-}
-
 QString _sceneFolder::write(const QByteArray& scene) const {
     QFile file(filePath(QStringLiteral("scene.hip")));
     if (!isValid() || !file.open(QIODevice::WriteOnly) || file.write(scene) != scene.size())
@@ -67,6 +60,31 @@ qint32 _loader::scan(const QByteArray& scene) {
     vxP::readSubmitterArguments(settings, sceneFacts);
     vxP::importSceneFolder(sceneName);
     return vxP::scanScene(loadRecord, buffer, sceneFacts);
+}
+
+namespace {
+
+std::unique_ptr<_loader> succeeded(qint32 (_loader::*action)(const QByteArray&), const QByteArray& scene) {
+    freshScanState();
+    auto loader = std::make_unique<_loader>();
+    if (const qint32 code = ((*loader).*action)(scene); code != vxP::resultSuccess)
+        throw std::runtime_error("code " + std::to_string(code));
+    return loader;
+}
+
+}  // namespace
+
+std::unique_ptr<_loader> scanned(const QByteArray& scene) {
+    return succeeded(&_loader::scan, scene);
+}
+
+std::unique_ptr<_loader> loaded(const QByteArray& scene) {
+    return succeeded(&_loader::load, scene);
+}
+
+std::string outputOf(const vxJ::_JobBasics_largePath& job) {
+    return (job.imageDir.toQString() + u'|' + job.imageFileName.toQString() + u'|' + job.imageExtension.toQString())
+        .toStdString();
 }
 
 void freshScanState() {

@@ -5,9 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
-#include <initializer_list>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include "plugin/sceneScan.h"
@@ -21,10 +19,6 @@ QByteArray param(const QByteArray& name, const QByteArray& value);
 QByteArray params(const QByteArray& text);
 /// The section of an output driver with parameter lines in short.
 QByteArray driver(const QByteArray& lines, const QByteArray& path = "out/a");
-
-/// A node's parameter section as an archive entry holds it: a header line that ends in NUL and "{", the parameters,
-/// and the closing brace. `path` is for example "out/mantra1".
-QByteArray section(const QByteArray& path, std::initializer_list<std::pair<const char*, const char*>> params);
 
 /// A folder of its own for scene files, as long as this lives.
 class _sceneFolder : public QTemporaryDir {
@@ -60,6 +54,13 @@ class _loader {
     vxP::_dataPARS_LoadSceneFile loadRecord;
     vxP::_sceneFacts sceneFacts;
 };
+
+/// A scene that was scanned, or loaded, from fresh state, to success.
+std::unique_ptr<_loader> scanned(const QByteArray& scene);
+std::unique_ptr<_loader> loaded(const QByteArray& scene);
+
+/// Folder, file and extension of a job's output, parted by "|".
+std::string outputOf(const vxJ::_JobBasics_largePath& job);
 
 /// Brings the module-wide state back to what it is when the plug-in has just been loaded.
 void freshScanState();

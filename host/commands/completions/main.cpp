@@ -1,25 +1,26 @@
 // Makes the completions of vxscene for a shell: vxCompletions bash|zsh|fish TEMPLATE >FILE
-// The line "@completions@" of the template gives way to what the program's own command line says.
+// The line "@completions@" of the template is replaced by what the program's own command line says.
 #include <cstdio>
 #include <exception>
 #include <fstream>
 #include <iostream>
 #include <string>
 
+#include "host/commands/commandLine.h"
 #include "host/commands/completions/shells.h"
 
 namespace {
 
 struct _shell {
     std::string_view name;
-    void (*write)(std::ostream&, const std::vector<vxC::_commandFacts>&);
+    void (*write)(std::ostream&, const std::vector<vxH::_command>&);
 };
 constexpr _shell shells[] = {{"bash", vxC::writeBash}, {"zsh", vxC::writeZsh}, {"fish", vxC::writeFish}};
 
 void fillTemplate(std::istream& text, const _shell& shell) {
     for (std::string line; std::getline(text, line);) {
         if (line == "@completions@") {
-            shell.write(std::cout, vxC::commandFacts());
+            shell.write(std::cout, vxH::commandLineParts());
         } else {
             std::cout << line << '\n';
         }

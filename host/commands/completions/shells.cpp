@@ -1,11 +1,16 @@
 #include "host/commands/completions/shells.h"
 
-#include <algorithm>
+#include <array>
 
 namespace vxC {
 namespace {
 
-/// The text with a backslash in front of each of the characters.
+using namespace vxH;
+
+/// Extensions of scene files, without the dot.
+constexpr std::array sceneExtensions{"hip", "hipnc", "hiplc"};
+
+/// The text with a backslash before each of the characters.
 std::string escaped(const std::string& text, const std::string& characters) {
     std::string result;
     for (const char character : text) {
@@ -27,17 +32,17 @@ std::string joined(const _texts& texts, const char* between = " ") {
 
 // ---- bash: names of options and values, both by "COMMAND OPTION"
 
-std::string bashValues(const _argument& argument) {
-    switch (argument.values) {
-        case _values::words:
+std::string bashValues(const _option& argument) {
+    switch (argument.offered) {
+        case _offered::words:
             return joined(argument.words);
-        case _values::files:
+        case _offered::files:
             return "@files";
-        case _values::folders:
+        case _offered::folders:
             return "@folders";
-        case _values::scenes:
+        case _offered::scenes:
             return "@scenes";
-        case _values::none:
+        case _offered::nothing:
             break;
     }
     return {};
@@ -47,7 +52,7 @@ void writeBashRow(std::ostream& out, const char* array, const std::string& key, 
     out << "    " << array << "['" << key << "']='" << value << "'\n";
 }
 
-void writeBashCommand(std::ostream& out, const _commandFacts& command) {
+void writeBashCommand(std::ostream& out, const _command& command) {
     std::vector<std::string> names;
     for (const auto& option : command.options) {
         names.insert(names.end(), option.names.begin(), option.names.end());
@@ -68,30 +73,30 @@ std::string zshQuoted(const std::string& text) {
     return result + '\'';
 }
 
-std::string zshValues(const _argument& argument) {
-    switch (argument.values) {
-        case _values::words:
+std::string zshValues(const _option& argument) {
+    switch (argument.offered) {
+        case _offered::words:
             return '(' + joined(argument.words) + ')';
-        case _values::files:
+        case _offered::files:
             return "_files";
-        case _values::folders:
+        case _offered::folders:
             return "_files -/";
-        case _values::scenes:
+        case _offered::scenes:
             return "_files -g \"*.(" + joined(sceneExtensions, "|") + ")(-.)\"";
-        case _values::none:
+        case _offered::nothing:
             break;
     }
     return {};
 }
 
 /// `:FORMAT:(table json)`; nothing for a flag.
-std::string zshAction(const _argument& argument) {
+std::string zshAction(const _option& argument) {
     if (argument.label.empty()) return {};
-    const bool isWords = argument.values == _values::words;
+    const bool isWords = argument.offered == _offered::words;
     return ':' + (isWords ? std::string{"value"} : escaped(argument.label, ":")) + ':' + zshValues(argument);
 }
 
-std::string zshOption(const _argument& option, const std::string& name) {
+std::string zshOption(const _option& option, const std::string& name) {
     const bool joinsValue = !option.label.empty() && name.compare(0, 2, "--") == 0;
     std::string spec{"*"};
     if (!option.repeats) spec = '(' + joined(option.names) + ')';
@@ -100,7 +105,7 @@ std::string zshOption(const _argument& option, const std::string& name) {
     return spec + '[' + escaped(option.description, "\\[]:") + ']' + zshAction(option);
 }
 
-void writeZshCommand(std::ostream& out, const _commandFacts& command) {
+void writeZshCommand(std::ostream& out, const _command& command) {
     out << "        " << zshQuoted(command.name) << ")\n            specs=(\n";
     for (const auto& option : command.options) {
         for (const auto& name : option.names) out << "                " << zshQuoted(zshOption(option, name)) << '\n';
@@ -116,23 +121,23 @@ std::string fishQuoted(const std::string& text) {
     return '\'' + escaped(text, "\\'") + '\'';
 }
 
-std::string fishValues(const _argument& argument) {
-    switch (argument.values) {
-        case _values::words:
+std::string fishValues(const _option& argument) {
+    switch (argument.offered) {
+        case _offered::words:
             return " -x -a " + fishQuoted(joined(argument.words));
-        case _values::files:
+        case _offered::files:
             return " -r -F";
-        case _values::folders:
+        case _offered::folders:
             return " -x -a '(__fish_complete_directories)'";
-        case _values::scenes:
+        case _offered::scenes:
             return " -x -a '(__vxscene_scenes " + joined(sceneExtensions) + ")'";
-        case _values::none:
+        case _offered::nothing:
             return " -x";
     }
     return {};
 }
 
-void writeFishCommand(std::ostream& out, const _commandFacts& command) {
+void writeFishCommand(std::ostream& out, const _command& command) {
     const std::string start = "complete -c vxscene -n " + fishQuoted("__vxscene_in " + fishQuoted(command.name));
     for (const auto& option : command.options) {
         out << start;
@@ -143,7 +148,7 @@ void writeFishCommand(std::ostream& out, const _commandFacts& command) {
     for (const auto& argument : command.arguments) out << start << fishValues(argument) << '\n';
 }
 
-std::vector<std::string> commandNames(const std::vector<_commandFacts>& program) {
+std::vector<std::string> commandNames(const std::vector<_command>& program) {
     std::vector<std::string> names;
     for (const auto& command : program) {
         if (!command.name.empty()) names.push_back(command.name);
@@ -153,13 +158,13 @@ std::vector<std::string> commandNames(const std::vector<_commandFacts>& program)
 
 }  // namespace
 
-void writeBash(std::ostream& out, const std::vector<_commandFacts>& program) {
+void writeBash(std::ostream& out, const std::vector<_command>& program) {
     for (const auto& command : program) writeBashCommand(out, command);
     writeBashRow(out, "values", " ", joined(commandNames(program)));
     out << "    extensions='" << joined(sceneExtensions) << "'\n";
 }
 
-void writeZsh(std::ostream& out, const std::vector<_commandFacts>& program) {
+void writeZsh(std::ostream& out, const std::vector<_command>& program) {
     out << "    commands=(\n";
     for (const auto& command : program) {
         if (!command.name.empty())
@@ -170,7 +175,7 @@ void writeZsh(std::ostream& out, const std::vector<_commandFacts>& program) {
     out << "    esac\n";
 }
 
-void writeFish(std::ostream& out, const std::vector<_commandFacts>& program) {
+void writeFish(std::ostream& out, const std::vector<_command>& program) {
     for (const auto& command : program) {
         if (!command.name.empty())
             out << "complete -c vxscene -n \"__vxscene_in ''\" -a " << command.name << " -d "

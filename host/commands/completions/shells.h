@@ -1,14 +1,16 @@
-// The same facts in the languages of three shells. Each writes what its template beside this file leaves open.
+// Completions in the languages of three shells, from vxscene's own command line. Each function writes what its template
+// beside this file leaves open.
 #pragma once
 
 #include <ostream>
 
-#include "host/commands/completions/commandFacts.h"
+#include "host/commands/command.h"
 
 namespace vxC {
 
-void writeBash(std::ostream& out, const std::vector<_commandFacts>& program);
-void writeZsh(std::ostream& out, const std::vector<_commandFacts>& program);
-void writeFish(std::ostream& out, const std::vector<_commandFacts>& program);
+// @param program  the program itself without a name, then its commands
+void writeBash(std::ostream& out, const std::vector<vxH::_command>& program);
+void writeZsh(std::ostream& out, const std::vector<vxH::_command>& program);
+void writeFish(std::ostream& out, const std::vector<vxH::_command>& program);
 
 }  // namespace vxC

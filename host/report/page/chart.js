@@ -6,7 +6,7 @@ const BAR = 10;
 const FAULTY_BAR = 18;  // holds words
 const DRIVERS_AT_FIRST = 16;
 const TICKS = 6;
-const MOST_STEPS = 300;  // more could not be told apart
+const MOST_STEPS = 300;  // more cannot be distinguished
 const ARROW_INSET = 9;
 
 /** `start` and `end` of all frames; the axis goes from `first` to `last`, half a frame beyond their middles. */
@@ -110,7 +110,7 @@ function laneWords(lane, axis, words) {
     return svg("text", {class: "words", ...x, y: lane.index * LANE + 15}, words.slice(0, 60));
 }
 
-/** The part of the drawing that stands for a lane: a link to its first job. */
+/** The bar of a lane: a link to its first job. */
 function barLink(lane, axis, exports) {
     const kind = barKind(lane, exports);
     const title = laneTitle(lane);

@@ -1,57 +1,4 @@
-// Two scenes side by side: the facts and jobs in which they differ.
-
-const IN_SCENE_FOLDER = "<SceneFolder>";
-
-/** What counts for a job's output: below the scene's folder, the folder itself does not. */
-function outputOf(job) {
-    return job.recorded?.startsWith(IN_SCENE_FOLDER) ? job.recorded : job.output;
-}
-
-const COMPARED_FIELDS = [
-    ["Frames", (job) => job.frames],
-    ["Output", outputOf],
-    ["Camera", (job) => job.camera],
-    ["Size", (job) => job.size],
-];
-
-function keyOfJob(job) {
-    return [job.driver, job.renderer, job.take].join("\n");
-}
-
-function changesOf(left, right) {
-    return COMPARED_FIELDS.map(([name, read]) => ({name, before: read(left), after: read(right)}))
-        .filter(({before, after}) => before !== after);
-}
-
-function textOfFields(job) {
-    return COMPARED_FIELDS.map(([, read]) => read(job)).join("\n");
-}
-
-/** Pairs the jobs of one key: first those that are equal, then the rest in their order. */
-function pairUp(before, after) {
-    const waiting = groupedBy(after, textOfFields);
-    const pairs = [];
-    const unequal = [];
-    for (const job of before) {
-        const other = waiting.get(textOfFields(job))?.shift();
-        if (other)
-            pairs.push({job, other, changes: []});
-        else
-            unequal.push(job);
-    }
-    const rest = [...waiting.values()].flat();
-    const changed = unequal.map(
-        (job, at) => (at < rest.length ? {job, other: rest[at], changes: changesOf(job, rest[at])} : {job}));
-    return [...pairs, ...changed, ...rest.slice(unequal.length).map((other) => ({other}))];
-}
-
-/** @return pairs { job, other, changes }; `job` alone went, `other` alone came */
-function comparedJobs(left, right) {
-    const before = groupedBy(left.jobs, keyOfJob);
-    const after = groupedBy(right.jobs, keyOfJob);
-    const keys = new Set([...before.keys(), ...after.keys()]);
-    return [...keys].flatMap((key) => pairUp(before.get(key) ?? [], after.get(key) ?? []));
-}
+// Two scenes side by side: the facts in which they differ, and the differences of their jobs, which the program found.
 
 /** Where the entries of a list are compared one by one: the list, what an entry is, its name's member, its text. */
 const LISTED_FACTS = [
@@ -101,39 +48,55 @@ function textChange(before, after) {
         ([tag, text]) => (text === "" ? el(tag, {class: "quiet"}, "(none)") : withDifference(tag, text, ends)));
 }
 
-function changeItem({name, before, after}) {
-    return el("div", {class: "change"}, el("span", {class: "quiet"}, name), el("div", {}, textChange(before, after)));
+/** The comparison seen from its other scene. */
+function turned({came, went, changed}) {
+    const turnedField = ({name, before, after}) => ({name, before: after, after: before});
+    const turnedJob = ({left, right, fields}) => ({left: right, right: left, fields: fields.map(turnedField)});
+    return {came: went, went: came, changed: changed.map(turnedJob)};
+}
+
+/** What the program found of two scenes, by their places; undefined where it has not compared them. */
+function comparisonOf(left, right) {
+    const [first, second] = left < right ? [left, right] : [right, left];
+    const found = data.comparisons.find((one) => one.left === first && one.right === second);
+    return found && left > right ? turned(found) : found;
+}
+
+/** Rows of the jobs that differ: those of the right scene in its order, then those that only the left one has. */
+function differentJobs(left, right, {came, went, changed}) {
+    const only = (kind, scene) => (number) => ({kind, number, job: scene.jobs[number - 1]});
+    const both = changed.map(
+        ({left: was, right: number, fields}) => ({kind: "changed", number, was, job: right.jobs[number - 1], fields}));
+    const ofRight = [...both, ...came.map(only("came", right))].sort((one, other) => one.number - other.number);
+    return [...ofRight, ...went.map(only("went", left))];
 }
 
 const KINDS = {
     came: {sign: "+", title: "only right"},
     went: {sign: "\u2212", title: "only left"},
     changed: {sign: "\u2260", title: "changed"},
-    equal: {sign: "=", title: "equal"},
 };
 
-function kindOf({job, other, changes}) {
-    if (!job) return "came";
-    if (!other) return "went";
-    return changes.length > 0 ? "changed" : "equal";
+function kindSign({kind}) {
+    const {sign, title} = KINDS[kind];
+    return el("span", {class: `kind ${kind}`}, el("span", {"aria-hidden": "true"}, sign), " ", title);
 }
 
-function kindSign(kind) {
-    return el(
-        "span", {class: `kind ${kind}`}, el("span", {"aria-hidden": "true"}, KINDS[kind].sign), " ", KINDS[kind].title);
+function changeItem({name, before, after}) {
+    return el("div", {class: "change"}, el("span", {class: "quiet"}, name), el("div", {}, textChange(before, after)));
 }
 
-function wholeJob(job) {
-    return [job.frames, " ", filePath(outputOf(job))];
+function whatDiffers({job, fields}) {
+    return fields ? fields.map(changeItem) : [job.frames, " ", filePath(job.output)];
 }
 
-const PAIR_COLUMNS = [
-    ["Change", (pair) => kindSign(kindOf(pair))],
-    ["Driver", ({job, other}) => code((job ?? other).driver)],
-    ["Renderer", ({job, other}) => parts((job ?? other).renderer)],
-    ["Take", ({job, other}) => longText((job ?? other).take)],
-    ["What differs", ({job, other, changes}) => changes?.map(changeItem) ?? wholeJob(job ?? other)],
+const JOB_CELLS = [
+    ["#", ({number, was}) => (!was || was === number ? number : `${number} (was ${was})`)],
+    ["Driver", ({job}) => code(job.driver)],
+    ["Renderer", ({job}) => parts(job.renderer)],
+    ["Take", ({job}) => longText(job.take)],
 ];
+const DIFFERENCE_CELLS = [["Change", kindSign], ...JOB_CELLS, ["What differs", whatDiffers]];
 
 const FACT_COLUMNS = [
     ["Fact", ({name}) => longText(name)],
@@ -170,15 +133,22 @@ function factPart(left, right) {
     ];
 }
 
+const NOT_COMPARED =
+    "The jobs of these two scenes have not been compared: a report compares each scene with the next one, and every " +
+    "pair where there are few, but none whose jobs are not known. vxscene diff compares any two.";
+
 function jobPart(left, right) {
-    const pairs = comparedJobs(left, right);
-    const equal = pairs.filter((pair) => kindOf(pair) === "equal");
-    const different = pairs.filter((pair) => kindOf(pair) !== "equal");
+    if (left === right) return el("p", {}, "This is one and the same scene.");
+    const found = comparisonOf(left.index, right.index);
+    if (!found) return [el("h3", {}, "Jobs"), el("p", {}, NOT_COMPARED)];
+    const different = differentJobs(left.scene, right.scene, found);
+    const told = new Set(different.filter(({kind}) => kind !== "went").map(({number}) => number));
+    const equal = right.scene.jobs.map((job, at) => ({job, number: at + 1})).filter(({number}) => !told.has(number));
     return [
         el("h3", {}, `Jobs that differ (${different.length})`),
-        different.length > 0 ? plainTable("Jobs that differ", PAIR_COLUMNS, different)
+        different.length > 0 ? plainTable("Jobs that differ", DIFFERENCE_CELLS, different)
                              : el("p", {}, "All jobs are equal."),
-        equalOnes(equal.length, "job", () => plainTable("Equal jobs", PAIR_COLUMNS.slice(1, 4), equal))
+        equalOnes(equal.length, "job", () => plainTable("Equal jobs", JOB_CELLS, equal))
     ];
 }
 
@@ -202,10 +172,9 @@ function comparison(views) {
     const result = el("div", {class: "comparison"});
     const choice = el("div", {class: "choice"});
     const show = () => {
-        const [left, right] =
-            [...choice.querySelectorAll("select")].map((select) => chosen[Number(select.value)].scene);
+        const [left, right] = [...choice.querySelectorAll("select")].map((select) => chosen[Number(select.value)]);
         result.replaceChildren();
-        append(result, [factPart(left, right), jobPart(left, right)]);
+        append(result, [factPart(left.scene, right.scene), jobPart(left, right)]);
     };
     choice.append(sceneChoice("Left", names, 0, show), sceneChoice("Right", names, 1, show));
     show();

@@ -45,7 +45,7 @@ function warningsByJob(scene) {
     return byJob;
 }
 
-/** Sections that are drivers, and those of which nobody knows what they are. */
+/** Sections that are drivers, and those that nobody could make out. */
 function skippedDrivers(scene) {
     return (scene.skipped ?? []).filter((item) => !item.reader || item.reader === "driver");
 }

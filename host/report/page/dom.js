@@ -38,7 +38,7 @@ function svg(tag, attributes = {}, ...children) {
 const LONGEST_TEXT = 240;
 const KEPT_AT_AN_END = 100;
 
-/** A text of any length: the middle of a very long one waits behind a button. */
+/** A text of any length: a button shows the middle of a very long one. */
 function longText(text) {
     if (text.length <= LONGEST_TEXT) return [text];
     const middle = el("span", {class: "middle", hidden: true}, text.slice(KEPT_AT_AN_END, -KEPT_AT_AN_END));
@@ -51,7 +51,7 @@ function longText(text) {
     return [text.slice(0, KEPT_AT_AN_END), button, middle, text.slice(-KEPT_AT_AN_END)];
 }
 
-/** The text with places to break behind its slashes. */
+/** The text, which may break after each slash. */
 function breakable(text) {
     return text.split(/(?<=\/)/).flatMap((part, at) => (at > 0 ? [el("wbr"), part] : [part]));
 }

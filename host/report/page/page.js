@@ -1,11 +1,11 @@
-// The page: header, one panel a scene, and what keys, links, pointer and printer do.
+// The page: header, one panel for each scene, and what keys, links, pointer and printer do.
 
 const {scenes, program} = data;
 const names = sceneNames(scenes);
 
 const MOST_HINTS = 3;
 
-/** Whoever looks for a driver finds it beside the filter, too, when it has no job. */
+/** Drivers without a job that the filter finds. */
 function skippedHint(entries) {
     const shown = entries.slice(0, MOST_HINTS)
                       .map(
@@ -70,7 +70,7 @@ class SceneView {
         return section(id, "Jobs", this.filterBar(), this.found);
     }
 
-    /** It stays in view, and the head of the table below it, however high it is. */
+    /** The bar stays in view, with the head of the table right below it, however high it is. */
     filterBar() {
         const bar = el("div", {class: "filter"}, el("label", { for: this.input.id
                        }, "Filter"), this.input, el("kbd", {"aria-hidden": "true"}, "/"), this.count, this.hint);
@@ -199,7 +199,7 @@ function goTo(hash) {
 function followLinks() {
     document.addEventListener("click", (event) => {
         const link = event.target.closest?.("a[href^='#s']");
-        if (!link || link.getAttribute("href") !== location.hash) return;  // another place is told by hashchange
+        if (!link || link.getAttribute("href") !== location.hash) return;  // hashchange reports any other place
         event.preventDefault();
         goTo(location.hash);
     });
@@ -239,7 +239,7 @@ function handleKeys() {
     });
 }
 
-// What a bar stands for is shown beside it under the pointer and on focus.
+// A bar says what it means beside it, under the pointer and on focus.
 
 function showTips() {
     const tip = document.getElementById("tip");

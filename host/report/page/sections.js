@@ -1,4 +1,4 @@
-// What stands around the jobs of a scene: its figures, warnings, what gave no job, and the scene's facts.
+// The sections around the jobs of a scene: figures, warnings, what gave no job, and the facts of the scene.
 
 const MOST_LINKS = 24;
 
@@ -81,7 +81,7 @@ function skippedSection(scene, index) {
     return {entries, element: list && section(`s${index}-skipped`, `Without a job (${entries.length})`, list)};
 }
 
-// Pixels for the largest camera, and for one whose size nobody knows.
+// Pixels for the largest camera, and for one of unknown size.
 const CAMERA_ROOM = {
     width: 96,
     height: 60

@@ -1,6 +1,6 @@
 // The job table: cells, order, filter.
 
-const NOTHING = Number.POSITIVE_INFINITY;  // sorts behind all numbers, in either direction
+const NOTHING = Number.POSITIVE_INFINITY;  // sorts after all numbers, in either direction
 
 /** `keys`: what the column sorts by, compared one after the other. */
 const JOB_COLUMNS = [

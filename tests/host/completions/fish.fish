@@ -1,6 +1,5 @@
-# What fish offers behind lines of the standard input, one a line: LINE TAB CANDIDATE ... Usage: fish fish.fish FILE
+# What fish offers behind the line of the standard input. Usage: fish fish.fish FILE
 source $argv[1]
-while read -l line
-    set -l candidates (complete -C "$line" | string replace -r '\t.*' '')
-    printf '%s\t%s\n' "$line" "$candidates"
-end
+read -l line
+string join ' ' -- (complete -C "$line" | string replace -r '\t.*' '')
+true

@@ -1,0 +1,44 @@
+#include "host/results/recordReading.h"
+
+#include <functional>
+#include <memory>
+
+#include "host/results/jobFields.h"
+#include "host/results/jobWaits.h"
+
+namespace vxH {
+namespace {
+
+void forEachRecord(const vxJ::_JobBasicsArray& records,
+                   const std::function<void(const vxJ::_JobBasics_largePath&, int number)>& take) {
+    for (int i = 0; i < records.count; ++i) {
+        const auto* const record = records.at(i);
+        if (record == nullptr) break;  // counted, but there was no memory for it
+        take(*record, i + 1);
+    }
+}
+
+}  // namespace
+
+std::vector<_job> jobsOf(const vxJ::_JobBasicsArray& records) {
+    std::vector<_job> jobs;
+    forEachRecord(records, [&](const auto& record, int) { jobs.push_back(jobFromRecord(record)); });
+    findWaits(jobs);
+    return jobs;
+}
+
+std::vector<_jobVariables> variablesOf(const vxJ::_JobBasicsArray& records, int jobNumber) {
+    const auto compact = std::make_unique<vxJ::_JobBasics>();
+    std::vector<_jobVariables> jobs;
+    forEachRecord(records, [&](const auto& record, int number) {
+        if (jobNumber != allJobs && jobNumber != number) return;
+        record.toJobsBasic(*compact);
+        vxJ::_varValList list;
+        compact->exportJobVarList_Basic(list);
+        auto& job = jobs.emplace_back(_jobVariables{number, record.layer.toQString(), {}});
+        for (const auto& variable : list) job.variables.push_back({variable.name, variable.value});
+    });
+    return jobs;
+}
+
+}  // namespace vxH

@@ -1,0 +1,79 @@
+#include "host/results/sceneJson.h"
+
+#include <QJsonDocument>
+
+#include "host/results/jobFields.h"
+#include "host/results/jsonValues.h"
+
+namespace vxH {
+namespace {
+
+constexpr QLatin1String formatVersionKey{"formatVersion"};
+constexpr int formatVersion = 1;  // docs/schema/README.md says what raises it
+
+constexpr QLatin1String sceneKey{"scene"};
+constexpr QLatin1String codeKey{"code"};
+constexpr QLatin1String errorKey{"error"};
+constexpr QLatin1String messageKey{"message"};
+constexpr QLatin1String jobsKey{"jobs"};
+constexpr QLatin1String jobKey{"job"};
+constexpr QLatin1String layerKey{"layer"};
+constexpr QLatin1String variablesKey{"variables"};
+
+_sceneHead headFromJson(const QJsonObject& object) {
+    return {object[sceneKey].toString(), object[codeKey].toInt(), object[errorKey].toString(),
+            object[messageKey].toString()};
+}
+
+}  // namespace
+
+// Lists of them find these by the type.
+static QJsonValue jsonOf(const _jobVariables& job) {
+    return QJsonObject{{jobKey, job.number}, {layerKey, job.driver}, {variablesKey, jsonOf(job.variables)}};
+}
+
+static void readJson(const QJsonValue& value, _jobVariables& job) {
+    const auto object = value.toObject();
+    job.number = object[jobKey].toInt();
+    job.driver = object[layerKey].toString();
+    readJson(object[variablesKey], job.variables);
+}
+
+QJsonObject headToJson(const _sceneHead& head) {
+    QJsonObject object{{sceneKey, head.scene}, {codeKey, head.code}};
+    if (!head.isLoaded()) object.insert(errorKey, head.error);
+    return object;
+}
+
+QJsonObject sceneToJson(const _sceneResult& result) {
+    auto object = headToJson(result);
+    object.insert(messageKey, result.message);
+    object.insert(jobsKey, jsonOf(result.jobs));
+    return object;
+}
+
+_sceneResult sceneFromJson(const QJsonObject& object) {
+    _sceneResult result{headFromJson(object), {}};
+    readJson(object[jobsKey], result.jobs);
+    return result;
+}
+
+QJsonObject variablesToJson(const _sceneVariables& result) {
+    auto object = headToJson(result);
+    object.insert(jobsKey, jsonOf(result.jobs));
+    return object;
+}
+
+_sceneVariables variablesFromJson(const QJsonObject& object) {
+    _sceneVariables result{headFromJson(object), {}};
+    readJson(object[jobsKey], result.jobs);
+    return result;
+}
+
+QString jsonText(QJsonObject object, bool indented) {
+    object.insert(formatVersionKey, formatVersion);
+    const auto bytes = QJsonDocument(object).toJson(indented ? QJsonDocument::Indented : QJsonDocument::Compact);
+    return QString::fromUtf8(bytes).trimmed();
+}
+
+}  // namespace vxH

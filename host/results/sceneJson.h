@@ -1,0 +1,24 @@
+// Results of scenes as JSON: what is printed (docs/schema), and what a child process sends to its parent.
+#pragma once
+
+#include <QJsonObject>
+
+#include "host/results/sceneResult.h"
+
+namespace vxH {
+
+/// Members `scene`, `code` and, of a scene that failed, `error`.
+QJsonObject headToJson(const _sceneHead& head);
+
+/// The same with `message` and `jobs`, see jobFields.h.
+QJsonObject sceneToJson(const _sceneResult& result);
+_sceneResult sceneFromJson(const QJsonObject& object);
+
+/// The head with `jobs`: {job, layer, variables: [{name, value}]}.
+QJsonObject variablesToJson(const _sceneVariables& result);
+_sceneVariables variablesFromJson(const QJsonObject& object);
+
+/// An object as it is printed, with the version of the format and without a line end.
+QString jsonText(QJsonObject object, bool indented);
+
+}  // namespace vxH

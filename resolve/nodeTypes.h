@@ -1,0 +1,43 @@
+// What a node is to a render farm, told by its type.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "grammar/paramSection.h"
+#include "scan/scanObserver.h"
+#include "scene/node.h"
+
+namespace vxP {
+
+/// When a driver writes what it names.
+enum class _writes : quint8 {
+    always,
+    unlessLoading,  ///< a cache: not while it loads from disk
+    never,          ///< it names a file, but writes it only when somebody saves it by hand
+};
+
+/// A parameter that names what a driver writes, and the one as which its reader gets it.
+struct _outputParameter {
+    std::string_view name{};
+    std::string_view readAs{};  ///< empty: by its own name
+};
+
+struct _nodeType {
+    std::string_view space{};                   ///< of names: "labs"; empty: Houdini's own
+    std::string_view name{};                    ///< without namespace and version; a "*" at its end stands for anything
+    _sectionReader reader{};                    ///< who takes its section
+    std::array<_outputParameter, 2> outputs{};  ///< of a driver; of two the first is the file people look for
+    _writes writes = _writes::always;
+    _nodeTraits traits{};
+};
+
+/// The row of a type; null: a node of that type is nothing that a farm has to know.
+/// @param type  whole name: "labs::filecache::2.0"
+const _nodeType* nodeTypeOf(std::string_view type);
+
+/// True for the types of nodes that hold the settings of a stage's render.
+bool isRenderSettings(std::string_view type);
+
+}  // namespace vxP

@@ -1,0 +1,221 @@
+#include "resolve/resolvedSection.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "drivers/outNodeRules.h"
+#include "resolve/outputText.h"
+#include "scan/scanBudget.h"
+#include "scan/scanState.h"
+
+namespace vxP {
+
+namespace {
+
+// Parameters that more than their reader looks at.
+constexpr std::string_view frameRange{"f"};
+constexpr std::string_view loadSwitch{"loadfromdisk"};
+constexpr std::string_view resolutionFraction{"res_fraction"};
+constexpr std::array cameraNames{std::string_view{"camera"}, std::string_view{"RS_renderCamera"}};
+
+/// How a driver overrides its camera's resolution.
+struct _override {
+    std::string_view isOn;
+    std::string_view resolution;
+};
+constexpr std::array overrides{_override{"override_camerares", "res_override"},
+                               _override{"RS_overrideCameraRes", "RS_overrideRes"}};
+
+QString qt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<_size>(text.size()));
+}
+
+bool isCalled(QLatin1String ruleName, std::string_view parameter) {
+    const QString line = qt(parameter) + QLatin1Char('\t');
+    return line.startsWith(ruleName, Qt::CaseInsensitive);
+}
+
+/// A line break within a value would end its line.
+QString onOneLine(QString text) {
+    return text.replace(QLatin1Char('\n'), QLatin1Char(' ')).remove(QLatin1Char('\r'));
+}
+
+QString lineOf(std::string_view name, const QString& values) {
+    return qt(name) + QLatin1String("\t[ 0\tlocks=0 ]\t(\t") + onOneLine(values) + QLatin1String("\t)\n");
+}
+
+bool mayNeedComputing(const vxN::_value& value) {
+    return value.isDriven() || value.text.find_first_of("`$") != std::string_view::npos;
+}
+
+QString reasonText(const vxV::_unknown& why) {
+    QString text = vxV::wordsOf(why.reason).text;
+    if (!why.culprit.empty()) text += QLatin1String(" (") + qt(why.culprit) + QLatin1Char(')');
+    return text;
+}
+
+QString expressionOf(const vxN::_node& node, const vxN::_value& value) {
+    if (!value.isDriven()) return qt(value.text);
+    const auto channel = node.channel(value.channel);
+    if (channel == nullptr || channel->segments.empty()) return {};
+    return channel->isExpression() ? qt(channel->segments[0].expression) : QStringLiteral("keys");
+}
+
+void tellValue(const vxN::_node& node, std::string_view name, const vxN::_value& value, const QString& result,
+               const QString& reason) {
+    if (scanObserver == nullptr) return;
+    scanObserver->resolved({qt(value.isDriven() ? value.channel : name), expressionOf(node, value),
+                            value.isDriven() ? qt(value.text) : QString(), result, reason});
+}
+
+std::optional<double> literalNumber(std::string_view text) {
+    double number = 0;
+    return vxV::readNumber(text, number) ? std::optional<double>(number) : std::nullopt;
+}
+
+}  // namespace
+
+struct _sectionResolver::_target {
+    const vxN::_node& node;
+    const _sectionKind& kind;
+    const _nodeType* type;  ///< null: not known
+    QString& lines;
+};
+
+std::optional<bool> _sectionResolver::isOn(const vxN::_node& node, std::string_view parameter) {
+    if (node.parameter(parameter) == nullptr) return {};
+    const auto text = evaluator.text(node, parameter);
+    if (!text) return {};
+    const auto number = literalNumber(*text);
+    return number ? *number != 0 : *text != "off";
+}
+
+_idle _sectionResolver::idleness(const vxN::_node& node, const _nodeType* type) {
+    if (node.definition()->isOn(vxN::_flag::bypass).value_or(false)) return _idle::bypassed;
+    if (type == nullptr) return _idle::no;
+    if (type->writes == _writes::never) return _idle::savedByHand;
+    if (type->writes == _writes::always) return _idle::no;
+    if (isOn(node, loadSwitch).value_or(false)) return _idle::loadsFromDisk;
+    return _idle::no;
+}
+
+/// What one component of a parameter reads as.
+QString _sectionResolver::valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value) {
+    if (!mayNeedComputing(value)) return qt(value.text);
+    const vxV::_textOutcome text =
+        value.isDriven() ? evaluator.text(target.node, value.channel) : outputText(evaluator, target.node, value.text);
+    const QString result = text ? qt(*text) : QString();
+    const bool isExpression = value.isDriven() || value.text.find('`') != std::string_view::npos;
+    if (isExpression) tellValue(target.node, parameter.name, value, result, text ? QString() : reasonText(text.why()));
+    return text ? result : qt(value.text);
+}
+
+std::optional<double> _sectionResolver::frame(const vxN::_node& node, const vxN::_value& value) {
+    if (!value.isDriven()) return literalNumber(value.text);
+    const auto number = evaluator.number(node, value.channel);
+    return number ? std::optional<double>(*number) : std::nullopt;
+}
+
+/// Start, end and step as whole frames. A component that cannot be told is the stored one; where that is 0, as Houdini
+/// stores it before it has looked, the scene's.
+void _sectionResolver::addFrames(const _target& target, const vxN::_parameter& parameter) {
+    const std::array<qint32, 3> ofScene{GLseqStart, GLseqEnd, GLseqStep};
+    QStringList frames;
+    for (std::size_t i = 0; i < parameter.values.size() && i < ofScene.size(); ++i) {
+        const vxN::_value& value = parameter.values[i];
+        const auto known = frame(target.node, value);
+        const double stored = literalNumber(value.text).value_or(0);
+        const double number = known ? *known : stored != 0 ? stored : ofScene[i];
+        const bool fits = std::abs(number) < 1e9;
+        const QString text = QString::number(fits ? std::llround(number) : ofScene[i]);
+        frames.append(text);
+        if (!value.isDriven()) continue;
+        const auto why = known ? QString() : reasonText(evaluator.number(target.node, value.channel).why());
+        tellValue(target.node, parameter.name, value, known ? text : QString(), why);
+    }
+    target.lines += lineOf(parameter.name, frames.join(QLatin1Char('\t')));
+}
+
+/// Cameras are compared by their whole path.
+QString _sectionResolver::cameraPath(const vxN::_node& node, const QString& path) const {
+    const vxN::_node camera = node.find(path.toStdString());
+    return camera ? qt(camera.path()) : path;
+}
+
+void _sectionResolver::addParameter(const _target& target, const vxN::_parameter& parameter, std::string_view name) {
+    QStringList values;
+    for (const vxN::_value& value : parameter.values) {
+        QString text = valueOf(target, parameter, value);
+        if (std::find(cameraNames.begin(), cameraNames.end(), name) != cameraNames.end())
+            text = cameraPath(target.node, text);
+        values.append(value.isQuoted ? QLatin1Char('"') + text + QLatin1Char('"') : text);
+    }
+    target.lines += lineOf(name, values.join(QLatin1Char('\t')));
+}
+
+/// The camera's, or the driver's own where it overrides it.
+void _sectionResolver::addResolution(const _target& target) {
+    vxN::_node camera;
+    for (const std::string_view name : cameraNames)
+        if (const auto path = evaluator.text(target.node, name); path && !path->empty())
+            camera = target.node.find(*path);
+    const auto numbersOf = [&](const vxN::_node& node, std::string_view name, std::array<double, 2>& size) {
+        const auto parameter = node.parameter(name);
+        if (parameter == nullptr || parameter->values.size() < size.size()) return false;
+        for (std::size_t i = 0; i < size.size(); ++i) {
+            const auto number = frame(node, parameter->values[i]);
+            if (!number || *number < 0 || *number > 65535) return false;
+            size[i] = *number;
+        }
+        return true;
+    };
+    std::array<double, 2> size{};
+    bool known = camera && numbersOf(camera, "res", size);
+    for (const _override& way : overrides) {
+        if (!isOn(target.node, way.isOn).value_or(false)) continue;
+        const auto fraction = evaluator.text(target.node, resolutionFraction);
+        const auto factor = fraction ? literalNumber(*fraction) : std::nullopt;
+        if (factor && known)
+            for (double& side : size) side *= *factor;
+        else
+            known = numbersOf(target.node, way.resolution, size);
+    }
+    if (!known) return;
+    QStringList sides;
+    for (const double side : size) sides.append(QString::number(std::llround(side)));
+    target.lines += lineOf(overrides.front().resolution, sides.join(QLatin1Char('\t')));
+}
+
+QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type) {
+    QString lines;
+    const _target target{node, kind, type, lines};
+    const auto parameters = node.parameters();
+    const bool isDriver = kind.reader == _sectionReader::driver;
+    const auto names = kind.parameters();
+    for (const vxN::_parameter& parameter : parameters->all()) {
+        std::string_view name = parameter.name;
+        if (isDriver && type != nullptr) {
+            const auto& outputs = type->outputs;
+            const auto output = std::find_if(outputs.begin(), outputs.end(), [&](const _outputParameter& row) {
+                return !row.name.empty() && row.name == name;
+            });
+            const bool isOwn = output != outputs.end();
+            if (isOwn && !output->readAs.empty()) name = output->readAs;
+            if (!isOwn && roleOf(qt(name) + QLatin1Char('\t')) == _parameterRole::output) continue;
+        }
+        const bool isKnown =
+            std::any_of(names.begin(), names.end(), [&](QLatin1String known) { return isCalled(known, name); });
+        const bool isSize = std::any_of(overrides.begin(), overrides.end(),
+                                        [&](const _override& way) { return way.resolution == name; });
+        if (!isKnown || parameter.values.empty() || (isDriver && isSize)) continue;
+        spendWork(sectionCost);
+        if (isDriver && name == frameRange)
+            addFrames(target, parameter);
+        else
+            addParameter(target, parameter, name);
+    }
+    if (isDriver) addResolution(target);
+    return lines + QLatin1String("}\n");
+}
+
+}  // namespace vxP

@@ -1,0 +1,46 @@
+// The parameter section of one node as its reader gets it in a resolved load.
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "evaluate/evaluator.h"
+#include "input/sectionKinds.h"
+#include "resolve/nodeTypes.h"
+
+namespace vxP {
+
+/// Why a driver writes nothing, whatever its section says.
+enum class _idle : quint8 { no, bypassed, loadsFromDisk, savedByHand };
+
+/// Makes the sections of a scene's nodes.
+class _sectionResolver {
+ public:
+    /// The evaluator has to outlive it.
+    explicit _sectionResolver(vxV::_evaluator& withEvaluator) : evaluator(withEvaluator) {}
+
+    /// @param type  of the node; null where it is not known
+    _idle idleness(const vxN::_node& node, const _nodeType* type);
+
+    /// Lines for the reader of that kind, from behind the header to the closing brace: the parameters that the reader
+    /// knows, in the scene's order, each on one line with its values computed. What cannot be computed is told to the
+    /// observer and stays as the scene holds it; a driver's frames that cannot be told are the stored ones where these
+    /// are not 0, else the scene's. A driver's resolution is its camera's, unless it overrides it.
+    QString linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type);
+
+ private:
+    /// Where a section is put together.
+    struct _target;
+
+    void addParameter(const _target& target, const vxN::_parameter& parameter, std::string_view name);
+    void addFrames(const _target& target, const vxN::_parameter& parameter);
+    void addResolution(const _target& target);
+    QString valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value);
+    QString cameraPath(const vxN::_node& node, const QString& path) const;
+    std::optional<bool> isOn(const vxN::_node& node, std::string_view parameter);
+    std::optional<double> frame(const vxN::_node& node, const vxN::_value& value);
+
+    vxV::_evaluator& evaluator;
+};
+
+}  // namespace vxP
