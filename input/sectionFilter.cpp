@@ -14,17 +14,6 @@ namespace vxP {
 
 namespace {
 
-using _names = std::vector<QLatin1String>;
-
-char lowered(QLatin1String name, std::size_t position) {
-    return loweredLetter(name.data()[position]);
-}
-
-bool comesBefore(QLatin1String one, QLatin1String other) {
-    return std::lexicographical_compare(one.begin(), one.end(), other.begin(), other.end(),
-                                        [](char a, char b) { return loweredLetter(a) < loweredLetter(b); });
-}
-
 /// The names that the readers know, by their first two characters in lower case: most parameters differ from all of
 /// them there.
 class _knownNames {
@@ -34,9 +23,10 @@ class _knownNames {
             for (const QLatin1String name : kind.parameters()) add(name);
     }
 
-    /// In the order of the alphabet.
     /// @param line  begins with two ASCII characters
-    const _names& beginningLike(std::string_view line) const { return lists[listOf[code(line[0])][code(line[1])]]; }
+    const std::vector<QLatin1String>& beginningLike(std::string_view line) const {
+        return lists[listOf[code(line[0])][code(line[1])]];
+    }
 
  private:
     void add(QLatin1String name) {
@@ -45,13 +35,12 @@ class _knownNames {
             list = static_cast<std::uint8_t>(lists.size());
             lists.emplace_back();
         }
-        _names& names = lists[list];
-        names.insert(std::upper_bound(names.begin(), names.end(), name, comesBefore), name);
+        lists[list].push_back(name);
     }
 
     static std::size_t code(char letter) { return static_cast<unsigned char>(loweredLetter(letter)); }
 
-    std::vector<_names> lists{1};  ///< the first one is empty
+    std::vector<std::vector<QLatin1String>> lists{1};  ///< the first one is empty
     std::array<std::array<std::uint8_t, 128>, 128> listOf{};
 };
 
@@ -60,21 +49,13 @@ bool needsDecoding(char byte) {
     return byte < 0 || byte == '\r';
 }
 
-/// True when the line begins with one of the names, or may do so once it is decoded. Character by character the names
-/// that differ are left out at either end of the list.
-/// @param names  begin with the line's first two characters
-bool mayBeginWithOne(std::string_view line, const _names& names) {
-    auto first = names.begin();
-    auto last = names.end();
-    for (std::size_t at = 2; first != last; ++at) {
-        if (at == static_cast<std::size_t>(first->size())) return true;
-        if (at == line.size()) return false;
-        if (needsDecoding(line[at])) return true;
-        const char letter = loweredLetter(line[at]);
-        while (first != last && lowered(*first, at) < letter) ++first;
-        while (first != last && lowered(last[-1], at) > letter) --last;
+bool mayBegin(std::string_view line, QLatin1String name) {
+    const std::string_view wanted(name.data(), static_cast<std::size_t>(name.size()));
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        if (i == line.size()) return false;
+        if (loweredLetter(line[i]) != loweredLetter(wanted[i])) return needsDecoding(line[i]);
     }
-    return false;
+    return true;
 }
 
 }  // namespace
@@ -85,7 +66,9 @@ bool mayMatterToASection(std::string_view line) {
     if (line.empty() || line.front() == '#') return false;
     if (line.front() == '}' || needsDecoding(line.front())) return true;
     if (line.size() < 2) return false;
-    return needsDecoding(line[1]) || mayBeginWithOne(line, knownNames.beginningLike(line));
+    if (needsDecoding(line[1])) return true;
+    const auto& names = knownNames.beginningLike(line);
+    return std::any_of(names.begin(), names.end(), [&](QLatin1String name) { return mayBegin(line, name); });
 }
 
 }  // namespace vxP

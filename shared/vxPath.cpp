@@ -1,7 +1,7 @@
 #include "shared/vxPath.h"
 
 #include <QDir>
-#include <vector>
+#include <QStringList>
 
 #include "shared/vxString.h"
 
@@ -41,18 +41,18 @@ QString currentFolder(QChar separator) {
     return folder.replace(slash, separator);
 }
 
-void resolveComponent(std::vector<QStringView>& resolved, QStringView component, bool firstIsVariable) {
+void resolveComponent(QStringList& resolved, const QString& component, bool firstIsVariable) {
     if (component.isEmpty() || component == QLatin1String(".")) return;
     if (component != QLatin1String("..")) {
-        resolved.push_back(component);
+        resolved.append(component);
         return;
     }
     const bool upIsUnknown =
-        firstIsVariable && !resolved.empty() && (resolved.size() == 1 || resolved.back() == component);
+        firstIsVariable && !resolved.isEmpty() && (resolved.size() == 1 || resolved.last() == component);
     if (upIsUnknown)
-        resolved.push_back(component);
-    else if (!resolved.empty())
-        resolved.pop_back();
+        resolved.append(component);
+    else if (!resolved.isEmpty())
+        resolved.removeLast();
 }
 
 }  // namespace
@@ -79,18 +79,10 @@ QString vxPathResolve(const QString& text) {
     const QString whole = vxPathIsAbsolute(text) ? text : currentFolder(separator) + text;
     const QString root = fixedRoot(whole, separator);
     const bool firstIsVariable = beginsWithVariable(whole);
-    std::vector<QStringView> resolved;
-    for (_size start = root.size(); start <= whole.size();) {
-        const _size found = whole.indexOf(separator, start);
-        const _size end = found < 0 ? whole.size() : found;
-        resolveComponent(resolved, QStringView(whole).mid(start, end - start), firstIsVariable);
-        start = end + 1;
-    }
-    QString result = root;
-    for (const QStringView component : resolved) {
-        if (&component != resolved.data()) result += separator;
-        result += component;
-    }
+    QStringList resolved;
+    for (const QString& component : whole.mid(root.size()).split(separator))
+        resolveComponent(resolved, component, firstIsVariable);
+    QString result = root + resolved.join(separator);
     if (whole.endsWith(separator) && !result.endsWith(separator)) result += separator;
     return result;
 }
