@@ -91,6 +91,7 @@ std::vector<_hostileScene> hostileScenes(int most) {
         {"short headers of half a mark", 1, 0, "", "obj/" + times(2000, "/R") + ".parm {\n}\n", ""},
         {"headers beyond ASCII", 25, 0, "", "out/\xc3\xa9.parm {\n}\n", ""},
         {"carriage returns", 25, 0, "", "out/\r.parm\r{\r\n}\n", ""},
+        {"carriage returns between neighbours", 1, 0, "", times(30, "a\rr\r") + "\n", ""},
         {"empty drivers", 25, 0, "", "out/.parm {\n}\n", ""},
         {"cameras and drivers", 25, 0, "",
          section("obj/cam@", value("res", "1\t2")) + section("out/d@", value("camera", "/obj/cam@")), ""},

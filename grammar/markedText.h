@@ -1,6 +1,6 @@
 // Texts that begin with a mark: a variable, a back-quoted expression, the name of a channel. Only places with the mark
-// are compared, and each of them is counted: Qt's own search may look at every character of the one text for every
-// character of the other.
+// are compared, and each of them is counted: where letter case does not count, Qt's own search folds every character of
+// a text anew for every place, which made a load of 100 MB of brackets take 4 s instead of 0.5 s.
 #pragma once
 
 #include <QLatin1String>
