@@ -32,10 +32,14 @@ std::string manyDrivers(const std::string& lines) {
     for (int i = 0; i < 250; ++i) all += driver(std::to_string(i), lines);
     return all;
 }
-std::string channels(int count, const std::string& name, const std::string& steps) {
+std::string channels(int count, const std::string& name, const std::string& steps, const std::string& otherSteps = "1",
+                     const std::string& range = "") {
     std::string lines;
-    for (int i = 1; i <= count; ++i)
-        lines += value("name" + std::to_string(i), name) + value("steps" + std::to_string(i), i == 1 ? steps : "1");
+    for (int i = 1; i <= count; ++i) {
+        const std::string number = std::to_string(i);
+        lines += value("name" + number, name) + value("steps" + number, i == 1 ? steps : otherSteps);
+        if (!range.empty()) lines += value("range" + number, range);
+    }
     return lines;
 }
 std::string wedge(const std::string& lines) {
@@ -63,6 +67,8 @@ std::vector<_hostileScene> hostileScenes(int most) {
     for (char a = 'a'; a <= 'z'; ++a)
         for (char b = 'a'; b <= 'z'; ++b) unknowns += std::string("$") + a + b;
     const std::string longLine(500000, '/');
+    const std::string invalidLine = "set -g V = '" + std::string(580000, '\xff') + "'\n";
+    const std::string invalidName(1000, '\xff');
     std::string nested;
     for (int i = 0; i < 150; ++i) nested += "$WEDG";
     for (int i = 0; i < 150; ++i) nested += 'E';
@@ -70,7 +76,9 @@ std::vector<_hostileScene> hostileScenes(int most) {
         {"variables", 1, 1, "", "set -g V@ = 'value@'\n", driver("a", passes("$V7/$V8"))},
         {"variables of one name", 6, 1, "", "set -g A = '$A'\n", manyDrivers(passes("$A"))},
         {"variables in a chain", 1, 250, "", "set -g V@ = '$V$A@'\n", manyDrivers(passes("$V1"))},
-        {"long variables", 6, 19, "", "set -g V@ = '" + longText + "'\n", manyDrivers(passes("$V1$V2"))},
+        {"long variables", 6, 4, "", "set -g V@ = '" + longText + "'\n", manyDrivers(passes("$V1$V2"))},
+        {"many variables and invalid bytes", 1, 0, times(500000, "set -g V = '0'\n"), invalidLine, ""},
+        {"variables named by invalid bytes", 1, 0, "", "set -g " + invalidName + " = '@'\n", ""},
         {"variables that double", 6, 1, times(40, "set -g A = '$A$A'\n"), "", manyDrivers(passes("$A"))},
         {"JOB variables", 6, 250, "", "set -g JOB = '@'\n", manyDrivers("")},
         {"takes", 1, 0, "", "take name t@ 0\n", ""},
@@ -78,8 +86,12 @@ std::vector<_hostileScene> hostileScenes(int most) {
         {"headers that open nothing", 1, 0, "", "x.parm\n", ""},
         {"headers without a mark", 1, 0, "", longLine + "stage/.parm {\n}\n", ""},
         {"headers of ruled-out marks", 1, 0, "", times(80000, "/karma") + "stage/renderproper.parm {\n}\n", ""},
+        {"headers of half a mark", 1, 0, "", "stage/" + times(290000, "/R") + "/hdprman.parm {\n}\n", ""},
+        {"headers of many separators", 1, 0, "", "stage/" + times(580000, "/") + "/hdprman.parm {\n}\n", ""},
+        {"short headers of half a mark", 1, 0, "", "obj/" + times(2000, "/R") + ".parm {\n}\n", ""},
         {"headers beyond ASCII", 25, 0, "", "out/\xc3\xa9.parm {\n}\n", ""},
         {"carriage returns", 25, 0, "", "out/\r.parm\r{\r\n}\n", ""},
+        {"carriage returns between neighbours", 1, 0, "", times(30, "a\rr\r") + "\n", ""},
         {"empty drivers", 25, 0, "", "out/.parm {\n}\n", ""},
         {"cameras and drivers", 25, 0, "",
          section("obj/cam@", value("res", "1\t2")) + section("out/d@", value("camera", "/obj/cam@")), ""},
@@ -91,6 +103,9 @@ std::vector<_hostileScene> hostileScenes(int most) {
         {"output names", 1, 1, open, "vm_picture\t($F\n", "}\n"},
         {"long output names", 1, 1, open, value("vm_picture", longText), "}\n"},
         {"very long output names", 1, 1, open, value("vm_picture", longLine), "}\n"},
+        {"output names of brackets", 1, 1, open, value("vm_picture", times(900, ")")), "}\n"},
+        {"names of doubled separators", 1, 250, "set -g B = '" + times(330, "b//") + "'\n" + manyDrivers(passes("$B")),
+         "", ""},
         {"output names put together", 1, 1, open, "RS_outputFileNamePrefix\t(abc\n", "}\n"},
         {"formats put together", 1, 1, open, "RS_outputFileFormat\t(@\n", "}\n"},
         {"one-character lines", 1, 0, "", "x\n", ""},
@@ -105,6 +120,8 @@ std::vector<_hostileScene> hostileScenes(int most) {
         {"wedge of 10000 channels", 1, 301, driver("a", ""), "", wedge(channels(10000, "a", manySteps))},
         {"wedge of long channels", 1, 3, driver("a", ""), "", wedge(channels(std::min(most, 9000), longText, "2"))},
         {"wedge of many variants", 1, 301, driver("a", ""), "", wedge(channels(1, "a", manySteps))},
+        {"wedge of huge numbers", 1, 297, driver("a", ""), "",
+         wedge(channels(4, "a", std::to_string(most / 8), "2", "-8e307\t8e307"))},
         {"wedge placeholders in each other", 6, 301, driver("a", passes("$WEDGE")), "",
          wedge(value("prefix", nested) + channels(1, "a", manySteps))},
         // What takes long to explain.
@@ -116,7 +133,7 @@ std::vector<_hostileScene> hostileScenes(int most) {
         {"long expressions", 25, 0, "",
          "out/a@.chn {\nchannel f1 {\nexpr = " + times(650, "$FSTAR") + "\n}\n}\n" + section("out/a@", "f\t\n"), ""},
         {"empty lines", 1, 0, "", "\n", ""},
-        {"undefined variables", 1, 250, manyDrivers(passes(unknowns)), "", ""},
+        {"undefined variables", 6, 128, manyDrivers(passes(unknowns)), "", ""},
         {"variants of undefined variables", 1, 301, driver("a", passes(unknowns)), "",
          wedge(channels(1, "a", manySteps))},
     };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "shared/vxLetterCase.h"
+
 namespace vxP {
 
 qint64 bytesOfListed(const QString& driver) {
@@ -9,16 +11,19 @@ qint64 bytesOfListed(const QString& driver) {
 }
 
 QString foldedForm(const QString& text) {
+    spendWork(foldingCost, text.size());
     QString form = text;
+    QChar* const characters = form.data();
     for (_size i = 0; i < form.size(); ++i) {
-        const bool isPair = form.at(i).isHighSurrogate() && i + 1 < form.size() && form.at(i + 1).isLowSurrogate();
+        const QChar character = characters[i];
+        const bool isPair = character.isHighSurrogate() && i + 1 < form.size() && characters[i + 1].isLowSurrogate();
         if (!isPair) {
-            form[i] = form.at(i).toCaseFolded();
+            characters[i] = vxS::foldedCase(character);
             continue;
         }
-        const char32_t folded = QChar::toCaseFolded(QChar::surrogateToUcs4(form.at(i), form.at(i + 1)));
-        form[i] = QChar(QChar::highSurrogate(folded));
-        form[++i] = QChar(QChar::lowSurrogate(folded));
+        const char32_t folded = QChar::toCaseFolded(QChar::surrogateToUcs4(character, characters[i + 1]));
+        characters[i] = QChar(QChar::highSurrogate(folded));
+        characters[++i] = QChar(QChar::lowSurrogate(folded));
     }
     return form;
 }

@@ -27,9 +27,9 @@ std::span<const QLatin1String> lopParameters() {
 }
 
 void _LOPNode::setRenderer(const QString& text) {
-    const QString& examined = text.isEmpty() ? lopName : text;
+    const QString examined = foldedForm(text.isEmpty() ? lopName : text);  // the marks are in lower case
     for (const _renderer* const row : stageRenderers) {
-        if (!examined.contains(row->stageMark, Qt::CaseInsensitive)) continue;
+        if (!examined.contains(row->stageMark)) continue;
         renderer = row->renderJob.toString();
         return;
     }

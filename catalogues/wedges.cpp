@@ -1,6 +1,8 @@
 #include "catalogues/wedges.h"
 
 #include <array>
+#include <charconv>
+#include <cmath>
 #include <map>
 
 #include "catalogues/listIndex.h"
@@ -93,6 +95,7 @@ _step readRange(_wedgeSection& section, const QString& rest) {
     _wedgeParams* const channel = channelOf(section, instance);
     if (channel == nullptr) return _step::next;
     const QString value = unquoted(rest).replace(QLatin1Char(','), QLatin1Char('.')).trimmed();
+    spendWork(wedgeRangeCost, value.size());
     channel->start = firstField(value).toDouble();
     channel->end = nextFields(value).toDouble();
     return _step::next;
@@ -148,6 +151,16 @@ bool isComplete(_wedgeNode& node) {
     return hasDriver && hasVariants && variesChannels;
 }
 
+/// Six digits after the point. A number without a fraction may have three hundred before it, which Qt takes a hundred
+/// microseconds for; no such number is rounded.
+QString numberText(double number) {
+    constexpr double firstWithoutFraction = 9007199254740992.0;  // 2^53
+    if (!std::isfinite(number) || std::abs(number) < firstWithoutFraction) return QString::number(number, 'f', 6);
+    std::array<char, 512> digits{};
+    const auto written = std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed, 6);
+    return QString::fromLatin1(digits.data(), static_cast<int>(written.ptr - digits.data()));
+}
+
 }  // namespace
 
 QList<_wedgeNode> wedges;
@@ -175,8 +188,7 @@ QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
     for (const _wedgeParams& channel : params) {
         if (name.size() >= longestVariantName) break;
         spendWork(wedgeChannelCost);
-        name += QLatin1Char('_') + channel.name + QLatin1Char('_') +
-                QString::number(channel.valueIdx(rest % channel.steps), 'f', 6);
+        name += QLatin1Char('_') + channel.name + QLatin1Char('_') + numberText(channel.valueIdx(rest % channel.steps));
         rest /= channel.steps;
     }
     return name;

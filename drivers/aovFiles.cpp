@@ -1,6 +1,7 @@
 #include "drivers/aovFiles.h"
 
 #include "grammar/imageOutVars.h"
+#include "grammar/markedText.h"
 #include "grammar/nameText.h"
 #include "grammar/paramSection.h"
 #include "shared/vxPath.h"
@@ -43,7 +44,7 @@ int slotOf(const QString& line, const _aovFamily& family) {
 
 void joinParts(_aovSlot& slot, const QString& imageName) {
     if (slot.prefix.isEmpty() && slot.suffix.isEmpty()) return;
-    const bool hasToken = imageName.contains(aovToken) || slot.prefix.contains(aovToken);
+    const bool hasToken = holds(imageName, aovToken) || holds(slot.prefix, aovToken);
     if (slot.prefix.isEmpty())
         slot.prefix = vxS::vxGetDirName(imageName, u'/') + vxS::vxGetFileNameBase(imageName, u'/');
     if (hasToken) {
@@ -52,6 +53,7 @@ void joinParts(_aovSlot& slot, const QString& imageName) {
     } else {
         slot.fileName = slot.prefix + QLatin1Char('.') + slot.suffix + slot.fileFormat;
     }
+    spendWork(passNameCost, slot.fileName.size());
     slot.prefix.clear();
     slot.suffix.clear();
     slot.fileFormat.clear();
@@ -65,7 +67,7 @@ bool readAovParameter(std::array<_aovSlot, aovSlotCount>& slots, const QString& 
         const int slot = slotOf(line, family);
         if (slot == 0) return false;
         const QString value = family.valueOf(line);
-        if (value.contains(sceneFolder, Qt::CaseInsensitive)) HIPFound_DisableLocalScene = true;
+        if (holds(value, sceneFolder, Qt::CaseInsensitive)) HIPFound_DisableLocalScene = true;
         if (!value.isEmpty() || !family.keepsOldWhenEmpty) slots[static_cast<std::size_t>(slot)].*family.part = value;
         return true;
     }

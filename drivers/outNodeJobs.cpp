@@ -85,17 +85,22 @@ void fillJob(const _driver& driver, _JobBasics_largePath& job) {
     job.sceneSettings.customDataSet_Str(vxJ::CUSTOMSubmitterPluginVersion, vxJ::vxVersion);
 }
 
-/// Every pass file becomes the next channel of a job that renders.
+/// Every pass file becomes the next channel of a job that renders; they are split with the job's own file.
 void addChannels(const _driver& driver, _JobBasics_largePath& job) {
     std::size_t channel = 0;
-    for (const _aovSlot& slot : driver.aovs)
-        if (!slot.fileName.isEmpty()) job.channels[channel++].fileName = translated(slot.fileName, driver, job);
+    for (const _aovSlot& slot : driver.aovs) {
+        if (slot.fileName.isEmpty()) continue;
+        _vxString<1000>& fileName = job.channels[channel++].fileName;
+        fileName = translated(slot.fileName, driver, job);
+        spendWork(splitNameCost, fileName.length());
+    }
 }
 
 void splitImageName(const QString& name, const _driver& driver, _JobBasics_largePath& job) {
     job.imageFileName = translated(name, driver, job);
     if (scanObserver != nullptr && !vxS::vxPathIsAbsolute(job.imageFileName.toQString()))
         tellOfSection(_remark::relativeName, job.imageFileName.toQString());
+    spendWork(splitNameCost, job.imageFileName.length());
     job.splitImageFileInto_DirFileExt(true);
 }
 

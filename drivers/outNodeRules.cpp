@@ -6,6 +6,7 @@
 #include "catalogues/lopList.h"
 #include "drivers/aovFiles.h"
 #include "grammar/imageOutVars.h"
+#include "grammar/markedText.h"
 #include "grammar/nameText.h"
 #include "grammar/paramRules.h"
 #include "grammar/paramSection.h"
@@ -100,7 +101,7 @@ _step readImage(_driver& driver, const QString& line) {
 }
 
 _step readTake(_driver& driver, const QString& line) {
-    driver.take = unquoted(line).remove(QLatin1String("_current_"));
+    driver.take = withoutAll(unquoted(line), QLatin1String("_current_"));
     return _step::next;
 }
 

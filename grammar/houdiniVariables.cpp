@@ -1,8 +1,8 @@
 #include "grammar/houdiniVariables.h"
 
-#include <algorithm>
 #include <array>
 
+#include "grammar/markedText.h"
 #include "grammar/nameText.h"
 #include "scan/scanBudget.h"
 #include "shared/vxPath.h"
@@ -23,12 +23,13 @@ QList<_size> marksOf(const QString& text) {
 }
 
 /// True when the text holds "$name" or "${name".
-bool holdsVariable(const QString& text, const QList<_size>& marks, const QString& name) {
-    return std::any_of(marks.begin(), marks.end(), [&](_size mark) {
-        const QStringView rest = QStringView(text).mid(mark + 1);
-        return rest.startsWith(name, Qt::CaseInsensitive) ||
-               (rest.startsWith(u'{') && rest.mid(1).startsWith(name, Qt::CaseInsensitive));
-    });
+bool holdsVariable(const QString& text, const QString& name) {
+    for (_size at = text.indexOf(variableMark); at >= 0; at = text.indexOf(variableMark, at + 1)) {
+        spendWork(comparisonCost, name.size());
+        const QStringView rest = QStringView(text).mid(at + 1);
+        if (rest.mid(rest.startsWith(u'{') ? 1 : 0).startsWith(name, Qt::CaseInsensitive)) return true;
+    }
+    return false;
 }
 
 QString plainForm(const QString& name) {
@@ -41,23 +42,25 @@ QString bracedForm(const QString& name) {
 
 /// "$name", then "${name}", with `suffix` after either.
 void replaceVariable(QString& text, const QString& name, const QString& value, const QString& suffix = {}) {
-    if (!holdsVariable(text, marksOf(text), name)) return;
+    if (!holdsVariable(text, name)) return;
     replaceInName(text, plainForm(name) + suffix, value, Qt::CaseInsensitive);
     replaceInName(text, bracedForm(name) + suffix, value, Qt::CaseInsensitive);
 }
 
 /// A value without scene extensions, the meaning of ":r".
 QString withoutSceneExtension(QString value) {
-    for (const QLatin1String extension : sceneExtensions) value.remove(extension);
+    spendWork(rootOfValueCost, value.size());
+    for (const QLatin1String extension : sceneExtensions) value = withoutAll(value, extension);
     return value;
 }
 
 /// The plain forms come before the braced ones, each with ":r" first.
 void replaceSceneVariable(QString& text, const _namevalue& variable) {
     spendWork(sceneVariableCost, variable.value.size());
-    const QString root = withoutSceneExtension(variable.value);
     for (const QString& form : {plainForm(variable.name), bracedForm(variable.name)}) {
-        replaceInName(text, form + QLatin1String(":r"), root, Qt::CaseInsensitive);
+        const QString rootForm = form + QLatin1String(":r");
+        if (holds(text, QStringView(rootForm), Qt::CaseInsensitive))
+            replaceInName(text, rootForm, withoutSceneExtension(variable.value), Qt::CaseInsensitive);
         replaceInName(text, form, variable.value, Qt::CaseInsensitive);
     }
 }
@@ -75,6 +78,7 @@ QString frameText(double frame) {
 
 QString replaceHoudiniVariables(QString text, vxJ::_JobBasics_largePath* job, const _variableList& variables,
                                 const _vxString<500>& sceneFile) {
+    spendWork(nameTranslationCost);
     text.truncate(longestName);
     if (!text.contains(variableMark)) return text;
     const QString sceneBase = vxS::vxGetFileNameBase(sceneFile.toQString(), u'/');

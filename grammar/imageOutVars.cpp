@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "grammar/markedText.h"
 #include "grammar/nameText.h"
 #include "grammar/paramSection.h"
 #include "scan/scanBudget.h"
@@ -38,7 +39,7 @@ QString fileNameOf(const QString& line) {
 
 void writeFractionsAsPlain(QString& name) {
     for (const auto& variable : frameVariables) {
-        if (!name.contains(variable.fraction, Qt::CaseInsensitive)) continue;
+        if (!holds(name, variable.fraction, Qt::CaseInsensitive)) continue;
         name.replace(variable.fraction, variable.fractionAsPlain);
         return;
     }
@@ -51,8 +52,9 @@ bool convertFirstFrameVariable(QString& name) {
 }
 
 void convertTake(QString& name, bool& activeTakeUsed) {
-    if (!activeTakeUsed) activeTakeUsed = name.contains(takeVariable, Qt::CaseInsensitive);
-    for (const QLatin1String text : takeTexts) name.replace(text, takePlaceholder, Qt::CaseInsensitive);
+    if (!activeTakeUsed) activeTakeUsed = holds(name, takeVariable, Qt::CaseInsensitive);
+    for (const QLatin1String text : takeTexts)
+        if (holds(name, text, Qt::CaseInsensitive)) name.replace(text, takePlaceholder, Qt::CaseInsensitive);
 }
 
 bool isFileName(const QString& name, const QString& line) {
@@ -68,7 +70,7 @@ bool isFileName(const QString& name, const QString& line) {
 }  // namespace
 
 bool convertFrameVariable(QString& name, QLatin1String variable) {
-    const _size start = name.indexOf(variable, 0, Qt::CaseInsensitive);
+    const _size start = placeOf(name, variable, 0, Qt::CaseInsensitive);
     if (start < 0) return false;
     const _size digit = start + variable.size();
     const bool hasWidth = digit < name.size() && name.at(digit).isDigit();
@@ -78,19 +80,19 @@ bool convertFrameVariable(QString& name, QLatin1String variable) {
 }
 
 bool replaceImageOutVars(QString line, const bool& prepend, QString& out, bool& activeTakeUsed, bool& noFrameVariable) {
-    spendWork(outputNameCost);
     const QString channelReference = QLatin1String("[ ") + parameterName(line);
     QString name = fileNameOf(line);
+    spendWork(outputNameCost, name.size());
     writeFractionsAsPlain(name);
     noFrameVariable = !convertFirstFrameVariable(name);
     name.remove(QLatin1Char('{')).remove(QLatin1Char('}'));
     convertTake(name, activeTakeUsed);
-    if (name.contains(channelReference)) {
+    if (holds(name, QStringView(channelReference))) {
         if (!out.isEmpty()) {  // a name read before takes precedence over one driven by a channel
             tell(_remark::nameComesSecond, line);
             return false;
         }
-        name = name.remove(channelReference).remove(QLatin1Char(']')).trimmed();
+        name = withoutAll(name, QStringView(channelReference)).remove(QLatin1Char(']')).trimmed();
     }
     if (!isFileName(name, line)) return false;
     if (prepend) spendWork(prefixedNameCost, out.size());

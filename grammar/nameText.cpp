@@ -1,5 +1,6 @@
 #include "grammar/nameText.h"
 
+#include "grammar/markedText.h"
 #include "scan/scanBudget.h"
 
 namespace vxP {
@@ -9,12 +10,13 @@ void appendToName(QString& name, const QString& text) {
 }
 
 void replaceInName(QString& name, const QString& before, const QString& after, Qt::CaseSensitivity sensitivity) {
-    spendWork(replacementCost, name.size());
-    _size found = name.indexOf(before, 0, sensitivity);
+    spendWork(replacementCost, name.size() / 8);
+    _size found = placeOf(name, QStringView(before), 0, sensitivity);
     if (found < 0) return;
     QString replaced;
     _size copied = 0;
-    for (; found >= 0 && replaced.size() < longestName; found = name.indexOf(before, copied, sensitivity)) {
+    for (; found >= 0 && replaced.size() < longestName;
+         found = placeOf(name, QStringView(before), copied, sensitivity)) {
         spendWork(occurrenceCost);
         replaced += QStringView(name).mid(copied, found - copied);
         replaced += QStringView(after).left(longestName);

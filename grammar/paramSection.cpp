@@ -1,5 +1,6 @@
 #include "grammar/paramSection.h"
 
+#include "grammar/markedText.h"
 #include "scan/scanBudget.h"
 #include "shared/vxLatin.h"
 #include "shared/vxNumber.h"
@@ -96,8 +97,8 @@ qint32 integerOf(const QString& text) {
 
 QString withoutChannelReference(const QString& value, const QString& name) {
     const QString reference = QLatin1String("[ ") + name;
-    if (!value.contains(reference)) return value;
-    return QString(value).remove(reference).remove(QLatin1Char(']')).trimmed();
+    if (!holds(value, QStringView(reference))) return value;
+    return withoutAll(value, QStringView(reference)).remove(QLatin1Char(']')).trimmed();
 }
 
 bool hasExpression(const QString& value) {

@@ -91,7 +91,7 @@ constexpr bool everyJoinHasAnAnchor() {
 static_assert(everyJoinHasAnAnchor());
 
 bool isCandidate(std::string_view bytes, std::size_t at) {
-    if (bytes[at + 1] == carriageReturn) return isReturnInText(bytes, at + 1);
+    if (bytes[at + 1] == carriageReturn) return mayBeReturnInText(bytes, at + 1);
     if (bytes.substr(at, longS.size()) == longS) return true;
     return std::any_of(searchedTexts.begin(), searchedTexts.end(),
                        [&](const _searchedText& searched) { return isTextAt(bytes, at, searched); });

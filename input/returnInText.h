@@ -40,8 +40,8 @@ class _neighbours {
 
 inline constexpr _neighbours neighbours;
 
-/// True when the carriage return at `at`, which is neither the first nor the last byte, is in the middle of a text, or
-/// when there are not enough bytes to tell.
-bool isReturnInText(std::string_view bytes, std::size_t at);
+/// False when the carriage return at `at`, which is neither the first nor the last byte, is in the middle of no text:
+/// what is before and after it follows each other in none.
+bool mayBeReturnInText(std::string_view bytes, std::size_t at);
 
 }  // namespace vxP

@@ -7,6 +7,7 @@
 #include "input/candidateScan.h"
 #include "input/sceneLine.h"
 #include "input/sectionFilter.h"
+#include "input/validUtf8.h"
 #include "scan/scanBudget.h"
 
 namespace vxP {
@@ -155,7 +156,7 @@ std::string_view _sceneLines::next() {
         wanted = firstLine();
     else
         wanted = sectionOpen ? nextInSection() : nextOutside();
-    if (failed) wanted = {};
+    wanted = failed ? std::string_view() : validUtf8(wanted, validLine);
     return wanted;
 }
 

@@ -13,8 +13,8 @@ namespace vxP {
 /// may only possibly be wanted are handed out too: what cannot be told from the bytes alone is left to the scan.
 ///
 /// Of a line longer than about 600,000 bytes only the beginning (at least 512 KiB) and the last 64 KiB count, of one in
-/// an open section longer than 32 KiB only the first and the last 16 KiB; what is in between is left out. Memory stays
-/// below 2 MiB, however long the lines are.
+/// an open section longer than 32 KiB only the first and the last 16 KiB; what is in between is left out. Lines are
+/// handed out as valid UTF-8. Memory stays below 4 MiB, however long the lines are.
 class _sceneLines {
  public:
     /// @param source  open for reading; must outlive the lines
@@ -58,6 +58,7 @@ class _sceneLines {
     std::string_view wanted;
     QByteArray longLine;
     std::string parameter;
+    std::string validLine;
     bool sectionOpen = false;
     bool first = true;
     bool ended = false;

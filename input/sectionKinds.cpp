@@ -9,8 +9,6 @@
 #include "catalogues/wedges.h"
 #include "drivers/outNode.h"
 #include "drivers/outNodeRules.h"
-#include "input/sceneTexts.h"
-#include "jobs/renderers.h"
 
 namespace vxP {
 
@@ -41,17 +39,15 @@ qint32 readDriver(_dataPARS_LoadSceneFile& load, QTextStream& stream, QString& l
     return loadOutNode(&load, stream, line, facts.activeTakeUsed, facts.majorVersion, facts.minorText);
 }
 
-constexpr std::string_view roots[] = {viewOf(outRoot), viewOf(objRoot)};
-constexpr std::span<const std::string_view> outOrObj{roots};
-constexpr auto out = outOrObj.first(1);
-constexpr auto obj = outOrObj.last(1);
-constexpr std::span<const std::string_view> anyOutput{};
+constexpr _partSet out = part(outRoot);
+constexpr _partSet obj = part(objRoot);
+constexpr _partSet anyOutput = 0;
 
-constexpr _headerMark wedgeMarks[] = {{"wedge", out}, {"/wedge", obj}};
-constexpr _headerMark cameraMarks[] = {{"/cam", outOrObj}, {"stereocam", outOrObj}};
-constexpr _headerMark renderSettingsMarks[] = {{renderSettingsNode, anyOutput}};
-constexpr _headerMark lopMarks[] = {{prmanNode, anyOutput}};
-constexpr _headerMark driverMarks[] = {{{}, anyOutput}};
+constexpr _headerMark wedgeMarks[] = {{part("wedge"), out}, {part("/wedge"), obj}};
+constexpr _headerMark cameraMarks[] = {{part("/cam"), out | obj}, {part("stereocam"), out | obj}};
+constexpr _headerMark renderSettingsMarks[] = {{part(renderSettingsNode), anyOutput}};
+constexpr _headerMark lopMarks[] = {{part(prmanNode), anyOutput}};
+constexpr _headerMark driverMarks[] = {{0, anyOutput}};
 
 constexpr std::array kinds{
     // first match wins

@@ -4,9 +4,9 @@
 #include <QLatin1String>
 #include <QTextStream>
 #include <span>
-#include <string_view>
 
 #include "grammar/paramSection.h"
+#include "input/lineParts.h"
 #include "jobs/VX_DataTypes_plugin.h"
 #include "scan/scanObserver.h"
 #include "scan/sceneFacts.h"
@@ -15,8 +15,8 @@ namespace vxP {
 
 /// A part of a header that tells its kind where the header holds one of the roots as well; letter case counts.
 struct _headerMark {
-    std::string_view part;                    ///< empty: the roots alone tell
-    std::span<const std::string_view> roots;  ///< none: the header must be an output driver's
+    _partSet part;   ///< none: the roots alone tell
+    _partSet roots;  ///< none: the header must be an output driver's
 };
 
 struct _sectionKind {

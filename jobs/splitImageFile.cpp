@@ -64,23 +64,47 @@ void useOneSeparator(_imageName& name) {
         text->replace(backward ? slash : backslash, name.separator);
 }
 
-void halveQuadBackslashes(QString& text) {
-    const QString four(4, backslash);
-    for (_size at = 0; (at = text.indexOf(four)) >= 0;) text.remove(at, 2);
+/// Gives every run of a character another length.
+/// @param lengthOf  `_size(_size start, _size length)`, the new length of a run
+template <typename LengthOf>
+void changeRuns(QString& text, QChar character, LengthOf lengthOf) {
+    QString changed;
+    _size copied = 0;
+    for (_size start = text.indexOf(character); start >= 0; start = text.indexOf(character, copied)) {
+        changed += QStringView(text).mid(copied, start - copied);
+        copied = start;
+        while (copied < text.size() && text.at(copied) == character) ++copied;
+        changed += QString(lengthOf(start, copied - start), character);
+    }
+    text = changed += QStringView(text).mid(copied);
 }
 
-/// For each run of four the first pair of the text is removed, which may lie before that run.
+/// What is left of a run of four or more when half of each four is removed.
+_size halved(_size length) {
+    return 2 + length % 2;
+}
+
+void halveQuadBackslashes(QString& text) {
+    if (!text.contains(QString(4, backslash))) return;
+    changeRuns(text, backslash, [](_size, _size length) { return length < 4 ? length : halved(length); });
+}
+
+/// As long as there is a run of four, the first pair of the text is removed, which may lie before that run.
 void halveQuadSlashes(QString& text) {
-    const QString four(4, slash);
-    while (text.contains(four)) text.remove(text.indexOf(QString(2, slash)), 2);
+    const _size lastFour = text.lastIndexOf(QString(4, slash));
+    if (lastFour < 0) return;
+    changeRuns(text, slash, [&](_size start, _size length) {
+        if (start > lastFour) return length;
+        return start + length > lastFour ? halved(length) : length % 2;
+    });
 }
 
 /// Leaves a pair at the very beginning, as of a network share.
 void collapsePairs(QString& text) {
-    for (const QChar separator : separators) {
-        const QString pair(2, separator);
-        for (_size at = 0; (at = text.indexOf(pair, 1)) >= 0;) text.remove(at, 1);
-    }
+    for (const QChar separator : separators)
+        if (text.indexOf(QString(2, separator), 1) >= 0)
+            changeRuns(text, separator,
+                       [](_size start, _size length) { return std::min<_size>(length, start == 0 ? 2 : 1); });
 }
 
 void collapseFile(_imageName& name) {

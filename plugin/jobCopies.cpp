@@ -1,6 +1,7 @@
 #include "plugin/jobCopies.h"
 
 #include <algorithm>
+#include <array>
 
 #include "catalogues/wedges.h"
 #include "plugin/wedgeNames.h"
@@ -12,13 +13,18 @@ namespace {
 
 using vxJ::_JobBasics_largePath;
 
-/// The nearest job before `index` whose own number it waits for: the numbers have 8 bits and repeat in a long array.
-qint32 partnerOf(const vxJ::_JobBasicsArray& jobs, qint32 index) {
-    const _JobBasics_largePath* const job = jobs.at(index);
-    if (job == nullptr || job->waitForPreIDCount != 1) return -1;
-    for (qint32 before = index - 1; before >= 0; --before)
-        if (jobs.at(before)->preID == job->waitForPreIDs[0]) return before;
-    return -1;
+/// For each job the nearest one before it whose own number it waits for: the numbers have 8 bits and repeat in a long
+/// array.
+std::vector<qint32> partnersIn(const vxJ::_JobBasicsArray& jobs) {
+    std::vector<qint32> partners;
+    std::array<qint32, 256> lastOfNumber;
+    lastOfNumber.fill(-1);
+    for (qint32 index = 0; index < jobs.count; ++index) {
+        const _JobBasics_largePath* const job = jobs.at(index);
+        partners.push_back(job != nullptr && job->waitForPreIDCount == 1 ? lastOfNumber[job->waitForPreIDs[0]] : -1);
+        if (job != nullptr) lastOfNumber[job->preID] = index;
+    }
+    return partners;
 }
 
 qint64 wedgeVariant(qint32 wedge, qint32 index) {
@@ -27,8 +33,7 @@ qint64 wedgeVariant(qint32 wedge, qint32 index) {
 
 }  // namespace
 
-_jobCopier::_jobCopier(vxJ::_JobBasicsArray& array) : jobs(array) {
-    for (qint32 i = 0; i < jobs.count; ++i) partners.push_back(partnerOf(jobs, i));
+_jobCopier::_jobCopier(vxJ::_JobBasicsArray& array) : jobs(array), partners(partnersIn(array)) {
 }
 
 qint32 _jobCopier::partnerOfCopy(qint32 pattern, qint64 variant) const {
@@ -101,28 +106,37 @@ qint32 _jobCopier::copyForWedge(qint32 pattern, qint32 wedge) {
 
 qint32 _jobCopier::copyForWedgesOf(qint32 pattern) {
     if (jobs.at(pattern) == nullptr) return resultNoMoreJobs;
-    for (const qint32 wedge : wedgesOf(pattern)) {
+    for (const qint32 wedge : wedgesOf(pattern).numbers) {
         const qint32 copied = copyForWedge(pattern, wedge);
         if (copied != resultSuccess) return copied;
     }
     return resultSuccess;
 }
 
-/// The wedges that repeat a job's driver, in list order.
-std::vector<qint32> _jobCopier::wedgesOf(qint32 pattern) const {
-    const _JobBasics_largePath* const job = jobs.at(pattern);
-    const auto found = job == nullptr ? wedgesOfDriver.end() : wedgesOfDriver.find(job->layer.toQString());
-    return found == wedgesOfDriver.end() ? std::vector<qint32>() : found->second;
+/// The wedges that repeat a job's driver.
+const _jobCopier::_driversWedges& _jobCopier::wedgesOf(qint32 pattern) {
+    return wedgesOfDriver[jobs.at(pattern)->layer.toQString()];
+}
+
+/// Lists the wedges of those drivers that have a job.
+void _jobCopier::listWedges() {
+    for (qint32 pattern = 0; pattern < jobs.count; ++pattern)
+        if (jobs.at(pattern) != nullptr) wedgesOf(pattern);
+    for (qint32 wedge = 0; wedge < static_cast<qint32>(wedges.size()); ++wedge) {
+        const auto found = wedgesOfDriver.find(wedges.at(wedge).driver);
+        if (found == wedgesOfDriver.end()) continue;
+        found->second.numbers.push_back(wedge);
+        found->second.variants += std::max(wedges[wedge].totalWedges(), 0);
+    }
 }
 
 qint32 _jobCopier::copyForWedges() {
     copies.clear();
-    for (qint32 wedge = 0; wedge < static_cast<qint32>(wedges.size()); ++wedge)
-        wedgesOfDriver[wedges.at(wedge).driver].push_back(wedge);
+    listWedges();
     const qint32 patterns = jobs.count;
     qint64 more = 0;
     for (qint32 pattern = 0; pattern < patterns; ++pattern)
-        for (const qint32 wedge : wedgesOf(pattern)) more += std::max(wedges[wedge].totalWedges(), 0);
+        if (jobs.at(pattern) != nullptr) more += wedgesOf(pattern).variants;
     reserve(more);
     qint32 result = resultSuccess;
     for (qint32 pattern = 0; pattern < patterns && result == resultSuccess; ++pattern)

@@ -30,20 +30,26 @@ class _jobCopier {
  private:
     /// A pattern and the take or variant that it was copied for.
     using _copyKey = std::pair<qint32, qint64>;
+    /// The wedges that repeat a driver.
+    struct _driversWedges {
+        std::vector<qint32> numbers;  ///< in list order
+        qint64 variants = 0;          ///< of all of them
+    };
 
     void reserve(qint64 more);
     vxJ::_JobBasics_largePath* newJob();
     vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
     qint32 copyForWedge(qint32 pattern, qint32 wedge);
     qint32 copyForWedgesOf(qint32 pattern);
-    std::vector<qint32> wedgesOf(qint32 pattern) const;
+    const _driversWedges& wedgesOf(qint32 pattern);
+    void listWedges();
     qint32 partnerOfCopy(qint32 pattern, qint64 variant) const;
 
     vxJ::_JobBasicsArray& jobs;
     qint32 firstClear = vxJ::jobArrayCapacity;  ///< records from here on were made for this round and never used
     std::vector<qint32> partners;               ///< index of the job that a job waits for, -1: none
     // Qt's hash and list would end the process where they get no memory.
-    std::map<QString, std::vector<qint32>> wedgesOfDriver;
+    std::map<QString, _driversWedges> wedgesOfDriver;
     std::map<_copyKey, qint32> copies;  ///< of this round
 };
 

@@ -1,5 +1,6 @@
 #include "plugin/jobRules.h"
 
+#include <algorithm>
 #include <array>
 
 #include "catalogues/camList.h"
@@ -107,13 +108,17 @@ void completeForApplication(const _visit& visit) {
 
 // ---- what holds for every application
 
+/// Whatever stands in the job already is rewritten too.
+void setCustomData(_JobBasics_largePath& job, const QString& name, const QString& value) {
+    const auto cut = [](qint64 size) { return std::clamp<qint64>(size, 0, vxJ::customDataBlockCapacity); };
+    spendWork(customDataCost, cut(job.sceneSettings.customDataValuesEnd) + cut(value.size()));
+    job.sceneSettings.customDataSet_Str(name, value);
+}
+
 void setHoudiniFacts(const _visit& visit) {
     visit.job.appVersionMajor = static_cast<qint16>(visit.scene.houdini.versionMajor);
     setMinorVersion(visit.job, visit.scene.houdini);
-    for (const QString& value : visit.scene.jobVariables) {
-        spendWork(customDataCost);
-        visit.job.sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), value);
-    }
+    for (const QString& value : visit.scene.jobVariables) setCustomData(visit.job, QStringLiteral("HoudiniJob"), value);
     const QString take = nodeActiveTakes.value(visit.job.layer);
     if (!take.isEmpty()) visit.job.channel = take;
 }

@@ -12,8 +12,15 @@ namespace {
 
 constexpr quint8 neededLayoutMinor = 1;
 
+/// Both numbers are the host's: what they say may not be there. A load that ended with 7 may have left such an array,
+/// too, and the next one has the same to say of it.
+bool hasRecordOfEachJob(const vxJ::_JobBasicsArray& jobs) {
+    return jobs.count >= 0 && jobs.count <= jobs.allocated && (jobs.allocated == 0 || jobs.jobs != nullptr);
+}
+
 qint32 loadInto(_dataPARS_LoadSceneFile& load, _sceneFacts& facts) {
     if (!load.jobArray->isVersionSupported(neededLayoutMinor)) return resultVersionMismatch;
+    if (!hasRecordOfEachJob(*load.jobArray)) return resultNoMoreJobs;
     beginBudget();
     readSubmitterArguments(*load.settings, facts);
     _sceneFile file(load.sceneFileName->toQString());

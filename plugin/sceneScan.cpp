@@ -68,7 +68,7 @@ QString takeName(const QString& line) {
 
 qint32 readSectionOf(const _sectionKind& kind, _dataPARS_LoadSceneFile& load, QTextStream& stream, QString& line,
                      const _sectionSwitch& sectionOpens, _sceneFacts& facts) {
-    spendWork(sectionCost);
+    spendWork(sectionCost, line.size());
     sectionOpens(true);
     const qint32 result = kind.read(load, stream, line, facts);
     sectionOpens(false);

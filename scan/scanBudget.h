@@ -22,19 +22,28 @@ struct _workCost {
 
 // What uses up work, and the unit of its size.
 constexpr _workCost sceneLineCost{500, 4};       ///< a line that the scan looks at; characters
-constexpr _workCost sectionCost{1000};           ///< a section, apart from its lines
-constexpr _workCost parameterLineCost{500, 10};  ///< a line that a reader looks at; characters
-constexpr _workCost outputNameCost{1500};        ///< an output name, taken out of its line and rewritten
+constexpr _workCost invalidByteCost{15};         ///< a byte of a line that is no UTF-8
+constexpr _workCost sectionCost{1000, 8};        ///< a section, apart from its lines; characters of its header
+constexpr _workCost parameterLineCost{500, 5};   ///< a line that a reader looks at; characters
+constexpr _workCost comparisonCost{20, 2};       ///< a place where a text may be; characters of the text
+constexpr _workCost outputNameCost{1500, 5};     ///< an output name, taken out of its line and rewritten; characters
 constexpr _workCost prefixedNameCost{0, 1};      ///< a name that another is put in front of; characters
-constexpr _workCost replacementCost{40, 4};      ///< a text looked for in a name; characters of the name ...
+constexpr _workCost passNameCost{500, 4};        ///< a pass file's name, put together; characters
+constexpr _workCost nameTranslationCost{3000};   ///< a name whose variables are replaced, these aside
+constexpr _workCost splitNameCost{3000, 20};     ///< a name parted into folder, file and extension; characters
+constexpr _workCost replacementCost{100, 1};     ///< a text looked for in a name; eights of the name's characters ...
 constexpr _workCost occurrenceCost{40};          ///< ... each place where it is replaced ...
 constexpr _workCost replacedNameCost{0, 1};      ///< ... the name that results; characters
 constexpr _workCost sceneVariableCost{2000, 1};  ///< a variable replaced in all its forms; characters of its value
+constexpr _workCost rootOfValueCost{0, 5};       ///< its value without scene extensions; characters
 constexpr _workCost variableIndexCost{0, 60};    ///< the variables' index brought up to date; variables
 constexpr _workCost variableMarkCost{100, 4};  ///< a "$", looked up among the variables; characters that may be a name
+constexpr _workCost variableLookupCost{50, 30};  ///< a name, looked for in the index; how often that is halved
 constexpr _workCost nameComparisonCost{100, 1};  ///< a variable's name, compared with a text; characters
+constexpr _workCost foldingCost{50, 5};          ///< a path, looked for in any letter case; characters
 constexpr _workCost cameraSearchCost{0, 10};     ///< a camera looked for one by one; cameras
-constexpr _workCost wedgeChannelCost{800};       ///< a channel in the name of a wedge's variant
+constexpr _workCost wedgeRangeCost{1500, 80};    ///< the range of a wedge's channel; characters of its numbers
+constexpr _workCost wedgeChannelCost{1500};      ///< a channel in the name of a wedge's variant
 constexpr _workCost wedgeNameCost{200, 8};       ///< a name searched for wedge placeholders; characters
 constexpr _workCost archiveSearchCost{0, 1};     ///< bytes searched for an archive's next header; bytes
 constexpr _workCost archiveMagicCost{300};       ///< a place that looks like a header of the archive
@@ -45,7 +54,7 @@ constexpr _workCost nodeInputCost{0, 1};         ///< inputs of a node; inputs
 constexpr _workCost takeRecordCost{300};         ///< a record of the scene's takes
 constexpr _workCost dialogScriptCost{0, 5};      ///< the script that tells the menus of a type; bytes
 constexpr _workCost evaluationStepCost{100};     ///< a step of computing an expression
-constexpr _workCost customDataCost{2000};        ///< a value put into a job's custom data
+constexpr _workCost customDataCost{2000, 8};     ///< a value put into a job's custom data; characters of old and new
 
 // Bytes that containers and the allocator add to what they hold.
 constexpr qint64 bytesAroundText = 32;

@@ -1,9 +1,11 @@
 #include "scan/variableList.h"
 
 #include <algorithm>
+#include <bit>
 #include <numeric>
 
 #include "scan/scanBudget.h"
+#include "shared/vxLetterCase.h"
 
 namespace vxP {
 
@@ -13,15 +15,12 @@ constexpr quint32 hashOfNothing = 2166136261U;
 
 /// FNV-1a over folded characters. Qt folds a pair of surrogates as one character, so they do not tell names apart here.
 quint32 hashWith(quint32 hash, QChar character) {
-    const char16_t folded = character.isSurrogate() ? u'\xD800' : character.toCaseFolded().unicode();
+    const char16_t folded = character.isSurrogate() ? u'\xD800' : vxS::foldedCase(character).unicode();
     return (hash ^ folded) * 16777619U;
 }
 
-template <typename Character>
-quint32 hashOf(const Character* name, std::size_t length) {
-    return std::accumulate(name, name + length, hashOfNothing, [](quint32 hash, Character character) {
-        return hashWith(hash, QChar(static_cast<char16_t>(character)));
-    });
+quint32 hashOf(QStringView name) {
+    return std::accumulate(name.begin(), name.end(), hashOfNothing, hashWith);
 }
 
 bool isLatin(QStringView text) {
@@ -41,7 +40,6 @@ qint64 _variableList::bytesOf(QStringView name, QStringView value) {
 
 void _variableList::append(QStringView name, QStringView value) {
     const bool isWide = !isLatin(name) || !isLatin(value);
-    if (isWide && texts.size() % 2 != 0) texts.append('\0');  // 16-bit characters are at even places
     const _entry entry{static_cast<quint32>(texts.size()), static_cast<quint32>(name.size()),
                        static_cast<quint32>(value.size()), isWide};
     store(name, isWide);
@@ -50,11 +48,11 @@ void _variableList::append(QStringView name, QStringView value) {
 }
 
 void _variableList::store(QStringView text, bool isWide) {
-    const auto bytes = static_cast<_size>(sizeof(QChar)) * static_cast<_size>(text.size());
+    const auto* const bytes = reinterpret_cast<const char*>(text.utf16());
     if (isWide)
-        texts.append(reinterpret_cast<const char*>(text.utf16()), bytes);
+        texts.insert(texts.end(), bytes, bytes + text.size() * static_cast<_size>(sizeof(QChar)));
     else
-        for (const QChar character : text) texts.append(character.toLatin1());
+        for (const QChar character : text) texts.push_back(character.toLatin1());
 }
 
 void _variableList::orderByLength() {
@@ -66,9 +64,16 @@ void _variableList::orderByLength() {
 }
 
 QString _variableList::textOf(const _entry& entry, quint32 from, quint32 length) const {
-    const char* const start = texts.constData() + entry.start;
-    if (!entry.isWide) return QString::fromLatin1(start + from, static_cast<int>(length));
-    return QString(reinterpret_cast<const QChar*>(start) + from, static_cast<int>(length));
+    const auto width = static_cast<qint64>(entry.isWide ? sizeof(QChar) : 1);
+    const auto start = texts.begin() + entry.start + from * width;
+    if (entry.isWide) {
+        QString text(static_cast<int>(length), Qt::Uninitialized);
+        std::copy(start, start + length * width, reinterpret_cast<char*>(text.data()));
+        return text;
+    }
+    QByteArray text(static_cast<int>(length), Qt::Uninitialized);
+    std::copy(start, start + length, text.begin());
+    return QString::fromLatin1(text);
 }
 
 QString _variableList::nameOf(_size position) const {
@@ -87,12 +92,6 @@ QList<_namevalue> _variableList::toList() const {
     return variables;
 }
 
-quint32 _variableList::hashOfName(const _entry& entry) const {
-    const char* const start = texts.constData() + entry.start;
-    if (entry.isWide) return hashOf(reinterpret_cast<const char16_t*>(start), entry.nameLength);
-    return hashOf(reinterpret_cast<const uchar*>(start), entry.nameLength);
-}
-
 /// Takes all its memory before it changes the index.
 void _variableList::indexNewEntries() const {
     const std::size_t indexed = keys.size();
@@ -102,7 +101,7 @@ void _variableList::indexNewEntries() const {
     for (std::size_t position = indexed; position < entries.size(); ++position)
         if (hasNameOf.size() <= entries[position].nameLength) hasNameOf.resize(entries[position].nameLength + 1);
     for (std::size_t position = indexed; position < entries.size(); ++position) {
-        keys.push_back({hashOfName(entries[position]), static_cast<quint32>(position)});
+        keys.push_back({hashOf(nameOf(static_cast<_size>(position))), static_cast<quint32>(position)});
         hasNameOf[entries[position].nameLength] = true;
     }
     const auto firstNew = keys.begin() + static_cast<std::ptrdiff_t>(indexed);
@@ -128,6 +127,7 @@ _size _variableList::firstBeginning(QStringView text, _size from) const {
     for (_size length = 0; length <= longest; ++length) {
         if (length > 0) hash = hashWith(hash, text.at(length - 1));
         if (!hasNameOf[static_cast<std::size_t>(length)]) continue;
+        spendWork(variableLookupCost, std::bit_width(keys.size()));
         const _size found = firstOf(hash, text.left(length), from);
         if (found >= 0 && (first < 0 || found < first)) first = found;
     }
@@ -151,7 +151,7 @@ _size _variableList::firstNamedIn(QStringView text, const QList<_size>& marks, _
 
 QStringList _variableList::valuesOf(QStringView name) const {
     indexNewEntries();
-    const quint32 hash = hashOf(name.utf16(), static_cast<std::size_t>(name.size()));
+    const quint32 hash = hashOf(name);
     QStringList values;
     for (_size at = firstOf(hash, name, 0); at >= 0; at = firstOf(hash, name, at + 1)) {
         values.append(valueOf(at));

@@ -1,7 +1,6 @@
 // The variables of a scene: kept in little memory, and found by what follows a "$".
 #pragma once
 
-#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -68,13 +67,13 @@ class _variableList {
     QString valueOf(_size position) const;
     void store(QStringView text, bool isWide);
     QString textOf(const _entry& entry, quint32 from, quint32 length) const;
-    quint32 hashOfName(const _entry& entry) const;
     void indexNewEntries() const;
     _size firstOf(quint32 hash, QStringView name, _size from) const;
     _size firstBeginning(QStringView text, _size from) const;
 
-    std::deque<_entry> entries;  ///< frees no block while it grows, which would leave gaps between other large ones
-    QByteArray texts;
+    // Neither frees a block while it grows: for a moment there would be two of them, and a gap after it.
+    std::deque<_entry> entries;
+    std::deque<char> texts;
     mutable std::vector<_key> keys;
     mutable std::vector<bool> hasNameOf;  ///< by length in characters
 };

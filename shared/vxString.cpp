@@ -44,9 +44,17 @@ void removeText(_wideText text, _size position, _size count) noexcept {
 }
 
 void replaceText(_wideText text, QStringView before, QStringView after, Qt::CaseSensitivity sensitivity) {
-    if (before.isEmpty() || !viewOf(text).contains(before, sensitivity)) return;
-    const QString whole = viewOf(text).toString().replace(before.toString(), after.toString(), sensitivity);
-    assignText(text, whole);
+    const QStringView old = viewOf(text);
+    auto found = before.isEmpty() ? -1 : old.indexOf(before, 0, sensitivity);
+    if (found < 0) return;
+    QString changed;
+    decltype(found) copied = 0;
+    for (; found >= 0 && changed.size() < text.capacity; found = old.indexOf(before, copied, sensitivity)) {
+        changed += old.mid(copied, found - copied);
+        changed += after.left(text.capacity);
+        copied = found + before.size();
+    }
+    assignText(text, changed += old.mid(copied));
 }
 
 }  // namespace vxS

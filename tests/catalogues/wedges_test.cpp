@@ -37,6 +37,7 @@ const _wedgeCase wedgeCases[] = {
     {"single_step", "range1=2\t3|steps1=1", 1, 0, "p_c_nan"},
     {"decimal_commas", "range1=0,5\t1,25", 5, 4, "p_c_1.250000"},
     {"negative_steps", "steps1=-2|name2=d|range2=0\t1|steps2=-2", 4, 3, "p_c_-0.333333_d_0.333333"},
+    {"huge_numbers", "range1=0\t4e22", 5, 1, "p_c_10000000000000000000000.000000"},
     {"numbers_of_no_channel", "name0=x|range-1=2\t3|stepsx=0|name10001=x|steps10001=0", 5},
     {"wrapping_product", "steps1=65536|steps2=65537", 65536, 0, "p_c_0.000000__0.000000"},
     {"other_method", "wedgemethod=take", dropped},

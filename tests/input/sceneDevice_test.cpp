@@ -76,6 +76,21 @@ TEST(SceneDevice, ReadsLongLinesByTheirEnds) {
     }
 }
 
+/// A text stream decodes pieces of 16,384 bytes: a broken sequence at the end of one costs Qt 6 what comes behind it.
+TEST(SceneDevice, DecodesALineAsAWhole) {
+    for (const char* const bytes : {"\xFF", "\xC3", "\xE2\x82", "\xF0\x9F\x98", "\x82\x82", "\xC3\xA9", "\xE2\x82\xAC",
+                                    "\xF0\x9F\x98\x80", "\xED\xA0\x80", "\xC0\x80", "\xF4\x90\x80\x80", "\xC3\r\xA9"}) {
+        for (int end = 16380; end <= 16388; ++end) {
+            const QByteArray first = QByteArray("take name ").leftJustified(end, 'x').replace(end - 4, 4, bytes);
+            const QByteArray scene = first + "\ntake name " + bytes + "\n}\n" + first;
+            _pieces source(scene, 1000, true);
+            _sceneDevice device(source);
+            const QString text = QString::fromUtf8(QByteArray(scene).replace("}\n", "")).remove(u'\r');
+            EXPECT_EQ(linesOf(device).join(u'\n'), text) << QByteArray(bytes).toHex().data() << end;
+        }
+    }
+}
+
 TEST(SceneDevice, TellsAnErrorFromTheEnd) {
     vxTest::freshScanState();
     vxTest::_loader loader;

@@ -1,6 +1,9 @@
 // Loads as a host calls for them; cHost.c asks for the plug-in's description.
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <utility>
+
 #include "plugin/vxSceneParserHoudini.h"
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
@@ -20,6 +23,18 @@ TEST(SceneLoad, RefusesAnotherLayoutBeforeItLooksForTheScene) {
         EXPECT_EQ(pLoadSceneFile(&loader.record()), vxP::resultCannotOpen);
         change(loader.array());
         EXPECT_EQ(pLoadSceneFile(&loader.record()), vxP::resultVersionMismatch) << what;
+    }
+}
+
+/// The counts are held against each other before the scene is looked for.
+TEST(SceneLoad, RefusesAnArrayWithoutARecordOfEachJob) {
+    for (const auto& [count, allocated] : {std::pair{std::numeric_limits<qint32>::max(), 0}, {4, 3}, {-1, 0}, {0, 1}}) {
+        vxTest::_loader loader(QStringLiteral("/none.hip"));
+        loader.array().count = count;
+        loader.array().allocated = allocated;
+        EXPECT_EQ(pLoadSceneFile(&loader.record()), vxP::resultNoMoreJobs) << count << " of " << allocated;
+        EXPECT_EQ(loader.array().jobs, nullptr);
+        EXPECT_EQ(std::exchange(loader.array().allocated, 0), allocated);
     }
 }
 
