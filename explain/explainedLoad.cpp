@@ -1,11 +1,12 @@
 #include "explain/explainedLoad.h"
 
 #include <QHash>
+#include <array>
 
 #include "explain/outcomes.h"
-#include "explain/readerWords.h"
 #include "explain/sceneFacts.h"
 #include "explain/warnings.h"
+#include "input/sectionKinds.h"
 #include "plugin/sceneLoad.h"
 
 namespace vxE {
@@ -46,6 +47,14 @@ QString textOfJobs(const _observedSection& section, const vxJ::_JobBasicsArray& 
     return texts.join(QLatin1String(", "));
 }
 
+/// What is told of a section without jobs that came to something, by its reader's place. A driver has jobs then.
+constexpr std::array<QStringView, vxP::sectionReaderCount> keptTexts{u"kept: its driver is repeated",
+                                                                     u"kept as a camera",
+                                                                     u"kept, but no driver refers to it",
+                                                                     u"kept as a LOP node",
+                                                                     {}};
+static_assert(keptTexts[static_cast<std::size_t>(vxP::_sectionReader::driver)].isEmpty());
+
 /// Kind, code and text.
 void explainOutcome(const _observedSection& section, const vxJ::_JobBasicsArray& jobs, _explainedSection& explained) {
     if (section.madeJobs()) {
@@ -56,7 +65,8 @@ void explainOutcome(const _observedSection& section, const vxJ::_JobBasicsArray&
     const _outcome outcome = outcomeOf(section);
     explained.outcome = outcome.code.isEmpty() ? _outcomeKind::kept : _outcomeKind::none;
     explained.code = outcome.code;
-    explained.text = outcome.code.isEmpty() ? wordsOf(section.reader).kept.toString() : outcome.text;
+    explained.text =
+        outcome.code.isEmpty() ? keptTexts[static_cast<std::size_t>(section.reader)].toString() : outcome.text;
 }
 
 QList<_explainedSection> explainedSections(const _loadedScene& scene) {
@@ -66,6 +76,7 @@ QList<_explainedSection> explainedSections(const _loadedScene& scene) {
         const _observedSection& section = scene.observation.sections[i];
         _explainedSection explained{};
         explained.reader = section.reader;
+        explained.readerName = vxP::sectionKindOf(section.reader).name;
         explained.node = section.node;
         explained.line = scene.survey.taken[i].line;
         explained.byte = section.byte;

@@ -82,6 +82,7 @@ enum class _outcomeKind : quint8 {
 /// A section that a reader took.
 struct _explainedSection {
     vxP::_sectionReader reader;
+    QLatin1String readerName;  ///< stays the same between versions
     QString node;
     qint64 line;     ///< of its header, from 1; 0: not known
     qint64 byte;     ///< of that line, from the beginning of the scene

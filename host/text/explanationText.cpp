@@ -3,7 +3,6 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "explain/readerWords.h"
 #include "host/base/displayText.h"
 #include "host/text/jobTable.h"
 
@@ -123,8 +122,7 @@ QList<_sectionRow> rowsOf(const QList<vxE::_explainedSection>& sections) {
     for (const auto& section : sections) {
         const QString copies =
             section.copies.isEmpty() ? QString() : QStringLiteral(" (and copies: %1)").arg(section.copies.size());
-        rows.append(
-            {section.line, section.byte, vxE::wordsOf(section.reader).name, section.node, section.text + copies});
+        rows.append({section.line, section.byte, section.readerName, section.node, section.text + copies});
     }
     return rows;
 }
