@@ -12,6 +12,10 @@ namespace vxH {
 /// @param scene  absolute path of at most 500 characters
 _explainedScene explainScene(const QString& scene, const _submitterArguments& arguments);
 
+/// Makes the error of a scene that has no jobs, as no driver has a usable output name, tell of its drivers. It reads
+/// the scene once more.
+void tellWhyThereAreNoJobs(_sceneHead& head, const _submitterArguments& arguments);
+
 /// Which files of a folder are scenes: "*.hip;*.hipnc;".
 QString sceneFileFilter();
 

@@ -4,15 +4,33 @@
 #include <QJsonDocument>
 
 #include "host/access/askPlugin.h"
+#include "host/access/sceneExplanation.h"
 #include "host/base/resultCodes.h"
 #include "host/base/scenePath.h"
 #include "host/results/recordReading.h"
 #include "host/results/sceneJson.h"
+#include "input/sceneFile.h"
+#include "input/sceneForm.h"
 
 namespace vxH {
 namespace {
 
 using _recordReader = std::function<void(const vxJ::_JobBasicsArray&)>;
+
+/// The plug-in does not tell whether the file is a scene, or all of one. Where jobs or drivers came of it, it is.
+void lookAtFile(_sceneHead& head, bool hasJobs) {
+    const vxP::_sceneFile file(head.scene);
+    if (!file.isOpen()) return;
+    const auto [form, instead] = vxP::formOf(file);
+    const bool foundNothing = !hasJobs && (head.isLoaded() || head.code == vxP::resultException);
+    if (form != vxP::_sceneForm::none) {
+        head.isComplete = form == vxP::_sceneForm::whole;
+    } else if (foundNothing) {
+        head.code = hostNoScene;
+        head.error = sentenceOfCode(head.code);
+        if (!instead.isEmpty()) head.error += QLatin1String{": "} + instead;
+    }
+}
 
 _sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
                        const _recordReader& read) {
@@ -23,7 +41,9 @@ _sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _
     const qint32 code = loader(&load);
     read(records);
     const bool isLoaded = code == vxP::resultSuccess;
-    return {scene, code, isLoaded ? QString{} : sentenceOfCode(code), records.message.toQString()};
+    _sceneHead head{scene, code, isLoaded ? QString{} : sentenceOfCode(code), records.message.toQString()};
+    lookAtFile(head, records.count > 0);
+    return head;
 }
 
 /// @param answer  makes the result of the absolute path, as JSON, in a child process
@@ -50,7 +70,9 @@ _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _
 
 _sceneResult loadSceneApart(const QString& pluginPath, const char* scene, const _submitterArguments& arguments) {
     return loadApart(pluginPath, scene, sceneFromJson, [&](const _sceneLoader& loader, const QString& path) {
-        return sceneToJson(loadScene(loader, path, arguments));
+        _sceneResult result = loadScene(loader, path, arguments);
+        tellWhyThereAreNoJobs(result, arguments);
+        return sceneToJson(result);
     });
 }
 
@@ -60,6 +82,7 @@ _sceneVariables loadVariablesApart(const QString& pluginPath, const char* scene,
         _sceneVariables result;
         static_cast<_sceneHead&>(result) = loadRecords(
             loader, path, arguments, [&](const auto& records) { result.jobs = variablesOf(records, jobNumber); });
+        tellWhyThereAreNoJobs(result, arguments);
         return variablesToJson(result);
     });
 }

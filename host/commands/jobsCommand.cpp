@@ -1,5 +1,6 @@
 // vxscene jobs
 #include "host/access/askPlugin.h"
+#include "host/access/sceneExplanation.h"
 #include "host/access/sceneLoad.h"
 #include "host/commands/allCommands.h"
 #include "host/commands/sceneRun.h"
@@ -22,7 +23,9 @@ int run(const _options& options, const _submitterArguments& submitter) {
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
     const auto load = [&](const QString& scene) -> _explainedScene {
-        return {loadScene(plugin.loadSceneFile, scene, submitter), {}};
+        _explainedScene result{loadScene(plugin.loadSceneFile, scene, submitter), {}};
+        tellWhyThereAreNoJobs(result, submitter);
+        return result;
     };
     return printScenes(options.scenes, {answer.info.fileFilter, load}, *options.format);
 }

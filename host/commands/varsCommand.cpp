@@ -32,7 +32,7 @@ int run(const _options& options, const _submitterArguments& submitter) {
         const auto lines = variableLines(result.jobs);
         for (const auto& text : lines) writeLine(stdout, text);
     }
-    return result.isLoaded() ? exitSuccess : sceneFailed(result);
+    return tellOf(result);
 }
 
 }  // namespace

@@ -99,6 +99,7 @@ QLatin1String nameOf(vxE::_outcomeKind kind) {
 QJsonObject sectionToJson(const vxE::_explainedSection& section) {
     return {{QLatin1String{"reader"}, section.readerName},
             {QLatin1String{"node"}, section.node},
+            {QLatin1String{"type"}, section.type},
             {QLatin1String{"line"}, section.line},
             {QLatin1String{"byte"}, section.byte},
             {QLatin1String{"hasFrames"}, section.hasFrames},
