@@ -122,7 +122,7 @@ int tellOf(const _sceneHead& scene) {
     if (problem.isEmpty()) return exitSuccess;
     const QString code = scene.isLoaded() ? QString() : QStringLiteral(" (code %1)").arg(scene.code);
     writeError(scene.scene + QLatin1String{": "} + problem + code);
-    if (!scene.hasFailed()) return exitSuccess;
+    if (scene.knowsItsJobs()) return exitSuccess;
     return scene.code == hostNoScene ? exitNoScene : exitFailed;
 }
 

@@ -21,7 +21,7 @@ class _sceneReceiver {
         const bool hasOutput = code >= 0 || !output.isEmpty();  // a plug-in may have codes of any kind
         if (use.printsToTerminal) progress.clear();
         if (!keepsOn(use.take(hasOutput ? output : use.pack({{head, {}}, {}})))) return false;
-        if (!head.hasFailed() && failure.isEmpty()) return true;
+        if (head.knowsItsJobs() && failure.isEmpty()) return true;
         progress.clear();
         status = worseOf(status, tellOf(head));
         return true;
@@ -62,7 +62,7 @@ class _sceneReceiver {
 
 /// What the error stream has to say. That a scene has no jobs is a result like others.
 QString lineOf(const _sceneHead& scene) {
-    return scene.hasFailed() || scene.isCut() ? scene.problem() : QString{};
+    return !scene.knowsItsJobs() || scene.isCut() ? scene.problem() : QString{};
 }
 
 _batchLimits limitsOf(const _sceneOptions& options) {

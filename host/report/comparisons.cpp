@@ -57,7 +57,7 @@ QJsonArray comparisons(const std::vector<const _sceneResult*>& scenes) {
     places.reserve(scenes.size());
     int number = 0;
     for (const auto* const scene : scenes) {
-        if (!scene->hasFailed()) places.push_back({number, _comparable{*scene}});
+        if (scene->knowsItsJobs()) places.push_back({number, _comparable{*scene}});
         ++number;
     }
     QJsonArray list;

@@ -10,7 +10,6 @@
 #include "host/results/explanationJson.h"
 #include "host/results/jobCells.h"
 #include "host/results/sceneJson.h"
-#include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxH {
 namespace {
@@ -75,10 +74,6 @@ void addExplanation(QJsonObject& shown, vxE::_explanation explanation) {
 
 _reportScene reportScene(const _explainedScene& scene) {
     auto shown = headToJson(scene);
-    if (!scene.hasFailed()) {  // a scene without jobs is to the page one like others
-        shown.insert(QLatin1String{"code"}, vxP::resultSuccess);
-        shown.remove(QLatin1String{"error"});
-    }
     shown.insert(jobsKey, jobRows(scene));
     if (scene.explanation.isSceneRead) addExplanation(shown, scene.explanation);
     return {shown, scene};

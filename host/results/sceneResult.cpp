@@ -11,8 +11,8 @@ bool _sceneHead::isLoaded() const {
     return code == vxP::resultSuccess;
 }
 
-bool _sceneHead::hasFailed() const {
-    return !isLoaded() && code != vxP::resultNoUsableOutput;
+bool _sceneHead::knowsItsJobs() const {
+    return isLoaded() || code == vxP::resultNoUsableOutput;
 }
 
 QString _sceneHead::problem() const {

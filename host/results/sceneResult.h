@@ -19,8 +19,8 @@ struct _sceneHead {
 
     bool isLoaded() const;
     bool isCut() const { return isComplete == false; }
-    /// Nor has a scene failed that has no driver with a usable output name: it has no jobs.
-    bool hasFailed() const;
+    /// False for a scene that failed. One whose drivers have no usable output names has not: there are no jobs.
+    bool knowsItsJobs() const;
     /// One line: the error, and that the scene is cut; empty: neither.
     QString problem() const;
 };

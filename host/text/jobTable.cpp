@@ -150,7 +150,7 @@ QString jobCountText(std::size_t count) {
 
 QString sceneSummary(const _sceneResult& result) {
     return printable(result.scene + QLatin1String{": "} + houdiniVersion(result.jobs) +
-                     (result.hasFailed() || result.isLoaded() ? jobCountText(result.jobs.size()) : result.error));
+                     (result.knowsItsJobs() && !result.isLoaded() ? result.error : jobCountText(result.jobs.size())));
 }
 
 QStringList jobTable(const _sceneResult& result, const _terminal& terminal) {
@@ -164,7 +164,7 @@ QStringList jobTable(const _sceneResult& result, const _terminal& terminal) {
 }
 
 QString jobText(const _sceneResult& result, const _terminal& terminal) {
-    const bool failedWithoutJobs = result.hasFailed() && result.jobs.empty();
+    const bool failedWithoutJobs = !result.knowsItsJobs() && result.jobs.empty();
     if (failedWithoutJobs) return {};  // its line on the error stream says all
     const auto lines = QStringList{sceneSummary(result)} + jobTable(result, terminal);
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
