@@ -109,19 +109,21 @@ quint8 numberOfLastJob(const vxJ::_JobBasicsArray& jobs) {
 }
 
 /// A name without a frame number is that of one file, which a plain load leaves open.
-void noteOneFile(const _driver& driver, bool hasNoFrame, _JobBasics_largePath& job) {
+void noteOneFile(const _driver& driver, bool hasNoFrame, const QString& name, _JobBasics_largePath& job) {
     if (driver.traits != nullptr && hasNoFrame) job.imageSingleOutputFile = true;
+    if (scanObserver != nullptr && hasNoFrame && !name.contains(QLatin1Char('%')))
+        tellOfSection(_remark::noFrameNumber, QString::number(driver.load.jobArray->count));
 }
 
 void completeFirstJob(_driver& driver, vxJ::_JobBasicsArray& jobs, _JobBasics_largePath& job) {
     if (driver.isExport) {
         job.imageFileName = driver.exportName;
         nameExportJob(driver, job, jobs);
-        noteOneFile(driver, driver.oneExportFile, job);
+        noteOneFile(driver, driver.oneExportFile, driver.exportName, job);
     } else {
         job.imageFileName = driver.imageName;
         nameRenderJob(driver, job);
-        noteOneFile(driver, driver.oneImageFile, job);
+        noteOneFile(driver, driver.oneImageFile, driver.imageName, job);
         addChannels(driver, job);
     }
     splitImageName(job.imageFileName.toQString(), driver, job);  // as far as the record holds it
@@ -148,7 +150,7 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
     job->imageDir.clear();
     job->imageExtension.clear();
     nameJobOfExport(driver, exportJob.imageSingleOutputFile, *job);
-    noteOneFile(driver, driver.oneImageFile, *job);
+    noteOneFile(driver, driver.oneImageFile, driver.imageName, *job);
     addChannels(driver, *job);
     splitImageName(driver.imageName, driver, *job);
     return resultSuccess;

@@ -201,11 +201,13 @@ struct _paramRule {
 };
 
 constexpr auto output = _parameterRole::output;
+constexpr auto frameSwitch = _parameterRole::frameSwitch;
 constexpr auto frameRange = _parameterRole::frameRange;
+constexpr auto sizeSwitch = _parameterRole::sizeSwitch;
 
 constexpr std::array outNodeRules{
     // first match wins
-    _paramRule{QLatin1String{"trange"}, always, _kind::none, readTrange, frameRange},
+    _paramRule{QLatin1String{"trange"}, always, _kind::none, readTrange, frameSwitch},
     _paramRule{QLatin1String{"f\t"}, hasTrange, _kind::none, readFrameRange, frameRange},
     _paramRule{QLatin1String{"vm_picture\t"}, always, _kind::none, readImage, output},
     _paramRule{QLatin1String{"copoutput\t"}, always, _kind::none, readImage, output},
@@ -233,8 +235,8 @@ constexpr std::array outNodeRules{
     _paramRule{QLatin1String{"diskfile\t"}, isNoneBut<_kind::renderman>, _kind::none, readExportToggle},
     _paramRule{QLatin1String{"render_export_mode\t"}, always, _kind::none, readExportMode},
     _paramRule{QLatin1String{"fileperframe\t"}, countsFramesBySwitch, _kind::none, readFilePerFrame},
-    _paramRule{QLatin1String{"override_camerares\t"}, always, _kind::none, readOverrideSwitch},
-    _paramRule{QLatin1String{"RS_overrideCameraRes\t"}, always, _kind::none, readOverrideSwitch},
+    _paramRule{QLatin1String{"override_camerares\t"}, always, _kind::none, readOverrideSwitch, sizeSwitch},
+    _paramRule{QLatin1String{"RS_overrideCameraRes\t"}, always, _kind::none, readOverrideSwitch, sizeSwitch},
     _paramRule{QLatin1String{"res_override\t"}, always, _kind::none, readOverrideResolution},
     _paramRule{QLatin1String{"RS_overrideRes\t"}, always, _kind::none, readOverrideResolution},
     _paramRule{aovSeparateFile, always, _kind::none, readAov},

@@ -12,7 +12,13 @@ namespace vxP {
 std::span<const QLatin1String> outNodeParameters();
 
 /// What a parameter is to its driver.
-enum class _parameterRole : quint8 { other, frameRange, output };
+enum class _parameterRole : quint8 {
+    other,
+    frameSwitch,  ///< whether it renders its frames or the current one
+    frameRange,
+    sizeSwitch,  ///< whether its own size counts or its camera's
+    output,
+};
 
 /// @param line  trimmed
 _parameterRole roleOf(const QString& line);

@@ -1,11 +1,14 @@
 #include "explain/explainedLoad.h"
 
 #include <QHash>
+#include <array>
 
 #include "explain/outcomes.h"
-#include "explain/readerWords.h"
 #include "explain/sceneFacts.h"
 #include "explain/warnings.h"
+#include "input/sceneFile.h"
+#include "input/sceneForm.h"
+#include "input/sectionKinds.h"
 #include "plugin/sceneLoad.h"
 
 namespace vxE {
@@ -46,17 +49,27 @@ QString textOfJobs(const _observedSection& section, const vxJ::_JobBasicsArray& 
     return texts.join(QLatin1String(", "));
 }
 
+/// What is told of a section without jobs that came to something, by its reader's place. A driver has jobs then.
+constexpr std::array<QStringView, vxP::sectionReaderCount> keptTexts{u"kept: its driver is repeated",
+                                                                     u"kept as a camera",
+                                                                     u"kept, but no driver refers to it",
+                                                                     u"kept as a LOP node",
+                                                                     {}};
+static_assert(keptTexts[static_cast<std::size_t>(vxP::_sectionReader::driver)].isEmpty());
+
 /// Kind, code and text.
-void explainOutcome(const _observedSection& section, const vxJ::_JobBasicsArray& jobs, _explainedSection& explained) {
+void explainOutcome(const _observedSection& section, const _surveyedSection& surveyed, const vxJ::_JobBasicsArray& jobs,
+                    _explainedSection& explained) {
     if (section.madeJobs()) {
         explained.outcome = _outcomeKind::jobs;
         explained.text = textOfJobs(section, jobs);
         return;
     }
-    const _outcome outcome = outcomeOf(section);
+    const _outcome outcome = surveyed.isOfDriver ? outcomeOfDriverTakenBy(section.reader) : outcomeOf(section);
     explained.outcome = outcome.code.isEmpty() ? _outcomeKind::kept : _outcomeKind::none;
     explained.code = outcome.code;
-    explained.text = outcome.code.isEmpty() ? wordsOf(section.reader).kept.toString() : outcome.text;
+    explained.text =
+        outcome.code.isEmpty() ? keptTexts[static_cast<std::size_t>(section.reader)].toString() : outcome.text;
 }
 
 QList<_explainedSection> explainedSections(const _loadedScene& scene) {
@@ -64,16 +77,20 @@ QList<_explainedSection> explainedSections(const _loadedScene& scene) {
     QList<_explainedSection> list;
     for (vxS::_size i = 0; i < scene.observation.sections.size(); ++i) {
         const _observedSection& section = scene.observation.sections[i];
+        const _surveyedSection& surveyed = scene.survey.taken[i];
         _explainedSection explained{};
         explained.reader = section.reader;
+        explained.readerName = vxP::sectionKindOf(section.reader).name;
         explained.node = section.node;
-        explained.line = scene.survey.taken[i].line;
+        explained.type = surveyed.type;
+        explained.line = surveyed.line;
         explained.byte = section.byte;
-        explained.hasFrames = section.hasFrames;
-        explainOutcome(section, scene.jobs, explained);
+        explained.hasFrames = section.hasFrames || surveyed.isOfDriver;
+        explainOutcome(section, surveyed, scene.jobs, explained);
         explained.jobs = jobsOf(section);
         if (section.madeJobs()) explained.copies = copies.value(section.node.left(longestLayer));
         explained.details = detailsOf(section);
+        if (surveyed.isOfDriver) explained.details.append(parameterText(surveyed.output));
         list.append(explained);
     }
     return list;
@@ -91,8 +108,9 @@ QString cutText(const _leftOut& leftOut) {
            texts.join(QLatin1String(", "));
 }
 
-QList<_warning> warningsOf(const _loadedScene& scene, _explanationBudget& budget, _leftOut& leftOut) {
+QList<_warning> warningsOf(const _loadedScene& scene, bool isCut, _explanationBudget& budget, _leftOut& leftOut) {
     _warningList list(budget, leftOut);
+    if (isCut) list.warnings.append({QStringLiteral("sceneCut"), {}, {}, sceneCutText.toString()});
     warnOfSections(scene, list);
     warnOfOutputs(scene, list);
     if (const QString text = cutText(leftOut); !text.isEmpty())
@@ -110,17 +128,18 @@ qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanati
     if (result == vxP::resultCannotOpen || result == vxP::resultVersionMismatch) return result;
     observation.loadEnds();
     const _sceneSurvey survey = surveyScene(load.sceneFileName->toQString(), observation, budget);
+    const bool isCut = vxP::formOf(vxP::_sceneFile(load.sceneFileName->toQString())).form == vxP::_sceneForm::cut;
     const _loadedScene scene{observation, survey, *load.jobArray, facts};
     _leftOut& leftOut = explanation.leftOut;
     leftOut.sections = observation.sectionsLeftOut;
-    leftOut.details = observation.remarksLeftOut + survey.expressionsLeftOut;
+    leftOut.details = observation.remarksLeftOut + survey.textsLeftOut;
     leftOut.notRecognised = survey.notTakenLeftOut;
     leftOut.bytes = survey.bytesLeftOut;
     explanation.isSceneRead = true;
     explanation.facts = explainedFacts(facts, observation.hasFrameRange, budget.factBytes, leftOut);
     explanation.sections = explainedSections(scene);
     explanation.notRecognised = survey.notTaken;
-    explanation.warnings = warningsOf(scene, budget, leftOut);
+    explanation.warnings = warningsOf(scene, isCut, budget, leftOut);
     return result;
 }
 

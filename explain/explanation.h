@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <array>
+#include <string_view>
 
 #include "scan/scanObserver.h"
 
@@ -79,10 +80,21 @@ enum class _outcomeKind : quint8 {
     jobs,
 };
 
+/// The type of nodes that read a file, though many have frames and a parameter called like a driver's.
+inline constexpr std::string_view fileNodeType{"file"};
+
+/// Code of the section of an output driver that was taken for a camera.
+inline constexpr QStringView takenForCamera{u"takenForCamera"};
+
+/// What is told of a scene that ends before its trailer.
+inline constexpr QStringView sceneCutText{u"the scene is cut off: it ends before its trailer, and jobs may be missing"};
+
 /// A section that a reader took.
 struct _explainedSection {
     vxP::_sectionReader reader;
+    QLatin1String readerName;  ///< stays the same between versions
     QString node;
+    QString type;    ///< of the node: "ifd"; empty: not known
     qint64 line;     ///< of its header, from 1; 0: not known
     qint64 byte;     ///< of that line, from the beginning of the scene
     bool hasFrames;  ///< the section holds a parameter of frames

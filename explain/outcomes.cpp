@@ -5,6 +5,7 @@
 #include <array>
 #include <vector>
 
+#include "explain/explanation.h"
 #include "grammar/paramSection.h"
 #include "input/sceneLine.h"
 
@@ -150,6 +151,20 @@ bool isDroppedWedge(const _observedSection& section) {
            section.has(_remark::wedgeOfOtherMethod);
 }
 
+/// Readers that take drivers because of their paths.
+struct _takenWords {
+    vxP::_sectionReader reader;
+    QStringView code;
+    QStringView text;
+};
+
+constexpr std::array takenWords{
+    _takenWords{vxP::_sectionReader::camera, takenForCamera,
+                u"taken for a camera because of its path, though it has a driver's parameters"},
+    _takenWords{vxP::_sectionReader::wedge, u"takenForWedge",
+                u"taken for a wedge because of its path, though it has a driver's parameters"},
+};
+
 struct _notTakenWords {
     vxP::_notTaken why;
     QStringView code;
@@ -178,6 +193,12 @@ _outcome outcomeOf(const _observedSection& section) {
     if (section.has(_remark::noExportName)) return withoutName(section, true);
     if (isDroppedWedge(section)) return withoutWedge(section);
     if (!section.isEnded) return {QStringLiteral("loadEnded"), QStringLiteral("the load ended in this section")};
+    return {};
+}
+
+_outcome outcomeOfDriverTakenBy(vxP::_sectionReader reader) {
+    for (const _takenWords& row : takenWords)
+        if (row.reader == reader) return {row.code.toString(), row.text.toString()};
     return {};
 }
 

@@ -16,6 +16,9 @@ struct _outcome {
 /// Why nothing came of a section; without code when something did.
 _outcome outcomeOf(const _observedSection& section);
 
+/// What becomes of an output driver that the reader of another kind took.
+_outcome outcomeOfDriverTakenBy(vxP::_sectionReader reader);
+
 /// The parameters that a section's reader had to say something about: "vm_picture: $HIP/a.$F4.exr", with what it
 /// thought of each.
 QStringList detailsOf(const _observedSection& section);

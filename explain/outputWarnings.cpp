@@ -21,10 +21,6 @@ QString frameDigits(const _JobBasics_largePath& job) {
     return job.imageSingleOutputFile ? QString() : QString(job.imagePadding, QLatin1Char('#'));
 }
 
-QString fileOf(const _JobBasics_largePath& job) {
-    return job.imageFileName.toQString() + frameDigits(job) + job.imageExtension.toQString();
-}
-
 QString pathOf(const _JobBasics_largePath& job) {
     return job.imageDir.toQString() + fileOf(job);
 }
@@ -62,7 +58,9 @@ void warnOfVariablesLeft(const _checkedJob& checked) {
         else
             mayGoOn = checked.warn(
                 u"undefinedVariable",
-                QStringLiteral("output holds $%1, which neither the scene nor the environment defines").arg(name));
+                QStringLiteral("output holds $%1, which the scene does not define; of the environment only variables "
+                               "named HIP... are taken")
+                    .arg(name));
     }
 }
 
@@ -79,7 +77,62 @@ void warnOfOtherSystem(const _checkedJob& checked) {
         checked.warn(u"otherSystemPath", QStringLiteral("output %1 is a path that only Windows has").arg(path));
 }
 
-constexpr std::array jobChecks{warnOfVariablesLeft, warnOfExpressionsLeft, warnOfOtherSystem};
+// ---- names that are hardly meant
+
+QString folderAndName(const _JobBasics_largePath& job) {
+    return job.imageDir.toQString() + job.imageFileName.toQString() + job.imageExtension.toQString();
+}
+
+bool holdsAny(const QString& text, QStringView characters) {
+    return std::any_of(text.begin(), text.end(), [=](QChar character) { return characters.contains(character); });
+}
+
+bool holdsControlCharacter(const _checkedJob& checked) {
+    const QString name = folderAndName(checked.job);
+    return std::any_of(name.begin(), name.end(),
+                       [](QChar character) { return character.category() == QChar::Other_Control; });
+}
+bool holdsBlankAtAnEnd(const _checkedJob& checked) {
+    const QStringList parts = pathOf(checked.job).split(QLatin1Char('/'));
+    return std::any_of(parts.begin(), parts.end(), [](const QString& part) { return part != part.trimmed(); });
+}
+bool holdsForbiddenCharacter(const _checkedJob& checked) {
+    return holdsAny(checked.names, u"*?\"<>|");
+}
+bool holdsNumberSign(const _checkedJob& checked) {
+    return folderAndName(checked.job).contains(QLatin1Char('#'));
+}
+bool namesNoFile(const _checkedJob& checked) {
+    return fileOf(checked.job).isEmpty();
+}
+bool hasNoExtension(const _checkedJob& checked) {
+    return !fileOf(checked.job).contains(QLatin1Char('.'));
+}
+
+struct _oddity {
+    bool (*holds)(const _checkedJob&);
+    QStringView text;  ///< behind the output's name
+};
+
+constexpr std::array oddities{
+    // first match wins
+    _oddity{namesNoFile, u"names a folder and no file"},
+    _oddity{holdsControlCharacter, u"holds control characters"},
+    _oddity{holdsBlankAtAnEnd, u"has a blank at the end of a name"},
+    _oddity{holdsForbiddenCharacter, u"holds a character that many file systems do not take"},
+    _oddity{holdsNumberSign, u"holds # beside its frame number: nothing fills it in"},
+    _oddity{hasNoExtension, u"has no extension"},
+};
+
+void warnOfOddNames(const _checkedJob& checked) {
+    for (const _oddity& row : oddities) {
+        if (!row.holds(checked)) continue;
+        checked.warn(u"oddOutput", QStringLiteral("output %1 ").arg(pathOf(checked.job)) + row.text.toString());
+        return;
+    }
+}
+
+constexpr std::array jobChecks{warnOfVariablesLeft, warnOfExpressionsLeft, warnOfOtherSystem, warnOfOddNames};
 
 // ---- jobs that write the same files
 
@@ -161,6 +214,10 @@ void warnOfSameFiles(const _loadedScene& scene, _warningList& warnings) {
 }
 
 }  // namespace
+
+QString fileOf(const _JobBasics_largePath& job) {
+    return job.imageFileName.toQString() + frameDigits(job) + job.imageExtension.toQString();
+}
 
 void warnOfOutputs(const _loadedScene& scene, _warningList& warnings) {
     for (int i = 0; i < scene.jobs.count; ++i) {

@@ -4,6 +4,7 @@
 
 #include "drivers/outNodeRules.h"
 #include "explain/explanation.h"
+#include "explain/outcomes.h"
 #include "explain/sceneSurvey.h"
 
 namespace vxE {
@@ -22,6 +23,11 @@ qint64 bytesOf(const _observedSection& section) {
         sum += static_cast<qint64>(sizeof remark + sizeof(QString)) + 2 * vxP::bytesOf(remark.line) +
                vxP::bytesOf(remark.detail);
     return sum;
+}
+
+/// `trange<TAB>[ 0<TAB>locks=0 ]<TAB>(<TAB>"off"<TAB>)`
+bool isSwitchedOff(const QString& line) {
+    return parameterValue(line) == QLatin1String("off");
 }
 
 /// A node that the driver's reader took because of its name, and that has nothing else of a driver.
@@ -53,7 +59,21 @@ void _sceneObservation::readerTakes(vxP::_sectionReader reader, const QString& n
 }
 
 void _sceneObservation::parameter(const QString& line) {
-    section.hasFrames = section.hasFrames || vxP::roleOf(line) == vxP::_parameterRole::frameRange;
+    switch (vxP::roleOf(line)) {
+        case vxP::_parameterRole::frameSwitch:
+            section.isOfCurrentFrame = isSwitchedOff(line);
+            section.hasFrames = true;
+            break;
+        case vxP::_parameterRole::frameRange:
+            section.hasFrames = true;
+            break;
+        case vxP::_parameterRole::sizeSwitch:
+            section.isSizeSwitchedOff = isSwitchedOff(line);
+            break;
+        case vxP::_parameterRole::output:
+        case vxP::_parameterRole::other:
+            break;
+    }
 }
 
 void _sceneObservation::remark(vxP::_remark what, const QString& line, const QString& detail) {

@@ -22,8 +22,10 @@ struct _observedSection {
     QString node;
     qint32 jobsBefore = 0;  ///< in the array
     qint32 jobsAfter = 0;
-    bool isEnded = false;    ///< false: the load ended inside the section
-    bool hasFrames = false;  ///< a parameter of frames was met
+    bool isEnded = false;            ///< false: the load ended inside the section
+    bool hasFrames = false;          ///< a parameter of frames was met
+    bool isOfCurrentFrame = false;   ///< the driver renders no range
+    bool isSizeSwitchedOff = false;  ///< its own size does not count
     QList<_observedRemark> remarks;
 
     bool madeJobs() const { return jobsAfter > jobsBefore; }

@@ -28,7 +28,6 @@ constexpr std::string_view channelMark{"channel "};
 constexpr std::string_view expressionMark{"expr = "};
 constexpr std::string_view startChannel{"f1"};
 constexpr std::string_view endChannel{"f2"};
-constexpr std::string_view fileType{"file"};
 
 std::string_view trimmedAtEnd(std::string_view text) {
     while (!text.empty() && vxP::isAsciiSpace(text.back())) text.remove_suffix(1);
@@ -52,18 +51,25 @@ struct _node {
     std::string endExpression;
 };
 
-/// A section that no reader took, as far as it is read.
+/// A section that no reader took, or one that does not read drivers, as far as it is read.
 struct _stranger {
     std::string header;
     qint64 byte = 0;
     qint64 line = 0;
+    _surveyedSection* taken = nullptr;  ///< null: no reader took it
     bool hasFrames = false;
-    bool namesOutput = false;
     bool variesChannels = false;
+    std::string output{};  ///< the line that names an output
 
+    bool isDriver() const { return hasFrames && !output.empty() && !variesChannels; }
     /// A driver has frames and names an output, whatever it is called; a wedge has a method.
-    bool looksLikeDriver() const { return (hasFrames && namesOutput) || variesChannels; }
+    bool looksLikeDriver() const { return (hasFrames && !output.empty()) || variesChannels; }
 };
+
+/// True where another reader may have taken an output driver's section.
+bool mayTakeDrivers(vxP::_sectionReader reader) {
+    return reader == vxP::_sectionReader::camera || reader == vxP::_sectionReader::wedge;
+}
 
 /// Reads line after line.
 class _surveyor {
@@ -84,7 +90,7 @@ class _surveyor {
     _surveyedSection* takenAt(qint64 byte);
     void beginEntry(const _entryHeader& header, const _surveyedLines& lines, _surveyedSection* taken);
     void complete(_surveyedSection& section);
-    QString expressionText(const std::string& bytes);
+    QString keptText(const std::string& bytes);
     std::string* expressionOf(std::string_view channel);
     void readChannel(std::string_view line);
     void readParameter(std::string_view line);
@@ -157,27 +163,25 @@ void _surveyor::beginEntry(const _entryHeader& header, const _surveyedLines& lin
             break;
         case _entryKind::parameters:
             entry = _entry::parameters;
-            isStranger = taken == nullptr;
-            if (isStranger)
-                stranger = {std::string(trimmed(lines.back())), lines.byte, lines.number};
-            else
-                complete(*taken);
+            if (taken != nullptr) complete(*taken);
+            isStranger = taken == nullptr || mayTakeDrivers(observation.sections[taken - survey.taken.data()].reader);
+            if (isStranger) stranger = {std::string(trimmed(lines.back())), lines.byte, lines.number, taken};
             break;
     }
 }
 
 void _surveyor::complete(_surveyedSection& section) {
-    section.isOfFileNode = node.type == fileType;
-    section.startExpression = expressionText(node.startExpression);
-    section.endExpression = expressionText(node.endExpression);
+    section.type = keptText(node.type);
+    section.startExpression = keptText(node.startExpression);
+    section.endExpression = keptText(node.endExpression);
 }
 
 /// Empty where there is no room for it.
-QString _surveyor::expressionText(const std::string& bytes) {
+QString _surveyor::keptText(const std::string& bytes) {
     if (bytes.empty()) return {};
     const QString text = shortened(decoded(bytes));
     if (budget.sectionBytes.take(vxP::bytesOf(text))) return text;
-    ++survey.expressionsLeftOut;
+    ++survey.textsLeftOut;
     return {};
 }
 
@@ -207,18 +211,24 @@ void _surveyor::readParameter(std::string_view line) {
     if (line.starts_with('}')) return endSection();
     if (!vxP::mayMatterToASection(line) || !spend(stepsPerParameter, stranger.byte)) return;
     const auto role = vxP::roleOf(decoded(line));
-    stranger.hasFrames |= role == vxP::_parameterRole::frameRange;
-    stranger.namesOutput |= role == vxP::_parameterRole::output;
+    stranger.hasFrames |= role == vxP::_parameterRole::frameSwitch || role == vxP::_parameterRole::frameRange;
+    if (role == vxP::_parameterRole::output && stranger.output.empty()) stranger.output = line;
     stranger.variesChannels |= line.starts_with(wedgeParameter);
 }
 
 void _surveyor::endSection() {
-    if (isStranger && stranger.looksLikeDriver() && node.type != fileType) addStranger();
+    if (isStranger && node.type != fileNodeType) addStranger();
     isStranger = false;
     entry = _entry::ofNoInterest;
 }
 
 void _surveyor::addStranger() {
+    if (stranger.taken != nullptr) {
+        stranger.taken->isOfDriver = stranger.isDriver();
+        if (stranger.isDriver()) stranger.taken->output = keptText(stranger.output);
+        return;
+    }
+    if (!stranger.looksLikeDriver()) return;
     if (!spend(stepsPerStranger + stepsPerStrangerByte * static_cast<qint64>(stranger.header.size()), stranger.byte))
         return;
     const QString header = decoded(stranger.header);

@@ -19,16 +19,18 @@ namespace vxE {
 
 /// What is known of a section that a reader took.
 struct _surveyedSection {
-    qint64 line = 0;            ///< number of its header's line, from 1; 0: not found
-    bool isOfFileNode = false;  ///< of a node that reads its file, though it has frames as well
-    QString startExpression;    ///< of the channel f1: "$FSTART"; empty: none
-    QString endExpression;      ///< of f2
+    qint64 line = 0;          ///< number of its header's line, from 1; 0: not found
+    QString type;             ///< of the node; empty: the scene does not tell
+    bool isOfDriver = false;  ///< a camera's or wedge's reader took it, and it has frames and names an output
+    QString output;           ///< that line, of such a section
+    QString startExpression;  ///< of the channel f1: "$FSTART"; empty: none
+    QString endExpression;    ///< of f2
 };
 
 struct _sceneSurvey {
     QVector<_surveyedSection> taken;  ///< one for each observed section, in the same order
     QList<_unrecognisedSection> notTaken;
-    qint64 expressionsLeftOut = 0;
+    qint64 textsLeftOut = 0;  ///< of sections that were taken
     qint64 notTakenLeftOut = 0;
     qint64 bytesLeftOut = 0;  ///< at the scene's end, of which only the lines were counted
 };

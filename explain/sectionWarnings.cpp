@@ -2,10 +2,12 @@
 #include <QRegularExpression>
 #include <array>
 
+#include "catalogues/camList.h"
 #include "explain/outcomes.h"
 #include "explain/warnings.h"
 #include "grammar/paramSection.h"
 #include "scan/scanState.h"
+#include "shared/vxLatin.h"
 
 namespace vxE {
 
@@ -22,6 +24,11 @@ struct _checkedSection {
 
     /// A job that there was no memory for is counted all the same.
     bool hasJobs() const { return section.madeJobs() && scene.jobs.at(section.jobsBefore) != nullptr; }
+    bool isOfFileNode() const { return surveyed.type == vxS::latin(fileNodeType); }
+    /// Every driver has frames; a node that only reads a file has none.
+    bool probablyReads() const {
+        return isOfFileNode() || (section.node.startsWith(QLatin1String("/obj/")) && !section.hasFrames);
+    }
     const vxJ::_JobBasics_largePath& firstJob() const { return *scene.jobs.at(section.jobsBefore); }
 
     void warn(QStringView code, const QString& text) const {
@@ -83,6 +90,37 @@ void warnOfStoredFrames(const _checkedSection& checked) {
             QStringLiteral("frames are stored as %1: %2, and the scene's are %3").arg(stored, follows, scenes));
 }
 
+/// Without a range of its own a driver gets the scene's.
+void warnOfCurrentFrame(const _checkedSection& checked) {
+    const auto& settings = checked.firstJob().sceneSettings;
+    if (!checked.section.isOfCurrentFrame || settings.seqStart == settings.seqEnd) return;
+    checked.warn(u"currentFrameOnly",
+                 QStringLiteral("Houdini renders the current frame only, as trange is off; the job has frames %1")
+                     .arg(rangeText(settings.seqStart, settings.seqEnd)));
+}
+
+// ---- size
+
+QString sizeText(qint32 width, qint32 height) {
+    return QStringLiteral("%1x%2").arg(width).arg(height);
+}
+
+/// The size of an override counts whether it is switched on or off.
+void warnOfUnusedSize(const _checkedSection& checked) {
+    const auto& job = checked.firstJob();
+    if (!checked.section.isSizeSwitchedOff || job.imageWidth == 0) return;
+    const qint32 index = vxP::camList.findCamIndexByRenderNode(checked.section.node);
+    if (index < 0) return;
+    const vxP::_camNode& camera = vxP::camList.entries().at(index);
+    const QString size = sizeText(job.imageWidth, job.imageHeight);
+    const QString cameraSize = sizeText(camera.resX, camera.resY);
+    if (camera.camName.isEmpty() || size == cameraSize) return;
+    checked.warn(u"overrideSwitchedOff",
+                 QStringLiteral("size %1 is that of an override which is switched off; camera %2 %3")
+                     .arg(size, camera.camName.toQString(),
+                          camera.resX == 0 ? QStringLiteral("has no known size") : QLatin1String("has ") + cameraSize));
+}
+
 // ---- names
 
 /// The variable that the name's first "$F" begins where that is no frame number: "$FARM".
@@ -117,6 +155,21 @@ void warnOfRelativeNames(const _checkedSection& checked) {
                              .arg(remark.detail));
 }
 
+/// A plain load puts a frame number into names that have none.
+void warnOfAddedFrames(const _checkedSection& checked) {
+    if (checked.probablyReads()) return;
+    for (const _observedRemark& remark : checked.section.remarks) {
+        if (remark.what != _remark::noFrameNumber) continue;
+        const int number = remark.detail.toInt();
+        const auto* const job = checked.scene.jobs.at(number - 1);
+        if (job == nullptr || job->imageSingleOutputFile) continue;
+        checked.warnings.add(
+            u"frameNumberAdded", checked.section.node, {number},
+            QStringLiteral("the scene's output name holds no frame number, the job's has one added: %1")
+                .arg(fileOf(*job)));
+    }
+}
+
 void warnOfTemporaryExport(const _checkedSection& checked) {
     constexpr QLatin1String temporary{"__render__.usd"};
     for (const _observedRemark& remark : checked.section.remarks)
@@ -126,13 +179,11 @@ void warnOfTemporaryExport(const _checkedSection& checked) {
                              .arg(vxP::parameterName(remark.line), temporary));
 }
 
-/// Every driver has frames; a node that only reads a file has none.
 void warnOfReader(const _checkedSection& checked) {
-    if (!checked.section.node.startsWith(QLatin1String("/obj/"))) return;
-    if (checked.surveyed.isOfFileNode)
+    if (checked.isOfFileNode())
         checked.warn(u"readsRatherThanWrites",
                      QStringLiteral("a file node: it probably reads its file rather than writes it"));
-    else if (!checked.section.hasFrames)
+    else if (checked.probablyReads())
         checked.warn(u"readsRatherThanWrites",
                      QStringLiteral("probably reads its file rather than writes it: the node has no frame range"));
 }
@@ -162,8 +213,11 @@ struct _sectionCheck {
 constexpr std::array sectionChecks{
     _sectionCheck{false, warnOfUnusableFrames},
     _sectionCheck{false, warnOfStoredFrames},
+    _sectionCheck{false, warnOfCurrentFrame},
+    _sectionCheck{false, warnOfUnusedSize},
     _sectionCheck{false, warnOfVariablesTakenForFrames},
     _sectionCheck{false, warnOfRelativeNames},
+    _sectionCheck{false, warnOfAddedFrames},
     _sectionCheck{true, warnOfTemporaryExport},
     _sectionCheck{false, warnOfReader},
     _sectionCheck{false, warnOfUnknownTake},

@@ -41,6 +41,9 @@ class _warningList {
     std::map<_key, vxS::_size> places;
 };
 
+/// What a job writes, without its folder: "beauty.####.exr".
+QString fileOf(const vxJ::_JobBasics_largePath& job);
+
 /// Warnings about what sections say: frames, names, files that are read, wedges.
 void warnOfSections(const _loadedScene& scene, _warningList& warnings);
 /// Warnings about what jobs write, with copies for takes and wedges.

@@ -31,6 +31,7 @@ enum class _remark : quint8 {
     noExportName,          ///< no job: a scene description is exported, but there is no name for it
     exportViewerOnly,      ///< no job: the name of the exported scene description is none of a file; detail: the name
     noMoreJobs,            ///< the job array has no room
+    noFrameNumber,         ///< the name of a job's output holds no frame number; detail: the job's number, from 1
     relativeName,          ///< an output name is relative to the current directory; detail: the name
     notACamera,            ///< the node is no camera; detail: the part of its path that tells
     channelsLeftOut,       ///< the numbers of a wedge's channels have gaps

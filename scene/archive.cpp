@@ -14,6 +14,7 @@ namespace {
 constexpr qint64 blockBytes = qint64{64} * 1024;
 constexpr qint64 behindBytes = qint64{4} * 1024;  ///< of a block: small bodies in front of the header looked at
 constexpr qint64 longestName = 4096;
+constexpr qint64 longestMagic = 7;
 constexpr qint64 bytesAroundEntry = 64;
 
 /// How the headers of a kind of archive look: the magic, digits, for the open kind with the sizes of name and body
@@ -62,6 +63,12 @@ const _headerForm& formOf(_archiveKind kind) {
     return *std::find_if(headerForms.begin(), headerForms.end(), [&](const auto& form) { return form.kind == kind; });
 }
 
+_archiveKind kindOf(std::string_view begin) {
+    for (const _headerForm& form : headerForms)
+        if (begin.starts_with(form.magic)) return form.kind;
+    return _archiveKind::none;
+}
+
 /// The NUL behind a name, or what no name holds.
 bool endsName(char byte) {
     return byte >= 0 && byte < ' ';
@@ -93,6 +100,14 @@ qint64 bytesOf(const _entry& entry) {
     return bytesAroundEntry + static_cast<qint64>(entry.name.capacity());
 }
 
+/// Bytes from an offset on, fewer where the source has no more or cannot be read.
+std::string bytesOf(const _byteSource& source, qint64 offset, qint64 most) {
+    std::string bytes(static_cast<std::size_t>(most), '\0');
+    const qint64 got = source.readAt(offset, bytes.data(), most);
+    bytes.resize(static_cast<std::size_t>(std::max<qint64>(got, 0)));
+    return bytes;
+}
+
 }  // namespace
 
 qint64 _memorySource::readAt(qint64 offset, char* data, qint64 most) const {
@@ -106,10 +121,24 @@ _entryName splitEntryName(std::string_view name) {
     return {name.substr(0, dot), name.substr(dot + 1)};
 }
 
+_archiveKind archiveKindOf(const _byteSource& source) {
+    return kindOf(bytesOf(source, 0, longestMagic));
+}
+
+bool endsWithTrailer(const _byteSource& source, _archiveKind kind) {
+    if (kind == _archiveKind::none) return false;
+    const _headerForm& form = formOf(kind);
+    const std::string text = bytesOf(source, std::max<qint64>(source.byteCount() - blockBytes, 0), blockBytes);
+    std::string_view end = text;
+    while (!end.empty() && (endsName(end.back()) || end.back() == ' ')) end.remove_suffix(1);
+    if (!end.ends_with(form.trailer)) return false;
+    end.remove_suffix(form.trailer.size());
+    const auto fixedBytes = static_cast<std::size_t>(form.fixedBytes);
+    return end.size() >= fixedBytes && hasForm(end.substr(end.size() - fixedBytes), form);
+}
+
 _archive::_archive(const _byteSource& bytes) : source(bytes), sourceSize(std::max<qint64>(bytes.byteCount(), 0)) {
-    const std::string begin(bytesAt(0, headerForms.back().fixedBytes));
-    for (const _headerForm& form : headerForms)
-        if (begin.starts_with(form.magic)) archiveKind = form.kind;
+    archiveKind = kindOf(bytesAt(0, longestMagic));
     if (archiveKind == _archiveKind::none) return;
     ahead = headerAt(0);
     isSized = ahead && archiveKind == _archiveKind::open;

@@ -47,6 +47,14 @@ enum class _archiveEnd : quint8 {
     unreadable  ///< the source reported an error; what was read before is there
 };
 
+/// Told by the source's first bytes.
+_archiveKind archiveKindOf(const _byteSource& source);
+
+/// Told by the source's last bytes, whatever its size: true where nothing but zeros and white space follows a trailer.
+/// An archive that is cut right behind the trailer of a definition in it is taken for a whole one.
+/// @param kind  of the source's archive
+bool endsWithTrailer(const _byteSource& source, _archiveKind kind);
+
 /// Bytes of a header in front of the entry's name.
 qint64 headerBytes(_archiveKind kind);
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QString>
+#include <string>
+#include <vector>
 
 #include "host/base/submitterArguments.h"
 #include "host/results/explainedScene.h"
@@ -15,6 +17,13 @@ _explainedScene explainScene(const QString& scene, const _submitterArguments& ar
 
 /// Whether a plug-in that says this of itself is the one that is built into this program, as far as it says.
 bool isOwnPlugin(const _pluginInfo& info);
+
+/// Makes the error of a scene that has no jobs, as no driver has a usable output name, tell of its drivers. It reads
+/// the scene once more.
+void tellWhyThereAreNoJobs(_sceneHead& head, const _submitterArguments& arguments);
+
+/// What the readers of sections are called, in the order in which headers are compared with them.
+std::vector<std::string> readerNames();
 
 /// Which files of a folder are scenes: "*.hip;*.hipnc;".
 QString sceneFileFilter();

@@ -4,11 +4,14 @@
 #include <QJsonDocument>
 
 #include "host/access/askPlugin.h"
+#include "host/access/sceneExplanation.h"
 #include "host/base/resultCodes.h"
 #include "host/base/scenePath.h"
 #include "host/base/systemReason.h"
 #include "host/results/recordReading.h"
 #include "host/results/sceneJson.h"
+#include "input/sceneFile.h"
+#include "input/sceneForm.h"
 
 namespace vxH {
 namespace {
@@ -22,6 +25,21 @@ QString errorOf(qint32 code, const QString& scene) {
     return reason.isEmpty() ? sentenceOfCode(code) : sentenceOfCode(code) + QLatin1String{": "} + reason;
 }
 
+/// The plug-in does not tell whether the file is a scene, or all of one. Where jobs or drivers came of it, it is.
+void lookAtFile(_sceneHead& head, bool hasJobs) {
+    const vxP::_sceneFile file(head.scene);
+    if (!file.isOpen()) return;
+    const auto [form, instead] = vxP::formOf(file);
+    const bool foundNothing = !hasJobs && (head.isLoaded() || head.code == vxP::resultException);
+    if (form != vxP::_sceneForm::none) {
+        head.isComplete = form == vxP::_sceneForm::whole;
+    } else if (foundNothing) {
+        head.code = hostNoScene;
+        head.error = sentenceOfCode(head.code);
+        if (!instead.isEmpty()) head.error += QLatin1String{": "} + instead;
+    }
+}
+
 _sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
                        const _recordReader& read) {
     const vxS::_vxString<500> sceneFileName{scene};
@@ -30,7 +48,9 @@ _sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _
     vxP::_dataPARS_LoadSceneFile load{&sceneFileName, &records, &settings};
     const qint32 code = loader(&load);
     read(records);
-    return {scene, code, errorOf(code, scene), records.message.toQString()};
+    _sceneHead head{scene, code, errorOf(code, scene), records.message.toQString()};
+    lookAtFile(head, records.count > 0);
+    return head;
 }
 
 /// @param answer  makes the result of the absolute path, as JSON, in a child process
@@ -57,7 +77,9 @@ _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _
 
 _sceneResult loadSceneApart(const _askedPlugin& plugin, const char* scene, const _submitterArguments& arguments) {
     return loadApart(plugin, scene, sceneFromJson, [&](const _sceneLoader& loader, const QString& path) {
-        return sceneToJson(loadScene(loader, path, arguments));
+        _sceneResult result = loadScene(loader, path, arguments);
+        tellWhyThereAreNoJobs(result, arguments);
+        return sceneToJson(result);
     });
 }
 
@@ -67,6 +89,7 @@ _sceneVariables loadVariablesApart(const _askedPlugin& plugin, const char* scene
         _sceneVariables result;
         static_cast<_sceneHead&>(result) =
             loadRecords(loader, path, arguments, [&](const auto& records) { result.jobs = variablesOf(records); });
+        tellWhyThereAreNoJobs(result, arguments);
         return variablesToJson(result);
     });
 }

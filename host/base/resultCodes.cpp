@@ -19,12 +19,13 @@ constexpr _codeSentence codeSentences[] = {
     {vxP::resultVersionMismatch, QLatin1String{"the plug-in does not support this version of the records"}},
     {vxP::resultException, QLatin1String{"an exception, a read error or the limit of a load ended it"}},
     {vxP::resultNoMoreJobs, QLatin1String{"a further job could not be added"}},
-    {vxP::resultNoUsableOutput, QLatin1String{"no jobs, only output drivers without usable output names"}},
+    {vxP::resultNoUsableOutput, QLatin1String{"no jobs, as no output driver has a usable output name"}},
     {hostPathUnusable, QLatin1String{"the path cannot be handed to the plug-in"}},
     {hostCrashed, QLatin1String{"crashed"}},
     {hostNoResult, QLatin1String{"ended without a result"}},
     {hostNoPlugin, QLatin1String{"the plug-in cannot be loaded"}},
     {hostTimedOut, QLatin1String{"took longer than the time limit"}},
+    {hostNoScene, QLatin1String{"is no Houdini scene"}},
 };
 
 }  // namespace

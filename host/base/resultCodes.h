@@ -12,6 +12,7 @@ enum _hostCode : qint32 {
     hostNoResult = -3,      ///< the child process could not be started or ended without an answer
     hostNoPlugin = -4,      ///< the plug-in cannot be loaded
     hostTimedOut = -5,      ///< the child process was ended because it took too long
+    hostNoScene = -6,       ///< the file is no scene
 };
 
 /// Exit status of the program; `exitStatuses` says what each means.
@@ -20,8 +21,9 @@ enum _exitStatus : int {
     exitFailed = 1,
     exitUsage = 2,
     exitNoPlugin = 3,
+    exitNoScene = 4,
 
-    // Of a comparison, as in other programs that compare; exitUsage and exitNoPlugin hold for it as well.
+    // Of a comparison, as in other programs that compare; the other statuses hold for it as well.
     exitSame = 0,
     exitDifferent = 1,
     exitTrouble = 2,
@@ -37,13 +39,21 @@ inline constexpr _statusMeaning exitStatuses[] = {
     {exitFailed, "a scene failed, or the output could not be written"},
     {exitUsage, "the command line is wrong"},
     {exitNoPlugin, "the plug-in cannot be loaded"},
+    {exitNoScene, "no scene failed, but a file is no scene"},
 };
 inline constexpr _statusMeaning comparisonStatuses[] = {
     {exitSame, "no difference"},
     {exitDifferent, "differences"},
     {exitTrouble, "a scene failed, the output could not be written, or the command line is wrong"},
     {exitNoPlugin, "the plug-in cannot be loaded"},
+    {exitNoScene, "no scene failed, but a file is no scene"},
 };
+
+/// The status of two that tells the more serious trouble.
+constexpr int worseOf(int status, int other) {
+    const bool isMild = status == exitSuccess || (status == exitNoScene && other != exitSuccess);
+    return isMild ? other : status;
+}
 
 /// What a code of a scene means, without full stop: 3 -> "cannot be opened for reading".
 QString sentenceOfCode(qint32 code);

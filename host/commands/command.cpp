@@ -141,9 +141,13 @@ int noPlugin(const QString& problem) {
     return exitNoPlugin;
 }
 
-int sceneFailed(const _sceneHead& scene) {
-    writeError(QStringLiteral("%1: %2 (code %3)").arg(scene.scene, scene.error, QString::number(scene.code)));
-    return exitFailed;
+int tellOf(const _sceneHead& scene) {
+    const QString problem = scene.problem();
+    if (problem.isEmpty()) return exitSuccess;
+    const QString code = scene.isLoaded() ? QString() : QStringLiteral(" (code %1)").arg(scene.code);
+    writeError(scene.scene + QLatin1String{": "} + problem + code);
+    if (scene.knowsItsJobs()) return exitSuccess;
+    return scene.code == hostNoScene ? exitNoScene : exitFailed;
 }
 
 int outputLost(int error) {

@@ -79,8 +79,8 @@ std::string exitStatusHelp(const _statuses& statuses) {
 
 /// The error line of a plug-in that cannot be loaded. @return the exit status
 int noPlugin(const QString& problem);
-/// The error line of a scene that failed. @return the exit status
-int sceneFailed(const _sceneHead& scene);
+/// The error line of a scene that failed, or of one of which people have to be told something. @return the exit status
+int tellOf(const _sceneHead& scene);
 /// The error line of output that cannot be written. @param error  the errno. @return the exit status
 int outputLost(int error);
 /// Writes the text to the standard output, with a line end behind it.

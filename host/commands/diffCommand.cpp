@@ -29,8 +29,8 @@ int load(const _options& options, const _submitterArguments& submitter, std::arr
     for (const auto* const scene : {&options.oldScene, &options.newScene}) {
         *result = loadSceneApart(plugin, scene->c_str(), submitter);
         if (result->code == hostNoPlugin) return noPlugin(result->error);
-        if (!result->isLoaded()) sceneFailed(*result);
-        if (!result->knowsItsJobs()) status = exitTrouble;
+        const int told = tellOf(*result);
+        status = worseOf(status, told == exitFailed ? int{exitTrouble} : told);
         ++result;
     }
     return status;

@@ -1,7 +1,4 @@
 // vxscene explain
-#include <optional>
-
-#include "explain/readerWords.h"
 #include "host/access/sceneExplanation.h"
 #include "host/commands/allCommands.h"
 #include "host/commands/sceneRun.h"
@@ -32,10 +29,9 @@ _option driverOption(std::string& pattern) {
 }
 
 /// `--reader`
-_option readerOption(std::optional<vxP::_sectionReader>& reader) {
-    std::vector<std::string> names;
-    for (const auto& words : vxE::readerWords) names.emplace_back(words.name.data());
-    const auto choose = [&reader](std::size_t place) { reader = vxE::readerWords[place].reader; };
+_option readerOption(QString& reader) {
+    const auto names = readerNames();
+    const auto choose = [&reader, names](std::size_t place) { reader = QString::fromStdString(names[place]); };
     return wordOption("--reader", names, choose, "Only sections that this reader took");
 }
 

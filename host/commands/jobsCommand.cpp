@@ -60,7 +60,9 @@ int run(const _options& options, const _submitterArguments& submitter) {
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
     const auto load = [&](const QString& scene) -> _explainedScene {
-        return {loadScene(plugin.loadSceneFile, scene, submitter), {}, {}};
+        _explainedScene result{loadScene(plugin.loadSceneFile, scene, submitter), {}, {}};
+        tellWhyThereAreNoJobs(result, submitter);
+        return result;
     };
     return printJobs(options, submitter, {fileFilter, load});
 }

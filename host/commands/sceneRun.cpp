@@ -21,9 +21,9 @@ class _sceneReceiver {
         const bool hasOutput = code >= 0 || !output.isEmpty();  // a plug-in may have codes of any kind
         if (use.printsToTerminal) progress.clear();
         if (!keepsOn(use.take(hasOutput ? output : use.pack({{head, {}}, {}})))) return false;
-        if (head.isLoaded()) return true;
+        if (head.knowsItsJobs() && failure.isEmpty()) return true;
         progress.clear();
-        status = sceneFailed(head);
+        status = worseOf(status, tellOf(head));
         return true;
     }
 
@@ -61,6 +61,11 @@ class _sceneReceiver {
     int status = exitSuccess;
 };
 
+/// What the error stream has to say. That a scene has no jobs is a result like others.
+QString lineOf(const _sceneHead& scene) {
+    return !scene.knowsItsJobs() || scene.isCut() ? scene.problem() : QString{};
+}
+
 _batchLimits limitsOf(const _sceneOptions& options) {
     return {options.parallel, options.timeout, _batchLimits::windowFor(options.parallel)};
 }
@@ -73,7 +78,7 @@ int runScenes(const _sceneOptions& options, const _sceneSource& source, const _s
     _sceneReceiver receiver{use, progress};
     const auto work = [&](const QString& path) -> _childResult {
         const auto scene = source.load(path);
-        return {scene.code, scene.error, use.pack(scene)};
+        return {scene.code, lineOf(scene), use.pack(scene)};
     };
     runBatch(scenes, work, limitsOf(options), progress, [&](const auto& result) { return receiver.receive(result); });
     return receiver.finish();

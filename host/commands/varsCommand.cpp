@@ -48,7 +48,7 @@ int run(const _options& options, const _submitterArguments& submitter) {
     } else {
         print(variableLines(result.jobs));
     }
-    return result.isLoaded() ? exitSuccess : sceneFailed(result);
+    return tellOf(result);
 }
 
 }  // namespace

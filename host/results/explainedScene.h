@@ -17,8 +17,12 @@ struct _explainedScene : _sceneResult {
 /// The members of sceneJson.h and, of a scene that was read, those of explanationJson.h that were asked for.
 QJsonObject explainedToJson(const _explainedScene& scene);
 
+/// Why a scene has no jobs: its drivers, none of which gives one, or that there are none. One line.
+QString whyNoJobs(const vxE::_explanation& explanation);
+
 /// True for a section that gave no job, and that nobody misses in the job list: what was kept to be used by drivers,
-/// the inner nodes of cameras, and nodes outside out/ that have nothing of a driver but a part of their path.
+/// the inner nodes of cameras, nodes that read files, and nodes outside out/ that have nothing of a driver but a part
+/// of their path.
 bool isAside(const vxE::_explainedSection& section);
 
 /// True for a section that people miss in the job list: nothing came of it, and it is none of those above.

@@ -1,7 +1,5 @@
 #include "host/results/explanationFilter.h"
 
-#include "explain/readerWords.h"
-
 namespace vxH {
 
 _explanationParts _explanationFilter::parts() const {
@@ -14,7 +12,7 @@ _explanationParts _explanationFilter::parts() const {
 QJsonObject filterToJson(const _explanationFilter& filter) {
     QJsonObject object;
     if (!filter.driver.empty()) object.insert(QLatin1String{"driver"}, QString::fromStdString(filter.driver));
-    if (filter.reader) object.insert(QLatin1String{"reader"}, vxE::wordsOf(*filter.reader).name);
+    if (!filter.reader.isEmpty()) object.insert(QLatin1String{"reader"}, filter.reader);
     if (filter.only != nullptr) object.insert(QLatin1String{"only"}, QLatin1String{filter.only->name});
     return object;
 }

@@ -2,11 +2,9 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QString>
 #include <array>
-#include <optional>
 #include <string>
-
-#include "scan/scanObserver.h"
 
 namespace vxH {
 
@@ -38,10 +36,10 @@ struct _explanationFilter {
     /// Pattern of fnmatch(3), in which "*" may stand for "/", too. Without "/" it is compared with the last part of a
     /// node's path. Empty: any node
     std::string driver;
-    std::optional<vxP::_sectionReader> reader;  ///< none: any
-    const _explanationPart* only = nullptr;     ///< null: all parts
+    QString reader;                          ///< name of one; empty: any
+    const _explanationPart* only = nullptr;  ///< null: all parts
 
-    bool asksForNodes() const { return !driver.empty() || reader.has_value(); }
+    bool asksForNodes() const { return !driver.empty() || !reader.isEmpty(); }
     /// Facts are those of the whole scene: for some nodes they are shown only where they are asked for.
     _explanationParts parts() const;
 };

@@ -2,8 +2,6 @@
 
 #include <QJsonArray>
 
-#include "explain/readerWords.h"
-
 namespace vxH {
 namespace {
 
@@ -99,8 +97,9 @@ QLatin1String nameOf(vxE::_outcomeKind kind) {
 }
 
 QJsonObject sectionToJson(const vxE::_explainedSection& section) {
-    return {{QLatin1String{"reader"}, vxE::wordsOf(section.reader).name},
+    return {{QLatin1String{"reader"}, section.readerName},
             {QLatin1String{"node"}, section.node},
+            {QLatin1String{"type"}, section.type},
             {QLatin1String{"line"}, section.line},
             {QLatin1String{"byte"}, section.byte},
             {QLatin1String{"hasFrames"}, section.hasFrames},

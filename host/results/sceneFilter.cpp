@@ -17,12 +17,15 @@ class _nodeMatch {
           isOfName(asked.driver.find('/') == std::string::npos) {}
 
     bool takes(const vxE::_explainedSection& section) {
-        const bool isTaken = (!filter.reader || section.reader == *filter.reader) && takesNode(section.node);
+        const bool isTaken =
+            (filter.reader.isEmpty() || section.readerName == filter.reader) && takesNode(section.node);
         if (isTaken) sectionNodes.insert(section.node);
         return isTaken && takesOutcome(section);
     }
 
-    bool takes(const vxE::_unrecognisedSection& section) const { return !filter.reader && takesNode(section.node); }
+    bool takes(const vxE::_unrecognisedSection& section) const {
+        return filter.reader.isEmpty() && takesNode(section.node);
+    }
 
     /// @pre all sections were looked at
     bool takes(const vxE::_warning& warning) const {
@@ -46,7 +49,7 @@ class _nodeMatch {
     }
 
     bool takesWarned(const QString& node) const {
-        return filter.reader ? sectionNodes.contains(node) : !node.isEmpty() && takesNode(node);
+        return filter.reader.isEmpty() ? !node.isEmpty() && takesNode(node) : sectionNodes.contains(node);
     }
 
     const _explanationFilter& filter;

@@ -15,6 +15,7 @@ constexpr int formatVersion = 1;  // docs/schema/README.md says what raises it
 constexpr QLatin1String sceneKey{"scene"};
 constexpr QLatin1String codeKey{"code"};
 constexpr QLatin1String errorKey{"error"};
+constexpr QLatin1String completeKey{"complete"};
 constexpr QLatin1String messageKey{"message"};
 constexpr QLatin1String jobsKey{"jobs"};
 constexpr QLatin1String jobKey{"job"};
@@ -22,8 +23,10 @@ constexpr QLatin1String layerKey{"layer"};
 constexpr QLatin1String variablesKey{"variables"};
 
 _sceneHead headFromJson(const QJsonObject& object) {
-    return {object[sceneKey].toString(), object[codeKey].toInt(), object[errorKey].toString(),
-            object[messageKey].toString()};
+    _sceneHead head{object[sceneKey].toString(), object[codeKey].toInt(), object[errorKey].toString(),
+                    object[messageKey].toString()};
+    if (object.contains(completeKey)) head.isComplete = object[completeKey].toBool();
+    return head;
 }
 
 /// JSON with `\u` for what could steer a terminal or reorder a line. Outside its texts only line ends are of that kind.
@@ -56,6 +59,7 @@ static void readJson(const QJsonValue& value, _jobVariables& job) {
 QJsonObject headToJson(const _sceneHead& head) {
     QJsonObject object{{sceneKey, head.scene}, {codeKey, head.code}};
     if (!head.isLoaded()) object.insert(errorKey, head.error);
+    if (head.isComplete) object.insert(completeKey, *head.isComplete);
     return object;
 }
 

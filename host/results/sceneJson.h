@@ -7,7 +7,7 @@
 
 namespace vxH {
 
-/// Members `scene`, `code` and, of a scene that failed, `error`.
+/// Members `scene`, `code`, `error` where the code is not 1, and `complete` where that is known.
 QJsonObject headToJson(const _sceneHead& head);
 
 /// The same with `message` and `jobs`, see jobFields.h.

@@ -1,5 +1,8 @@
 #include "host/results/sceneResult.h"
 
+#include <QStringList>
+
+#include "explain/explanation.h"
 #include "jobs/VX_DataTypes_plugin.h"
 
 namespace vxH {
@@ -12,8 +15,19 @@ bool _sceneHead::knowsItsJobs() const {
     return isLoaded() || code == vxP::resultNoUsableOutput;
 }
 
+QString _sceneHead::problem() const {
+    QStringList lines;
+    if (!error.isEmpty()) lines.append(error);
+    if (isCut()) lines.append(vxE::sceneCutText.toString());
+    return lines.join(QLatin1String("; "));
+}
+
 _sceneHead failedHead(const QString& scene, qint32 code, const QString& error) {
-    return {scene, code, error, {}};
+    _sceneHead head;
+    head.scene = scene;
+    head.code = code;
+    head.error = error;
+    return head;
 }
 
 }  // namespace vxH

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include "host/results/job.h"
@@ -10,14 +11,18 @@ namespace vxH {
 
 /// What every result tells.
 struct _sceneHead {
-    QString scene;    ///< absolute path
-    qint32 code = 0;  ///< the plug-in's, or a `_hostCode`
-    QString error;    ///< one line; empty for a scene that was loaded
-    QString message;  ///< submitter options of the whole submission
+    QString scene;                     ///< absolute path
+    qint32 code = 0;                   ///< the plug-in's, or a `_hostCode`
+    QString error;                     ///< one line, also on why a scene has no jobs; empty for a scene that was loaded
+    QString message;                   ///< submitter options of the whole submission
+    std::optional<bool> isComplete{};  ///< false: the file ends before the scene does; none: not known
 
     bool isLoaded() const;
-    /// A scene without usable output names has failed, but its jobs are known: there are none.
+    bool isCut() const { return isComplete == false; }
+    /// False for a scene that failed. One whose drivers have no usable output names has not: there are no jobs.
     bool knowsItsJobs() const;
+    /// One line: the error, and that the scene is cut; empty: neither.
+    QString problem() const;
 };
 
 struct _sceneResult : _sceneHead {

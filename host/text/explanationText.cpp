@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 
-#include "explain/readerWords.h"
 #include "host/base/displayText.h"
 #include "host/text/jobTable.h"
 
@@ -132,7 +131,7 @@ _sectionRow rowOf(const vxE::_explainedSection& section) {
     const QString copies =
         section.copies.isEmpty() ? QString() : QStringLiteral(" (and copies: %1)").arg(section.copies.size());
     const bool hasDetails = isSkippedDriver(section);
-    return {QString::number(section.line), vxE::wordsOf(section.reader).name, section.node, section.text + copies,
+    return {QString::number(section.line), section.readerName, section.node, section.text + copies,
             hasDetails ? section.details : QStringList()};
 }
 

@@ -318,7 +318,7 @@ QStringList explanationLines(const _explainedScene& scene, const _submitterArgum
 
 QString sceneSummary(const _sceneResult& result) {
     return printable(result.scene + QLatin1String{": "} + houdiniVersion(result.jobs) +
-                     jobCountText(result.jobs.size()));
+                     (result.knowsItsJobs() && !result.isLoaded() ? result.error : jobCountText(result.jobs.size())));
 }
 
 QStringList jobTable(const _explainedScene& scene, const _tableOptions& options, const _terminal& terminal) {
@@ -328,8 +328,8 @@ QStringList jobTable(const _explainedScene& scene, const _tableOptions& options,
 
 QString jobText(const _explainedScene& scene, const _submitterArguments& submitter, const _tableOptions& options,
                 const _terminal& terminal) {
-    const bool errorSaysAll = !scene.isLoaded() && scene.jobs.empty() && !scene.explanation.isSceneRead;
-    if (errorSaysAll) return {};
+    const bool failedWithoutJobs = !scene.knowsItsJobs() && scene.jobs.empty();
+    if (failedWithoutJobs) return {};  // its line on the error stream says all
     auto lines = QStringList{sceneSummary(scene)} + jobTable(scene, options, terminal);
     const auto notes = explanationLines(scene, submitter, options.isWide ? 0 : terminal.width);
     for (const auto& note : notes) lines += coloured(note, terminal.colour ? markedColour : QLatin1String{});

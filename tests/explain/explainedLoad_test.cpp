@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/archiveText.h"
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
 
@@ -50,6 +51,8 @@ const _outcomeCase outcomeCases[] = {
     {"alembic_reader", driver("filename=a.abc|objectPath=/geo"), "notAnAlembicWriter", "objectPath"},
     {"camera", driver("res=1280\t720", "obj/cam1"), "", "camera"},
     {"helper_of_camera", driver("res=1\t1", "obj/cam1/xform1"), "notACamera", "'xform'"},
+    {"driver_called_like_a_camera", driver("trange=\"on\"|filename=/a.abc", "out/cam1"), "takenForCamera", "a camera"},
+    {"driver_called_like_a_wedge", driver("trange=\"on\"|vm_picture=/a", "out/wedge1"), "takenForWedge", "a wedge"},
     {"wedge", driver("driver=/out/a|wedgemethod=channel|steps1=3", "out/wedge1"), "", "repeated"},
     {"wedge_by_take", driver("driver=/out/a|wedgemethod=take|steps1=3", "out/wedge1"), "wedgeMethod", "'take'"},
     {"wedge_by_wire", driver("driver=\"\"|wedgemethod=channel|steps1=3", "out/wedge1"), "wedgeWithoutDriver", ""},
@@ -155,6 +158,11 @@ struct _warningCase {
     const char* code;  // empty: no warning
 };
 
+QByteArray sizedDriver(const QByteArray& isOverridden, const QByteArray& size) {
+    return driver("res=640\t480", "obj/cam1") +
+           driver("camera=/obj/cam1|override_camerares=" + isOverridden + "|res_override=" + size + '|' + soundDriver);
+}
+
 const QByteArray followingFrames = channels("out/a", "$FSTART", "$FEND");
 
 const _warningCase warningCases[] = {
@@ -167,6 +175,18 @@ const _warningCase warningCases[] = {
     {"frames_of_this_scene", "frange 1 240\n" + followingFrames + framesDriver("[ f1\t1 ] \t[ f2\t240 ] \t1"), ""},
     {"expression_of_another_node", channels("out/b", "$FSTART", "$FEND") + framesDriver("[ f1\t0 ] \t[ f2\t0 ] \t1"),
      ""},
+    {"current_frame", driver(QByteArray("trange=\"off\"|") + soundDriver), "currentFrameOnly"},
+    {"current_frame_of_one", "frange 7 7\n" + driver(QByteArray("trange=\"off\"|") + soundDriver), ""},
+    {"override_off", sizedDriver("\"off\"", "1280\t720"), "overrideSwitchedOff"},
+    {"override_off_of_the_same_size", sizedDriver("\"off\"", "640\t480"), ""},
+    {"override_on", sizedDriver("\"on\"", "1280\t720"), ""},
+    {"frame_number_added", driver("vm_picture=/a.exr"), "frameNumberAdded"},
+    {"frame_number_by_format", driver("vm_picture=/a.%04d.exr"), ""},
+    {"number_sign", driver("vm_picture=/a#.$F4.exr"), "oddOutput"},
+    {"blank_at_the_end_of_a_folder", driver("vm_picture=\"/b /a.$F4.exr\""), "oddOutput"},
+    {"question_mark", driver("vm_picture=/a?.$F4.exr"), "oddOutput"},
+    {"no_extension", driver("vm_picture=/a$F4"), "oddOutput"},
+    {"cut", vxTest::openEntry({"a.init", "x"}).c_str(), "sceneCut"},
     {"variable_for_frame", driver("vm_picture=$FARM/a.exr"), "variableTakenForFrame"},
     {"frame_with_fraction", driver("vm_picture=/a.$FF.exr"), ""},
     {"undefined_variable", driver("vm_picture=$SHOW/a.$F4.exr"), "undefinedVariable"},

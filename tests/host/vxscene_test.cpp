@@ -6,8 +6,10 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <filesystem>
+#include <fstream>
 
 #include "tests/host/hostProgram.h"
+#include "tests/support/archiveText.h"
 #include "tests/testText.h"
 
 namespace {
@@ -36,7 +38,6 @@ struct _failure {
 };
 constexpr _failure failures[] = {
     {"cannotOpen", 3, "cannot be opened for reading: No such file or directory", 0},
-    {"noUsableOutput", 25, "without usable output names", 0},
     {"jobThenNoMore", 7, "could not be added", 1},
     {"strangeCode", 42, "code of its own", 0},
     {"segmentationFault", -2, "crashed (signal 11)", 0},
@@ -132,6 +133,53 @@ TEST_P(CommandLine, GivesItsTextOrOneLineAndAStatus) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, CommandLine, testing::ValuesIn(usages), vxTest::rowName);
+
+/// Whether a file is a scene, all of one, or one that renders nothing is told by every command that reads it.
+TEST(VxScene, FilesAreToldFromScenes) {
+    const auto folder = fs::temp_directory_path() / ("scenes" + std::to_string(getpid()));
+    fs::create_directory(folder);
+    const auto write = [&](const char* name, const std::string& bytes) {
+        const auto path = folder / name;
+        std::ofstream{path, std::ios::binary} << bytes;
+        return path.native();
+    };
+    const auto page = write("page.hip", "<html>");
+    const auto cut = write("cut.hip", openEntry({".start", "fps 24\n"}));
+    const auto viewer = write("viewer.hip", "out/a.parm {\ntrange\t(\t\"on\"\t)\nvm_picture\t(\tip\t)\n}\n");
+    const auto nodes = write("nodes.hip", "obj/arnold1.parm {\n}\n");
+    struct {
+        std::vector<std::string> arguments;
+        int status;
+        QByteArray out;
+        QByteArray error;
+    } const rows[] = {
+        {{"jobs", page, viewer},
+         4,
+         "1 output driver gives none: /out/a\n",
+         "page.hip: is no Houdini scene: it looks like"},
+        {{"jobs", page, "/no/such.hip"}, 1, "", "(code 3)"},
+        {{"jobs", nodes}, 0, "no output drivers\n", ""},
+        {{"jobs", cut}, 0, "no jobs", "cut.hip: the scene is cut off"},
+        {{"jobs", "--format=json", cut}, 0, "\"complete\": false", "cut off"},
+        {{"explain", "--format=json", viewer}, 0, "\"complete\": true", ""},
+        {{"explain", cut}, 0, "\n  the scene is cut off", "cut off"},
+        {{"explain", page}, 4, "", "page.hip"},
+        {{"report", page}, 4, "looks like an HTML page", "page.hip"},
+        {{"vars", page}, 4, "", "page.hip"},
+        {{"vars", viewer}, 0, "", "gives none: /out/a (code 25)"},
+        {{"diff", viewer, page}, 4, "", "page.hip"},
+        {{"diff", page, "/no/such.hip"}, 2, "", "(code 3)"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.arguments.front() + ' ' + row.arguments.back());
+        const auto host = run(VX_SCENE_PROGRAM, row.arguments);
+        EXPECT_EQ(host.status, row.status);
+        EXPECT_TRUE(host.out.contains(row.out)) << host.out.constData();
+        EXPECT_TRUE(row.error.isEmpty() ? host.error.isEmpty() : host.error.contains(row.error))
+            << host.error.constData();
+    }
+    fs::remove_all(folder);
+}
 
 TEST(VxScene, EverySceneMeetsFreshStateItsAbsolutePathAndTheArguments) {
     const auto host = runJobs({"--format=json", "./tellLoad.hip", "tellLoad.hip", "--", "-x", "--format", "--"});

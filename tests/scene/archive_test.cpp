@@ -72,6 +72,7 @@ const _archiveCase archiveCases[] = {
     {"empty", "", "", _archiveEnd::cut},
     {"no_archive", "some text\nof lines\n", "", _archiveEnd::cut},
     {"bytes_behind_the_trailer", openTwo + openTwo, twoEntries, _archiveEnd::complete},
+    {"padded", openTwo + std::string(1000, '\0'), twoEntries, _archiveEnd::complete},
     {"no_trailer", beginOfOpen, "a.init=x\n", _archiveEnd::cut},
     {"no_licensed_trailer", licensedEntry(two[0]), "a.init=x\n", _archiveEnd::cut},
     {"cut_in_a_body", openTwo.substr(0, beginOfOpen.size() + 87), "a.init=x\n a.b.parm={\n", _archiveEnd::cut},
@@ -102,6 +103,7 @@ TEST_P(Archive, GivesItsEntriesAndHowItEnds) {
     _archive archive(source);
     EXPECT_EQ(entriesOf(archive), GetParam().entries);
     EXPECT_EQ(archive.end(), GetParam().end);
+    EXPECT_EQ(endsWithTrailer(source, archiveKindOf(source)), GetParam().end != _archiveEnd::cut);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Archive, testing::ValuesIn(archiveCases), vxTest::rowName);
