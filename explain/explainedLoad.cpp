@@ -74,6 +74,7 @@ QList<_explainedSection> explainedSections(const _loadedScene& scene) {
         explained.jobs = jobsOf(section);
         if (section.madeJobs()) explained.copies = copies.value(section.node.left(longestLayer));
         explained.details = detailsOf(section);
+        explained.resolved = section.resolved;
         list.append(explained);
     }
     return list;
@@ -117,6 +118,7 @@ qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanati
     leftOut.notRecognised = survey.notTakenLeftOut;
     leftOut.bytes = survey.bytesLeftOut;
     explanation.isSceneRead = true;
+    explanation.isResolved = facts.resolves;
     explanation.facts = explainedFacts(facts, observation.hasFrameRange, budget.factBytes, leftOut);
     explanation.sections = explainedSections(scene);
     explanation.notRecognised = survey.notTaken;

@@ -25,6 +25,7 @@ struct _observedSection {
     bool isEnded = false;    ///< false: the load ended inside the section
     bool hasFrames = false;  ///< a parameter of frames was met
     QList<_observedRemark> remarks;
+    QList<vxP::_resolvedValue> resolved;  ///< in the order in which they were computed
 
     bool madeJobs() const { return jobsAfter > jobsBefore; }
     /// The first remark of that kind; null when there is none.
@@ -48,6 +49,7 @@ class _sceneObservation : public vxP::_scanObserver {
     void readerTakes(vxP::_sectionReader reader, const QString& nodePath) override;
     void parameter(const QString& line) override;
     void remark(vxP::_remark what, const QString& line, const QString& detail) override;
+    void resolved(const vxP::_resolvedValue& value) override;
     void sectionEnds(qint32 jobs) override;
     /// The load is over, maybe inside a section.
     void loadEnds();

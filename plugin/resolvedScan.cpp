@@ -1,6 +1,5 @@
 #include "plugin/resolvedScan.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "input/sceneLine.h"
@@ -30,13 +29,6 @@ QString linesOfScene(const vxN::_scene& scene) {
     }
     for (const vxN::_take& take : scene.takes().all()) lines += QStringLiteral("take name %1\n").arg(qt(take.name));
     return lines;
-}
-
-/// Nodes of several networks share the names of their types: a driver has what tells the file that it writes.
-bool namesAnOutput(const vxN::_node& node, const _nodeType& type) {
-    return std::any_of(type.outputs.begin(), type.outputs.end(), [&](const _outputParameter& output) {
-        return !output.name.empty() && node.parameter(output.name) != nullptr;
-    });
 }
 
 /// The kind of section that a node has, by its type; by its path where the scene does not hold its type.

@@ -1,16 +1,62 @@
 #include "host/access/sceneExplanation.h"
 
 #include "explain/explainedLoad.h"
-#include "host/access/sceneLoad.h"
 #include "plugin/sceneLoad.h"
 
 namespace vxH {
+namespace {
+
+/// Bytes that the notes of all jobs may take: copies for takes and wedges repeat those of their driver.
+constexpr qint64 mostBytesOfNotes = qint64{32} * 1024 * 1024;
+
+qint64 bytesOf(const QList<vxP::_resolvedValue>& values) {
+    qint64 sum = 0;
+    for (const auto& one : values)
+        sum += static_cast<qint64>(sizeof one) + vxP::bytesOf(one.node) + vxP::bytesOf(one.parameter) +
+               vxP::bytesOf(one.expression) + vxP::bytesOf(one.stored) + vxP::bytesOf(one.value) +
+               vxP::bytesOf(one.reason);
+    return sum;
+}
+
+/// Tells each job of a resolved load what was computed for it.
+void addNotes(_explainedScene& explained) {
+    if (!explained.explanation.isResolved) return;
+    vxE::_share room(mostBytesOfNotes);
+    for (const auto& section : explained.explanation.sections) {
+        const qint64 bytes = bytesOf(section.resolved);
+        for (const int number : section.jobs + section.copies) {
+            auto& job = explained.jobs[static_cast<std::size_t>(number) - 1];
+            if (room.take(bytes)) job.resolved = section.resolved;
+        }
+    }
+}
+
+}  // namespace
 
 _explainedScene explainScene(const QString& scene, const _submitterArguments& arguments) {
     _explainedScene explained;
     const auto loader = [&](auto* load) { return vxE::loadExplained(*load, explained.explanation); };
     static_cast<_sceneResult&>(explained) = loadScene(loader, scene, arguments);
+    addNotes(explained);
     return explained;
+}
+
+_sceneResult loadWithNotes(const QString& scene, const _submitterArguments& arguments) {
+    return explainScene(scene, arguments);
+}
+
+_sceneLoader builtInLoader() {
+    return [](auto* load) {
+        vxP::_sceneFacts facts;
+        return vxP::loadScene(*load, facts);
+    };
+}
+
+bool asksToResolve(const _submitterArguments& arguments) {
+    const vxP::_submitterSettings settings{static_cast<qint32>(arguments.size()), arguments.data()};
+    vxP::_sceneFacts facts;
+    vxP::readSubmitterArguments(settings, facts);
+    return facts.resolves;
 }
 
 QString sceneFileFilter() {

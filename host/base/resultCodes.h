@@ -12,6 +12,7 @@ enum _hostCode : qint32 {
     hostNoResult = -3,      ///< the child process could not be started or ended without an answer
     hostNoPlugin = -4,      ///< the plug-in cannot be loaded
     hostTimedOut = -5,      ///< the child process was ended because it took too long
+    hostNotInScene = -6,    ///< the scene does not hold what was asked for
 };
 
 /// Exit status of the program; `exitStatuses` says what each means.

@@ -134,7 +134,7 @@ void addArgument(CLI::App& line, const _option& argument) {
     };
     auto* const added = argument.repeats ? line.add_option_function(argument.label, takeAll, argument.description)
                                          : line.add_option_function(argument.label, take, argument.description);
-    added->required()->type_name("");
+    added->required(!argument.isOptional)->type_name("");
 }
 
 /// @param command  has to outlive the program, whose parser gives it the values

@@ -1,6 +1,7 @@
 // vxscene explain
 #include "host/access/sceneExplanation.h"
 #include "host/commands/allCommands.h"
+#include "host/commands/resolvingLook.h"
 #include "host/commands/sceneRun.h"
 #include "host/text/explanationText.h"
 
@@ -14,8 +15,15 @@ struct _options {
 };
 
 int run(const _options& options, const _submitterArguments& submitter) {
-    const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
-    return printScenes(options.scenes, {sceneFileFilter(), explain}, *options.format);
+    const bool looks = options.format == &options.formats.front() && !asksToResolve(submitter);
+    const auto explain = [&](const QString& scene) {
+        if (!looks) return explainScene(scene, submitter);
+        _resolvingLook look(builtInLoader(), scene, submitter, options.scenes.timeout);
+        auto result = explainScene(scene, submitter);
+        result.whenResolved = look.compareWith(result);
+        return result;
+    };
+    return printScenes(options.scenes, sceneFileFilter(), explain, *options.format);
 }
 
 }  // namespace

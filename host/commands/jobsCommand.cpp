@@ -3,6 +3,7 @@
 #include "host/access/sceneExplanation.h"
 #include "host/access/sceneLoad.h"
 #include "host/commands/allCommands.h"
+#include "host/commands/resolvingLook.h"
 #include "host/commands/sceneRun.h"
 #include "host/text/jobTable.h"
 
@@ -25,10 +26,19 @@ int run(const _options& options, const _submitterArguments& submitter) {
     if (!infoProblem.isEmpty()) writeError(QStringLiteral("%1: %2").arg(path, infoProblem));
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
+    const bool isOwnPlugin = path == defaultPlugin();
+    const bool isText = options.format == &options.formats.front();
+    const bool resolves = asksToResolve(submitter);
     const auto load = [&](const QString& scene) -> _explainedScene {
-        return {loadScene(plugin.loadSceneFile, scene, submitter), {}};
+        if (resolves && isOwnPlugin && !isText) return {loadWithNotes(scene, submitter), {}};
+        const auto loadPlainly = [&] { return loadScene(plugin.loadSceneFile, scene, submitter); };
+        if (resolves || !isOwnPlugin || !isText) return {loadPlainly(), {}};
+        _resolvingLook look(plugin.loadSceneFile, scene, submitter, options.scenes.timeout);
+        _explainedScene result{loadPlainly(), {}};
+        result.whenResolved = look.compareWith(result);
+        return result;
     };
-    return printScenes(options.scenes, {fileFilter, load}, *options.format);
+    return printScenes(options.scenes, fileFilter, load, *options.format);
 }
 
 }  // namespace

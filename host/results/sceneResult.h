@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include "host/results/job.h"
@@ -20,8 +21,15 @@ struct _sceneHead {
     bool knowsItsJobs() const;
 };
 
+/// What resolving a scene would make of its jobs.
+struct _whenResolved {
+    int differ = 0;  ///< change or go
+    int come = 0;
+};
+
 struct _sceneResult : _sceneHead {
-    std::vector<_job> jobs;  ///< with those made before a failure
+    std::vector<_job> jobs;                       ///< with those made before a failure
+    std::optional<_whenResolved> whenResolved{};  ///< none: nobody looked
 };
 
 /// The variables of one job.

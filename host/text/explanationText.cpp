@@ -6,6 +6,8 @@
 #include "explain/readerWords.h"
 #include "host/base/displayText.h"
 #include "host/text/jobTable.h"
+#include "host/text/resolvingText.h"
+#include "host/text/valueLine.h"
 
 namespace vxH {
 namespace {
@@ -162,6 +164,12 @@ struct _widths {
     int node = 4;
 };
 
+/// A value with its node where that is another one than the section's.
+QString resolvedLine(const vxE::_explainedSection& section, const vxP::_resolvedValue& value) {
+    const QString name = value.node == section.node ? value.parameter : value.node + QLatin1Char('/') + value.parameter;
+    return valueLine({name, value.expression, value.stored, value.value, value.reason});
+}
+
 void addSections(const QList<vxE::_explainedSection>& sections, _text& text) {
     if (sections.isEmpty()) return;
     const auto rows = rowsOf(sections);
@@ -170,12 +178,14 @@ void addSections(const QList<vxE::_explainedSection>& sections, _text& text) {
     auto row = rows.begin();
     for (const auto& section : sections) {
         const QString line = widths.lineOf(*row++);
-        if (!isSkippedDriver(section)) {
+        const QString indent(widths.line + 14, QLatin1Char(' '));
+        if (isSkippedDriver(section)) {
+            text.marked(line);
+            for (const auto& detail : section.details) text.line(indent + detail);
+        } else {
             text.line(line);
-            continue;
         }
-        text.marked(line);
-        for (const auto& detail : section.details) text.line(QString(widths.line + 14, QLatin1Char(' ')) + detail);
+        for (const auto& value : section.resolved) text.line(indent + resolvedLine(section, value));
     }
 }
 
@@ -205,7 +215,7 @@ QString explanationText(const _explainedScene& scene, const _terminal& terminal)
     addSections(explanation.sections, text);
     addNotRecognised(explanation.notRecognised, text);
     addWarnings(explanation.warnings, text);
-    return text.lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+    return text.lines.join(QLatin1Char('\n')) + QLatin1Char('\n') + resolvingText(scene);
 }
 
 }  // namespace vxH

@@ -8,6 +8,7 @@
 
 #include "host/base/displayText.h"
 #include "host/results/jobCells.h"
+#include "host/text/resolvingText.h"
 
 namespace vxH {
 namespace {
@@ -164,10 +165,11 @@ QStringList jobTable(const _sceneResult& result, const _terminal& terminal) {
 }
 
 QString jobText(const _sceneResult& result, const _terminal& terminal) {
+    const QString hint = resolvingText(result);
     const bool failedWithoutJobs = !result.isLoaded() && result.jobs.empty();
-    if (failedWithoutJobs) return {};  // its line on the error stream says all
+    if (failedWithoutJobs && hint.isEmpty()) return {};  // its line on the error stream says all
     const auto lines = QStringList{sceneSummary(result)} + jobTable(result, terminal);
-    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n') + hint;
 }
 
 }  // namespace vxH

@@ -15,7 +15,7 @@ QString sceneSummary(const _sceneResult& result);
 /// on a narrow terminal columns are left out, the driver's last. Characters that could steer a terminal become "?".
 QStringList jobTable(const _sceneResult& result, const _terminal& terminal);
 
-/// Both as text, each line with its end; empty for a scene that failed without jobs.
+/// Both and what resolving would change as text, each line with its end; empty for a scene that failed without jobs.
 QString jobText(const _sceneResult& result, const _terminal& terminal);
 
 }  // namespace vxH

@@ -1,0 +1,14 @@
+// What resolving a scene would change, in a line.
+#pragma once
+
+#include <QString>
+
+#include "host/results/sceneResult.h"
+
+namespace vxH {
+
+/// "5 of 12 jobs differ when resolved, 2 more come: --resolve", with its line end; empty where nothing would change or
+/// nobody looked.
+QString resolvingText(const _sceneResult& scene);
+
+}  // namespace vxH
