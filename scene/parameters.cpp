@@ -137,6 +137,7 @@ std::string componentName(const _parameter& parameter, std::size_t place) {
     if (parameter.values[place].isDriven()) return std::string(parameter.values[place].channel);
     const std::string stem(parameter.name);
     if (parameter.values.size() == 1) return stem;
+    if (parameter.values.size() > mostComponents) return {};
     const auto isDriven = [](const _value& value) { return value.isDriven(); };
     if (std::none_of(parameter.values.begin(), parameter.values.end(), isDriven)) return {};
     if (areNamedBy(parameter, numberEnding)) return stem + numberEnding(place);

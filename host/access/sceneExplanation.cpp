@@ -25,8 +25,9 @@ void addNotes(_explainedScene& explained) {
     for (const auto& section : explained.explanation.sections) {
         const qint64 bytes = bytesOf(section.resolved);
         for (const int number : section.jobs + section.copies) {
-            auto& job = explained.jobs[static_cast<std::size_t>(number) - 1];
-            if (room.take(bytes)) job.resolved = section.resolved;
+            const auto index = static_cast<std::size_t>(number) - 1;
+            const bool isRecord = index < explained.jobs.size();  // the array may count one more than it has room for
+            if (isRecord && room.take(bytes)) explained.jobs[index].resolved = section.resolved;
         }
     }
 }

@@ -91,7 +91,7 @@ class _valueReader {
         node = one.node;
         const QString path = qt(one.path);
         const QString type = qt(node.type());
-        const std::size_t first = into.values.size();
+        const auto first = static_cast<std::ptrdiff_t>(into.values.size());
         const auto parameters = node.parameters();
         for (const vxN::_parameter& parameter : parameters->all()) {
             for (std::size_t place = 0; place < parameter.values.size(); ++place) {
@@ -99,22 +99,29 @@ class _valueReader {
                 row.node = path;
                 row.type = type;
                 describe(parameter, place, row);
-                if (leavesLiterals && !row.isComputed()) continue;
-                bytes += static_cast<qint64>(sizeof row) + vxP::bytesOf(row.parameter) + vxP::bytesOf(row.expression) +
-                         vxP::bytesOf(row.value) + vxP::bytesOf(row.reason);
-                if (bytes > mostBytesOfValues) return false;
-                into.values.push_back(std::move(row));
+                if (!keep(row)) return false;
             }
         }
-        const auto keyOf = [](const _nodeValue& row) {
-            return std::make_tuple(row.channel.isEmpty() ? row.parameter : row.channel, row.component);
-        };
-        std::stable_sort(into.values.begin() + static_cast<std::ptrdiff_t>(first), into.values.end(),
-                         [&](const auto& a, const auto& b) { return keyOf(a) < keyOf(b); });
+        std::stable_sort(into.values.begin() + first, into.values.end(),
+                         [](const auto& a, const auto& b) { return keyOf(a) < keyOf(b); });
         return true;
     }
 
  private:
+    static std::tuple<QString, int> keyOf(const _nodeValue& row) {
+        return {row.channel.isEmpty() ? row.parameter : row.channel, row.component};
+    }
+
+    bool keep(const _nodeValue& row) {
+        if (leavesLiterals && !row.isComputed()) return true;
+        bytes += static_cast<qint64>(sizeof row) + vxP::bytesOf(row.parameter) + vxP::bytesOf(row.channel) +
+                 vxP::bytesOf(row.expression) + vxP::bytesOf(row.cached.value_or(QString{})) + vxP::bytesOf(row.value) +
+                 vxP::bytesOf(row.reason);
+        if (bytes > mostBytesOfValues) return false;
+        into.values.push_back(row);
+        return true;
+    }
+
     void describe(const vxN::_parameter& parameter, std::size_t place, _nodeValue& row) {
         const vxN::_value& stored = parameter.values[place];
         row.parameter = qt(parameter.name);
@@ -172,8 +179,8 @@ _sceneValues valuesOf(const QString& scene, const _wantedValues& wanted) {
             static_cast<_sceneHead&>(result) =
                 failedHead(scene, hostNotInScene, QStringLiteral("there is no node ") + QString::fromStdString(missed));
         _valueReader reader(result, evaluator, wanted.onlyComputed);
-        const bool isWhole = std::all_of(nodes.begin(), nodes.end(), [&](const auto& one) { return reader.read(one); });
-        if (!isWhole)
+        const bool hasAll = std::all_of(nodes.begin(), nodes.end(), [&](const auto& one) { return reader.read(one); });
+        if (!hasAll)
             static_cast<_sceneHead&>(result) =
                 failedHead(scene, vxP::resultException, QStringLiteral("has too many values at once: name some nodes"));
         result.isWhole = opened.archiveEnd() == vxN::_archiveEnd::complete;

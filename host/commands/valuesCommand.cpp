@@ -7,6 +7,7 @@
 #include "host/access/sceneExplanation.h"
 #include "host/access/sceneValues.h"
 #include "host/base/descriptorWrite.h"
+#include "host/base/terminal.h"
 #include "host/commands/allCommands.h"
 #include "host/commands/sceneRun.h"
 #include "host/results/sceneJson.h"
@@ -79,6 +80,10 @@ int runCheckTable(const _options& options) {
 }
 
 int runCheck(_options& options) {
+    if (options.wanted.onlyComputed || options.wanted.onlyDrivers || options.isFrameGiven) {
+        writeError(QStringLiteral("values: --check looks at all values: it goes without --driven, --drivers, --frame"));
+        return exitUsage;
+    }
     options.run.scenes.insert(options.run.scenes.end(), options.nodes.begin(), options.nodes.end());
     const auto place = options.format - options.formats.data();
     if (place == 0) return runCheckTable(options);
@@ -109,7 +114,6 @@ _option frameOption(_options& options) {
 
 _option nodesArgument(std::vector<std::string>& nodes) {
     auto argument = scenesArgument("NODE", nodes, "Paths of nodes or patterns, '/out/*', 'cam*'; all nodes without");
-    argument.offered = _offered::nothing;
     argument.isOptional = true;
     return argument;
 }
@@ -120,7 +124,7 @@ _command valuesCommand() {
     const auto options = std::make_shared<_options>();
     _command command{
         "values",
-        "Print what the parameters of a scene's nodes say: as stored, and as computed from their expressions",
+        "Print what parameters of a scene's nodes say, as stored and as computed",
         "Examples:\n  vxscene values shot010.hip /out/mantra1\n"
         "  vxscene values --drivers --driven shot010.hip\n"
         "  vxscene values --format jsonl shot010.hip 'cam*' | jq -r 'select(.channel == \"focal\").value'\n"

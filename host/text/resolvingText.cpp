@@ -1,23 +1,28 @@
 #include "host/text/resolvingText.h"
 
-#include <QStringList>
-
 namespace vxH {
+
+namespace {
+
+QString counted(int count, const char* one, const char* many) {
+    return QString::number(count) + QLatin1Char(' ') + QLatin1String{count == 1 ? one : many};
+}
+
+}  // namespace
 
 QString resolvingText(const _sceneResult& scene) {
     if (!scene.whenResolved) return {};
-    const auto& [differ, come] = *scene.whenResolved;
-    QStringList changes;
-    if (differ > 0)
-        changes += QStringLiteral("%1 of %2 %3 when resolved")
-                       .arg(QString::number(differ), QString::number(scene.jobs.size()),
-                            scene.jobs.size() == 1 ? QLatin1String{"job differs"} : QLatin1String{"jobs differ"});
-    if (come > 0)
-        changes += QStringLiteral("%1 more %2%3")
-                       .arg(QString::number(come), come == 1 ? QLatin1String{"comes"} : QLatin1String{"come"},
-                            differ > 0 ? QLatin1String{} : QLatin1String{" when resolved"});
-    if (changes.isEmpty()) return {};
-    return changes.join(QLatin1String{", "}) + QLatin1String{": --resolve\n"};
+    const auto [differ, come] = *scene.whenResolved;
+    const int jobs = static_cast<int>(scene.jobs.size());
+    QString text;
+    if (differ > 0) {
+        text = QString::number(differ) + QLatin1String{" of "} + counted(jobs, "job differs", "jobs differ") +
+               QLatin1String{" when resolved"};
+        if (come > 0) text += QLatin1String{", "} + counted(come, "more comes", "more come");
+    } else if (come > 0) {
+        text = counted(come, "more job comes", "more jobs come") + QLatin1String{" when resolved"};
+    }
+    return text.isEmpty() ? text : text + QLatin1String{": --resolve\n"};
 }
 
 }  // namespace vxH

@@ -124,6 +124,7 @@ const _usage usages[] = {
      R"("cached":"1001","channel":"f1","component":1,"expression":"$FSTART","formatVersion":1,"language":"hscript",)"},
     {"values_of_no_node", {"values", VX_EXAMPLE_SCENE, "/no/*"}, 1, "there is no node /no/* (code -6)"},
     {"values_of_no_scene", {"values", VX_NO_PLUGIN}, 1, "is no scene file (code -6)"},
+    {"check_at_a_frame", {"values", "--check", "--frame", "3", VX_EXAMPLE_SCENE}, 2, "--check"},
     {"check_of_two", {"values", "--check", VX_EXAMPLE_SCENE, VX_EXAMPLE_SCENE}, 0, "\nevaluated: 100.00 %"},
     {"resolved_job",
      {"jobs", "--resolve", "--format", "jsonl", VX_EXAMPLE_SCENE},

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "plugin/vxSceneParserHoudini.h"
+#include "scan/scanObserver.h"
 #include "tests/support/archiveText.h"
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
