@@ -40,6 +40,11 @@ const _sectionKind* kindOf(const vxN::_node& node, const _nodeType* type) {
     return classifyLine(header).section;
 }
 
+/// A damaged scene may have lost a node's parameters, and with them what would be read.
+bool hasSection(const vxN::_node& node) {
+    return node.isSaved() && (node.parametersStart() > 0 || !node.parameters()->all().empty());
+}
+
 _remark remarkOf(_idle idle) {
     switch (idle) {
         case _idle::bypassed:
@@ -78,7 +83,7 @@ qint32 _resolvedScan::readFacts() {
 
 qint32 _resolvedScan::readNode(const vxN::_node& node, _sectionResolver& sections) {
     const _nodeType* const type = nodeTypeOf(node.type());
-    const _sectionKind* const kind = node.isSaved() ? kindOf(node, type) : nullptr;
+    const _sectionKind* const kind = hasSection(node) ? kindOf(node, type) : nullptr;
     if (kind == nullptr) return resultSuccess;
     spendWork(sectionCost);
     const bool isDriver = kind->reader == _sectionReader::driver;
