@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "host/access/sceneLoad.h"
 #include "host/base/resultCodes.h"
 #include "jobs/VX_DataTypes_plugin.h"
 #include "scan/scanBudget.h"
@@ -12,7 +13,7 @@ void withScene(const QString& scene, _sceneHead& head,
                const std::function<void(const vxN::_scene&, const vxP::_sceneFile&)>& work) {
     const auto fail = [&](qint32 code, const QString& error) { head = failedHead(scene, code, error); };
     const vxP::_sceneFile file(scene);
-    if (!file.isOpen()) return fail(vxP::resultCannotOpen, sentenceOfCode(vxP::resultCannotOpen));
+    if (!file.isOpen()) return fail(vxP::resultCannotOpen, errorOf(vxP::resultCannotOpen, scene));
     head = {scene, vxP::resultSuccess, {}, {}};
     vxP::beginBudget();
     vxP::allowWorkFor(file.byteCount());

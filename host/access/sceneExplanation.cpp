@@ -53,13 +53,6 @@ _sceneLoader builtInLoader() {
     };
 }
 
-bool asksToResolve(const _submitterArguments& arguments) {
-    const vxP::_submitterSettings settings{static_cast<qint32>(arguments.size()), arguments.data()};
-    vxP::_sceneFacts facts;
-    vxP::readSubmitterArguments(settings, facts);
-    return facts.resolves;
-}
-
 QString sceneFileFilter() {
     return vxP::sceneFileFilter.toString();
 }

@@ -19,9 +19,6 @@ _sceneResult loadWithNotes(const QString& scene, const _submitterArguments& argu
 /// Loads a scene with the readers, as the plug-in's entry point does.
 _sceneLoader builtInLoader();
 
-/// True for arguments that have scenes loaded as Houdini reads them.
-bool asksToResolve(const _submitterArguments& arguments);
-
 /// Which files of a folder are scenes: "*.hip;*.hipnc;".
 QString sceneFileFilter();
 

@@ -15,13 +15,6 @@ namespace {
 
 using _recordReader = std::function<void(const vxJ::_JobBasicsArray&)>;
 
-/// One line; empty for a scene that was loaded. Why a scene cannot be opened is asked here: the plug-in does not say.
-QString errorOf(qint32 code, const QString& scene) {
-    if (code == vxP::resultSuccess) return {};
-    const auto reason = code == vxP::resultCannotOpen ? whyNotReadable(scene) : QString{};
-    return reason.isEmpty() ? sentenceOfCode(code) : sentenceOfCode(code) + QLatin1String{": "} + reason;
-}
-
 _sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
                        const _recordReader& read) {
     const vxS::_vxString<500> sceneFileName{scene};
@@ -47,6 +40,12 @@ _result loadApart(const _askedPlugin& plugin, const char* scene, _result (*fromJ
 }
 
 }  // namespace
+
+QString errorOf(qint32 code, const QString& scene) {
+    if (code == vxP::resultSuccess) return {};
+    const auto reason = code == vxP::resultCannotOpen ? whyNotReadable(scene) : QString{};
+    return reason.isEmpty() ? sentenceOfCode(code) : sentenceOfCode(code) + QLatin1String{": "} + reason;
+}
 
 _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments) {
     _sceneResult result;

@@ -1,5 +1,6 @@
 // vxscene explain
 #include "host/access/sceneExplanation.h"
+#include "host/access/submitterSwitches.h"
 #include "host/commands/allCommands.h"
 #include "host/commands/resolvingLook.h"
 #include "host/commands/sceneRun.h"

@@ -2,6 +2,7 @@
 #include "host/access/askPlugin.h"
 #include "host/access/sceneExplanation.h"
 #include "host/access/sceneLoad.h"
+#include "host/access/submitterSwitches.h"
 #include "host/commands/allCommands.h"
 #include "host/commands/resolvingLook.h"
 #include "host/commands/sceneRun.h"

@@ -56,7 +56,7 @@ _resolvingLook::_resolvingLook(const _sceneLoader& loader, const QString& scene,
 }
 
 std::optional<_whenResolved> _resolvingLook::compareWith(const _sceneResult& plain) {
-    const auto answer = collectChild(child);
+    const auto answer = collectChild(child, std::chrono::milliseconds{0});
     const auto resolved = sceneFromJson(QJsonDocument::fromJson(answer.output).object());
     if (answer.output.isEmpty() || !resolved.knowsItsJobs() || !plain.knowsItsJobs()) return {};
     const auto diff = diffJobs(_comparable(plain), _comparable(resolved), _compared::jobs);
