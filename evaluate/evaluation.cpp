@@ -15,11 +15,6 @@ namespace {
 constexpr std::size_t bytesAroundResult = 200;
 constexpr std::size_t bytesForExpressionByte = 80;
 
-bool isPython(const vxN::_node& node, const vxN::_segment& segment) {
-    if (!segment.language.empty()) return segment.language == "python";
-    return node.definition()->expressionLanguage == "python";
-}
-
 /// Menus and toggles are stored as quoted words, texts without quotes where they are one word.
 bool isToken(const vxN::_value& stored) {
     return stored.isQuoted && !stored.text.empty() && stored.text.find(' ') == std::string_view::npos;
@@ -125,7 +120,7 @@ _valueOutcome _evaluation::computeText(const vxN::_node& node, std::string_view 
 
 _valueOutcome _evaluation::computeChannel(const vxN::_node& node, const vxN::_channel& channel, double frame) {
     const auto expressionAt = [&](const vxN::_segment& segment, double at) -> _valueOutcome {
-        if (isPython(node, segment)) return unknown(_reason::python, std::string(segment.expression));
+        if (languageOf(node, segment) == "python") return unknown(_reason::python, std::string(segment.expression));
         return computeExpression(node, segment.expression, at);
     };
     if (channel.isExpression()) return expressionAt(channel.segments[0], frame);

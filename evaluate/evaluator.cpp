@@ -4,6 +4,12 @@
 
 namespace vxV {
 
+std::string languageOf(const vxN::_node& node, const vxN::_segment& segment) {
+    if (!segment.language.empty()) return std::string(segment.language);
+    const auto definition = node.definition();
+    return definition->expressionLanguage.empty() ? "hscript" : definition->expressionLanguage;
+}
+
 _evaluator::_evaluator(const vxN::_scene& scene, _options options)
     : evaluation(std::make_unique<_evaluation>(scene, std::move(options))) {
 }

@@ -55,6 +55,9 @@ struct _dependence {
     }
 };
 
+/// The language of a segment's expression, "hscript" or "python": its own, else its node's.
+std::string languageOf(const vxN::_node& node, const vxN::_segment& segment);
+
 /// Evaluates parameters of one scene. Each channel is computed once for each frame that is asked for.
 /// All functions throw `vxP::_budgetExceeded` where a budget is counted, and nothing else.
 class _evaluator {

@@ -74,6 +74,12 @@ const _reasonWords& wordsOf(_reason reason) {
     return words[static_cast<std::size_t>(reason)];
 }
 
+QString sentenceOf(const _unknown& why) {
+    QString text = wordsOf(why.reason).text;
+    if (!why.culprit.empty()) text += QLatin1String(" (") + QString::fromStdString(why.culprit) + QLatin1Char(')');
+    return text;
+}
+
 _unknown unknown(_reason reason, std::string culprit) {
     culprit.resize(std::min(culprit.size(), longestCulprit));
     return {reason, std::move(culprit)};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLatin1String>
+#include <QString>
 #include <QtGlobal>
 #include <string>
 
@@ -60,6 +61,9 @@ struct _unknown {
     _reason reason;
     std::string culprit;  ///< what in the expression or scene it is: a function, a variable, a path; cut at 200 bytes
 };
+
+/// "needs geometry, which only cooking makes (npoints)"
+QString sentenceOf(const _unknown& why);
 
 /// A reason with its culprit, cut.
 _unknown unknown(_reason reason, std::string culprit = {});

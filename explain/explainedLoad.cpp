@@ -91,6 +91,7 @@ QList<_explainedSection> explainedSections(const _loadedScene& scene) {
         if (section.madeJobs()) explained.copies = copies.value(section.node.left(longestLayer));
         explained.details = detailsOf(section);
         if (surveyed.isOfDriver) explained.details.append(parameterText(surveyed.output));
+        explained.resolved = section.resolved;
         list.append(explained);
     }
     return list;
@@ -136,6 +137,7 @@ qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanati
     leftOut.notRecognised = survey.notTakenLeftOut;
     leftOut.bytes = survey.bytesLeftOut;
     explanation.isSceneRead = true;
+    explanation.isResolved = facts.resolves;
     explanation.facts = explainedFacts(facts, observation.hasFrameRange, budget.factBytes, leftOut);
     explanation.sections = explainedSections(scene);
     explanation.notRecognised = survey.notTaken;

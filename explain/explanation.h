@@ -104,6 +104,7 @@ struct _explainedSection {
     QString code;         ///< a word that stays the same between versions; empty where something came of the section
     QString text;         ///< the outcome in words
     QStringList details;  ///< the names that the reader met, with what it thought of each
+    QList<vxP::_resolvedValue> resolved;  ///< what was computed of it; empty where the load was not resolved
 };
 
 /// A section that looks like a driver's and that no reader took.
@@ -161,6 +162,7 @@ inline constexpr std::array leftOutCounts{
 
 struct _explanation {
     bool isSceneRead = false;  ///< false: the scene could not be read, and there is no explanation
+    bool isResolved = false;   ///< the load computed expressions
     _explainedFacts facts;
     QList<_explainedSection> sections;  ///< in file order
     QList<_unrecognisedSection> notRecognised;

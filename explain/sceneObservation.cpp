@@ -11,7 +11,7 @@ namespace vxE {
 
 namespace {
 
-/// Remarks about lines of one section that are kept: no driver has as many output names.
+/// Remarks about lines of one section, and computed values, that are kept: no driver has as many output names.
 constexpr int mostLinesRemarkedOn = 100;
 
 /// Bytes that a section takes here, in the survey and as an entry of the explanation. A remark on a line becomes one of
@@ -22,6 +22,10 @@ qint64 bytesOf(const _observedSection& section) {
     for (const _observedRemark& remark : section.remarks)
         sum += static_cast<qint64>(sizeof remark + sizeof(QString)) + 2 * vxP::bytesOf(remark.line) +
                vxP::bytesOf(remark.detail);
+    for (const vxP::_resolvedValue& value : section.resolved)
+        sum += static_cast<qint64>(sizeof value) + vxP::bytesOf(value.node) + vxP::bytesOf(value.parameter) +
+               vxP::bytesOf(value.expression) + vxP::bytesOf(value.stored) + vxP::bytesOf(value.value) +
+               vxP::bytesOf(value.reason);
     return sum;
 }
 
@@ -83,6 +87,15 @@ void _sceneObservation::remark(vxP::_remark what, const QString& line, const QSt
         ++remarksLeftOut;
     else
         section.remarks.append({what, shortened(line), shortened(detail)});
+}
+
+void _sceneObservation::resolved(const vxP::_resolvedValue& value) {
+    if (!isInSection) return;
+    if (section.resolved.size() >= mostLinesRemarkedOn)
+        ++remarksLeftOut;
+    else
+        section.resolved.append({shortened(value.node), shortened(value.parameter), shortened(value.expression),
+                                 shortened(value.stored), shortened(value.value), shortened(value.reason)});
 }
 
 void _sceneObservation::sectionEnds(qint32 jobs) {

@@ -27,6 +27,7 @@ struct _observedSection {
     bool isOfCurrentFrame = false;   ///< the driver renders no range
     bool isSizeSwitchedOff = false;  ///< its own size does not count
     QList<_observedRemark> remarks;
+    QList<vxP::_resolvedValue> resolved;  ///< in the order in which they were computed
 
     bool madeJobs() const { return jobsAfter > jobsBefore; }
     /// The first remark of that kind; null when there is none.
@@ -50,6 +51,7 @@ class _sceneObservation : public vxP::_scanObserver {
     void readerTakes(vxP::_sectionReader reader, const QString& nodePath) override;
     void parameter(const QString& line) override;
     void remark(vxP::_remark what, const QString& line, const QString& detail) override;
+    void resolved(const vxP::_resolvedValue& value) override;
     void sectionEnds(qint32 jobs) override;
     /// The load is over, maybe inside a section.
     void loadEnds();

@@ -1,6 +1,5 @@
 #include "plugin/resolvedScan.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "input/sceneLine.h"
@@ -32,13 +31,6 @@ QString linesOfScene(const vxN::_scene& scene) {
     return lines;
 }
 
-/// Nodes of several networks share the names of their types: a driver has what tells the file that it writes.
-bool namesAnOutput(const vxN::_node& node, const _nodeType& type) {
-    return std::any_of(type.outputs.begin(), type.outputs.end(), [&](const _outputParameter& output) {
-        return !output.name.empty() && node.parameter(output.name) != nullptr;
-    });
-}
-
 /// The kind of section that a node has, by its type; by its path where the scene does not hold its type.
 const _sectionKind* kindOf(const vxN::_node& node, const _nodeType* type) {
     if (type != nullptr && type->reader == _sectionReader::driver && !namesAnOutput(node, *type)) return nullptr;
@@ -46,6 +38,11 @@ const _sectionKind* kindOf(const vxN::_node& node, const _nodeType* type) {
     if (!node.type().empty()) return nullptr;
     const QString header = qt(node.path()).mid(1) + QLatin1String(".parm{");
     return classifyLine(header).section;
+}
+
+/// A damaged scene may have lost a node's parameters, and with them what would be read.
+bool hasSection(const vxN::_node& node) {
+    return node.isSaved() && (node.parametersStart() > 0 || !node.parameters()->all().empty());
 }
 
 _remark remarkOf(_idle idle) {
@@ -86,7 +83,7 @@ qint32 _resolvedScan::readFacts() {
 
 qint32 _resolvedScan::readNode(const vxN::_node& node, _sectionResolver& sections) {
     const _nodeType* const type = nodeTypeOf(node.type());
-    const _sectionKind* const kind = node.isSaved() ? kindOf(node, type) : nullptr;
+    const _sectionKind* const kind = hasSection(node) ? kindOf(node, type) : nullptr;
     if (kind == nullptr) return resultSuccess;
     spendWork(sectionCost);
     const bool isDriver = kind->reader == _sectionReader::driver;

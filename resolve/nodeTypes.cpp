@@ -99,6 +99,12 @@ const _nodeType* nodeTypeOf(std::string_view type) {
     return row == nodeTypes.end() ? nullptr : &*row;
 }
 
+bool namesAnOutput(const vxN::_node& node, const _nodeType& type) {
+    return std::any_of(type.outputs.begin(), type.outputs.end(), [&](const _outputParameter& output) {
+        return !output.name.empty() && node.parameter(output.name) != nullptr;
+    });
+}
+
 bool isRenderSettings(std::string_view type) {
     const _nodeType* const row = nodeTypeOf(type);
     return row != nullptr && row->reader == _sectionReader::usdRenderSettings;

@@ -37,6 +37,9 @@ struct _nodeType {
 /// @param type  whole name: "labs::filecache::2.0"
 const _nodeType* nodeTypeOf(std::string_view type);
 
+/// Nodes of several networks share the names of their types: a driver has what tells the file that it writes.
+bool namesAnOutput(const vxN::_node& node, const _nodeType& type);
+
 /// True for the types of nodes that hold the settings of a stage's render.
 bool isRenderSettings(std::string_view type);
 

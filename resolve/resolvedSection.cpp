@@ -48,12 +48,6 @@ bool mayNeedComputing(const vxN::_value& value) {
     return value.isDriven() || value.text.find_first_of("`$") != std::string_view::npos;
 }
 
-QString reasonText(const vxV::_unknown& why) {
-    QString text = vxV::wordsOf(why.reason).text;
-    if (!why.culprit.empty()) text += QLatin1String(" (") + qt(why.culprit) + QLatin1Char(')');
-    return text;
-}
-
 QString expressionOf(const vxN::_node& node, const vxN::_value& value) {
     if (!value.isDriven()) return qt(value.text);
     const auto channel = node.channel(value.channel);
@@ -64,7 +58,7 @@ QString expressionOf(const vxN::_node& node, const vxN::_value& value) {
 void tellValue(const vxN::_node& node, std::string_view name, const vxN::_value& value, const QString& result,
                const QString& reason) {
     if (scanObserver == nullptr) return;
-    scanObserver->resolved({qt(value.isDriven() ? value.channel : name), expressionOf(node, value),
+    scanObserver->resolved({qt(node.path()), qt(value.isDriven() ? value.channel : name), expressionOf(node, value),
                             value.isDriven() ? qt(value.text) : QString(), result, reason});
 }
 
@@ -116,7 +110,8 @@ QString _sectionResolver::valueOf(const _target& target, const vxN::_parameter& 
     const vxV::_textOutcome text = textOf(target.node, value);
     const QString result = text ? qt(*text) : QString();
     const bool isExpression = value.isDriven() || value.text.find('`') != std::string_view::npos;
-    if (isExpression) tellValue(target.node, parameter.name, value, result, text ? QString() : reasonText(text.why()));
+    if (isExpression)
+        tellValue(target.node, parameter.name, value, result, text ? QString() : vxV::sentenceOf(text.why()));
     return text ? result : qt(value.text);
 }
 
@@ -124,6 +119,13 @@ std::optional<double> _sectionResolver::frame(const vxN::_node& node, const vxN:
     if (!value.isDriven()) return literalNumber(value.text);
     const auto number = evaluator.number(node, value.channel);
     return number ? std::optional<double>(*number) : std::nullopt;
+}
+
+/// @param result  empty: it has none
+void _sectionResolver::tellNumber(const vxN::_node& node, std::string_view name, const vxN::_value& value,
+                                  const QString& result) {
+    const auto number = evaluator.number(node, value.channel);
+    tellValue(node, name, value, result, number ? QString() : vxV::sentenceOf(number.why()));
 }
 
 /// Start, end and step as whole frames. A component that cannot be told is the stored one; where that is 0, as Houdini
@@ -140,8 +142,7 @@ void _sectionResolver::addFrames(const _target& target, const vxN::_parameter& p
         const QString text = QString::number(fits ? std::llround(number) : ofScene[i]);
         frames.append(text);
         if (!value.isDriven()) continue;
-        const auto why = known ? QString() : reasonText(evaluator.number(target.node, value.channel).why());
-        tellValue(target.node, parameter.name, value, known ? text : QString(), why);
+        tellNumber(target.node, parameter.name, value, known ? text : QString());
     }
     target.lines += lineOf(parameter.name, frames.join(QLatin1Char('\t')));
 }
@@ -173,7 +174,9 @@ void _sectionResolver::addResolution(const _target& target) {
         const auto parameter = node.parameter(name);
         if (parameter == nullptr || parameter->values.size() < size.size()) return false;
         for (std::size_t i = 0; i < size.size(); ++i) {
-            const auto number = frame(node, parameter->values[i]);
+            const vxN::_value& value = parameter->values[i];
+            const auto number = frame(node, value);
+            if (value.isDriven()) tellNumber(node, name, value, number ? QString::number(*number) : QString());
             if (!number || *number < 0 || *number > 65535) return false;
             size[i] = *number;
         }

@@ -39,6 +39,7 @@ class _sectionResolver {
     QString valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value);
     QString cameraPath(const vxN::_node& node, const QString& path) const;
     std::optional<bool> isOn(const vxN::_node& node, std::string_view parameter);
+    void tellNumber(const vxN::_node& node, std::string_view name, const vxN::_value& value, const QString& result);
     std::optional<double> frame(const vxN::_node& node, const vxN::_value& value);
 
     vxV::_evaluator& evaluator;

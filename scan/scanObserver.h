@@ -45,6 +45,7 @@ enum class _remark : quint8 {
 
 /// A value of a section that the scene holds as an expression.
 struct _resolvedValue {
+    QString node;        ///< path; a driver's size is that of its camera
     QString parameter;   ///< or the component of one: "vm_picture", "f1"
     QString expression;  ///< as the scene holds it
     QString stored;      ///< what Houdini computed when it last looked; empty: nothing is stored

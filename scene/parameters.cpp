@@ -40,6 +40,10 @@ bool areNamedBy(const _parameter& parameter, Ending endingOf) {
     return true;
 }
 
+std::string numberEnding(std::size_t place) {
+    return std::to_string(place + 1);
+}
+
 bool isName(_token token) {
     return !token.isQuoted && token.text != "{" && token.text != "[";
 }
@@ -129,6 +133,22 @@ class _parameterReader {
     std::vector<std::size_t> ends;  ///< positions behind each parameter's values
 };
 
+std::string componentName(const _parameter& parameter, std::size_t place) {
+    if (parameter.values[place].isDriven()) return std::string(parameter.values[place].channel);
+    const std::string stem(parameter.name);
+    if (parameter.values.size() == 1) return stem;
+    if (parameter.values.size() > mostComponents) return {};
+    const auto isDriven = [](const _value& value) { return value.isDriven(); };
+    if (std::none_of(parameter.values.begin(), parameter.values.end(), isDriven)) return {};
+    if (areNamedBy(parameter, numberEnding)) return stem + numberEnding(place);
+    for (const auto& endings : componentEndings) {
+        const auto endingOf = [&](std::size_t at) { return at < endings.size() ? endings[at] : std::string_view(); };
+        if (!areNamedBy(parameter, endingOf) || endingOf(place).empty()) continue;
+        return stem + std::string(endingOf(place));
+    }
+    return {};
+}
+
 _parameters::_parameters(std::string text) : source(std::move(text)) {
     _parameterReader(*this).readAll();
 }
@@ -160,13 +180,12 @@ const _value* _parameters::letteredComponent(std::string_view channel) const {
 }
 
 const _value* _parameters::numberedComponent(std::string_view channel) const {
-    const auto endingOf = [](std::size_t at) { return std::to_string(at + 1); };
     for (std::size_t digits = 1; digits <= std::min(longestNumber, channel.size()); ++digits) {
         const std::size_t stem = channel.size() - digits;
         const auto number = countIn(channel.substr(stem));
         if (!number || *number == 0 || channel[stem] == '0') continue;
         const _parameter* const parameter = find(channel.substr(0, stem));
-        if (parameter != nullptr && *number <= parameter->values.size() && areNamedBy(*parameter, endingOf))
+        if (parameter != nullptr && *number <= parameter->values.size() && areNamedBy(*parameter, numberEnding))
             return &parameter->values[*number - 1];
     }
     return nullptr;

@@ -27,6 +27,11 @@ struct _parameter {
     std::span<const _value> values;
 };
 
+/// The name of a component as expressions use it: "f2" of "f". The scene tells it of components that a channel drives
+/// and of those beside them, and the only component has the parameter's. Empty: it does not tell.
+/// @param place  of the component, below their number
+std::string componentName(const _parameter& parameter, std::size_t place);
+
 /// The parameters of one node. All texts and spans in it live as long as it does.
 class _parameters {
  public:

@@ -1,12 +1,40 @@
 #include "host/access/sceneExplanation.h"
 
 #include "explain/explainedLoad.h"
-#include "host/access/sceneLoad.h"
 #include "host/base/resultCodes.h"
 #include "input/sectionKinds.h"
 #include "plugin/sceneLoad.h"
 
 namespace vxH {
+namespace {
+
+/// Bytes that the notes of all jobs may take: copies for takes and wedges repeat those of their driver.
+constexpr qint64 mostBytesOfNotes = qint64{32} * 1024 * 1024;
+
+qint64 bytesOf(const QList<vxP::_resolvedValue>& values) {
+    qint64 sum = 0;
+    for (const auto& one : values)
+        sum += static_cast<qint64>(sizeof one) + vxP::bytesOf(one.node) + vxP::bytesOf(one.parameter) +
+               vxP::bytesOf(one.expression) + vxP::bytesOf(one.stored) + vxP::bytesOf(one.value) +
+               vxP::bytesOf(one.reason);
+    return sum;
+}
+
+/// Tells each job of a resolved load what was computed for it.
+void addNotes(_explainedScene& explained) {
+    if (!explained.explanation.isResolved) return;
+    vxE::_share room(mostBytesOfNotes);
+    for (const auto& section : explained.explanation.sections) {
+        const qint64 bytes = bytesOf(section.resolved);
+        for (const int number : section.jobs + section.copies) {
+            const auto index = static_cast<std::size_t>(number) - 1;
+            const bool isRecord = index < explained.jobs.size();  // the array may count one more than it has room for
+            if (isRecord && room.take(bytes)) explained.jobs[index].resolved = section.resolved;
+        }
+    }
+}
+
+}  // namespace
 
 _explainedScene explainScene(const QString& scene, const _submitterArguments& arguments) {
     _explainedScene explained;
@@ -14,6 +42,7 @@ _explainedScene explainScene(const QString& scene, const _submitterArguments& ar
     static_cast<_sceneResult&>(explained) = loadScene(loader, scene, arguments);
     if (explained.code == hostNoScene) explained.explanation = {};
     if (explained.code == vxP::resultNoUsableOutput) explained.error = whyNoJobs(explained.explanation);
+    addNotes(explained);
     return explained;
 }
 
@@ -32,6 +61,17 @@ std::vector<std::string> readerNames() {
     std::vector<std::string> names;
     for (const auto& kind : vxP::sectionKinds()) names.emplace_back(kind.name.data());
     return names;
+}
+
+_sceneResult loadWithNotes(const QString& scene, const _submitterArguments& arguments) {
+    return explainScene(scene, arguments);
+}
+
+_sceneLoader builtInLoader() {
+    return [](auto* load) {
+        vxP::_sceneFacts facts;
+        return vxP::loadScene(*load, facts);
+    };
 }
 
 QString sceneFileFilter() {

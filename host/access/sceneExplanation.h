@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "host/access/sceneLoad.h"
 #include "host/base/submitterArguments.h"
 #include "host/results/explainedScene.h"
 #include "host/results/pluginInfo.h"
@@ -24,6 +25,12 @@ void tellWhyThereAreNoJobs(_sceneHead& head, const _submitterArguments& argument
 
 /// What the readers of sections are called, in the order in which headers are compared with them.
 std::vector<std::string> readerNames();
+
+/// The scene's jobs by the same readers, and for a resolved load what of them was computed.
+_sceneResult loadWithNotes(const QString& scene, const _submitterArguments& arguments);
+
+/// Loads a scene with the readers, as the plug-in's entry point does.
+_sceneLoader builtInLoader();
 
 /// Which files of a folder are scenes: "*.hip;*.hipnc;".
 QString sceneFileFilter();

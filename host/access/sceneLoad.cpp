@@ -18,28 +18,6 @@ namespace {
 
 using _recordReader = std::function<void(const vxJ::_JobBasicsArray&)>;
 
-/// One line; empty for a scene that was loaded. Why a scene cannot be opened is asked here: the plug-in does not say.
-QString errorOf(qint32 code, const QString& scene) {
-    if (code == vxP::resultSuccess) return {};
-    const auto reason = code == vxP::resultCannotOpen ? whyNotReadable(scene) : QString{};
-    return reason.isEmpty() ? sentenceOfCode(code) : sentenceOfCode(code) + QLatin1String{": "} + reason;
-}
-
-/// The plug-in does not tell whether the file is a scene, or all of one. Where jobs or drivers came of it, it is.
-void lookAtFile(_sceneHead& head, bool hasJobs) {
-    const vxP::_sceneFile file(head.scene);
-    if (!file.isOpen()) return;
-    const auto [form, instead] = vxP::formOf(file);
-    const bool foundNothing = !hasJobs && (head.isLoaded() || head.code == vxP::resultException);
-    if (form != vxP::_sceneForm::none) {
-        head.isComplete = form == vxP::_sceneForm::whole;
-    } else if (foundNothing) {
-        head.code = hostNoScene;
-        head.error = sentenceOfCode(head.code);
-        if (!instead.isEmpty()) head.error += QLatin1String{": "} + instead;
-    }
-}
-
 _sceneHead loadRecords(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
                        const _recordReader& read) {
     const vxS::_vxString<500> sceneFileName{scene};
@@ -67,6 +45,26 @@ _result loadApart(const _askedPlugin& plugin, const char* scene, _result (*fromJ
 }
 
 }  // namespace
+
+void lookAtFile(_sceneHead& head, bool hasJobs) {
+    const vxP::_sceneFile file(head.scene);
+    if (!file.isOpen()) return;
+    const auto [form, instead] = vxP::formOf(file);
+    const bool foundNothing = !hasJobs && (head.isLoaded() || head.code == vxP::resultException);
+    if (form != vxP::_sceneForm::none) {
+        head.isComplete = form == vxP::_sceneForm::whole;
+    } else if (foundNothing) {
+        head.code = hostNoScene;
+        head.error = sentenceOfCode(head.code);
+        if (!instead.isEmpty()) head.error += QLatin1String{": "} + instead;
+    }
+}
+
+QString errorOf(qint32 code, const QString& scene) {
+    if (code == vxP::resultSuccess) return {};
+    const auto reason = code == vxP::resultCannotOpen ? whyNotReadable(scene) : QString{};
+    return reason.isEmpty() ? sentenceOfCode(code) : sentenceOfCode(code) + QLatin1String{": "} + reason;
+}
 
 _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments) {
     _sceneResult result;

@@ -14,6 +14,15 @@ namespace vxH {
 /// The entry point that loads a scene, or a function in its place.
 using _sceneLoader = std::function<qint32(vxP::_dataPARS_LoadSceneFile*)>;
 
+/// Notes whether the file is all of a scene; of one that is none, and that nothing came of, it makes a failure. The
+/// plug-in does not tell.
+/// @param hasJobs  where jobs came of a file, it is a scene
+void lookAtFile(_sceneHead& head, bool hasJobs);
+
+/// What a code says of a scene, in one line; empty for one that was loaded. Why a scene cannot be opened is asked here:
+/// the plug-in does not say.
+QString errorOf(qint32 code, const QString& scene);
+
 /// Loads the scene in this process. Jobs added before a failure are in the result.
 /// @param scene  absolute path of at most 500 characters
 _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments);

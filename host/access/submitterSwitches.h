@@ -10,6 +10,9 @@ namespace vxH {
 /// Arguments that are neither a switch nor the value of one.
 QStringList argumentsNotTaken(const _submitterArguments& arguments);
 
+/// True for arguments that have scenes loaded as Houdini reads them.
+bool asksToResolve(const _submitterArguments& arguments);
+
 /// The switches that there are.
 QStringList submitterSwitches();
 

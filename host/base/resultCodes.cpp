@@ -24,6 +24,7 @@ constexpr _codeSentence codeSentences[] = {
     {hostCrashed, QLatin1String{"crashed"}},
     {hostNoResult, QLatin1String{"ended without a result"}},
     {hostNoPlugin, QLatin1String{"the plug-in cannot be loaded"}},
+    {hostNotInScene, QLatin1String{"does not hold what was asked for"}},
     {hostTimedOut, QLatin1String{"took longer than the time limit"}},
     {hostNoScene, QLatin1String{"is no Houdini scene"}},
 };

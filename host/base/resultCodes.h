@@ -13,6 +13,7 @@ enum _hostCode : qint32 {
     hostNoPlugin = -4,      ///< the plug-in cannot be loaded
     hostTimedOut = -5,      ///< the child process was ended because it took too long
     hostNoScene = -6,       ///< the file is no scene
+    hostNotInScene = -7,    ///< the scene does not hold what was asked for
 };
 
 /// Exit status of the program; `exitStatuses` says what each means.

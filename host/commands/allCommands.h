@@ -12,10 +12,11 @@ _command explainCommand();
 _command reportCommand();
 _command varsCommand();
 _command diffCommand();
+_command valuesCommand();
 _command infoCommand();
 
 /// In the order in which the help shows them.
-inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand,
-                                        varsCommand, diffCommand,    infoCommand};
+inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, varsCommand,
+                                        diffCommand, valuesCommand,  infoCommand};
 
 }  // namespace vxH

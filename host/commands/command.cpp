@@ -61,9 +61,7 @@ _command resolving(_command command) {
     command.options.push_back(
         flag("--resolve", *isGiven, "Compute expressions, and know drivers by their nodes' types"));
     command.run = [isGiven, run = command.run](const _submitterArguments& submitter) {
-        _submitterArguments arguments = submitter;
-        if (*isGiven) arguments.push_back("-houdiniResolve");
-        return run(arguments);
+        return run(*isGiven ? withResolving(submitter) : submitter);
     };
     return command;
 }

@@ -29,6 +29,7 @@ struct _option {
     bool repeats = false;
     /// Takes a value, of a flag the empty one. @return what is wrong with it, "x is no number"; empty: nothing
     std::function<std::string(const std::string& value)> take;
+    bool isOptional = false;  ///< an argument that may be left out
 };
 
 struct _command {

@@ -29,6 +29,7 @@ constexpr const char* examples =
     "  vxscene report -o shot010.html shot010.hip\n"
     "  vxscene vars --job 2 shot010.hip\n"
     "  vxscene diff shot010_v001.hip shot010_v002.hip\n"
+    "  vxscene values --driven shot010.hip /out/mantra1\n"
     "  vxscene jobs --help\n";
 
 constexpr std::size_t widestOption = 34;  // columns of the help in front of what it says
@@ -134,7 +135,7 @@ void addArgument(CLI::App& line, const _option& argument) {
     };
     auto* const added = argument.repeats ? line.add_option_function(argument.label, takeAll, argument.description)
                                          : line.add_option_function(argument.label, take, argument.description);
-    added->required()->type_name("");
+    added->required(!argument.isOptional)->type_name("");
 }
 
 /// @param command  has to outlive the program, whose parser gives it the values

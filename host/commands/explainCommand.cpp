@@ -1,6 +1,8 @@
 // vxscene explain
 #include "host/access/sceneExplanation.h"
+#include "host/access/submitterSwitches.h"
 #include "host/commands/allCommands.h"
+#include "host/commands/resolvingLook.h"
 #include "host/commands/sceneRun.h"
 #include "host/results/sceneFilter.h"
 #include "host/text/explanationText.h"
@@ -44,19 +46,24 @@ _option onlyOption(const _explanationPart*& only) {
 }
 
 int run(const _options& options, const _submitterArguments& submitter) {
+    const bool isText = options.format == options.formats.data();
+    const bool looks = isText && !asksToResolve(submitter) && options.filter.isEmpty();
     const auto explain = [&](const QString& scene) {
+        std::optional<_resolvingLook> look;
+        if (looks) look.emplace(builtInLoader(), scene, submitter, options.scenes.timeout);
         auto explained = explainScene(scene, submitter);
+        if (look) explained.whenResolved = look->compareWith(explained);
         applyFilter(options.filter, explained);
         return explained;
     };
     auto format = *options.format;
-    if (options.format == options.formats.data()) {
+    if (isText) {
         const bool everySection = options.everySection || options.filter.asksForNodes();
         format.text = [everySection](const _explainedScene& scene, const _terminal& terminal) {
             return explanationText(scene, everySection, terminal);
         };
     }
-    return printScenes(options.scenes, {sceneFileFilter(), explain}, format);
+    return printScenes(options.scenes, sceneFileFilter(), explain, format);
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 #include "host/access/askPlugin.h"
 #include "host/access/sceneExplanation.h"
 #include "host/access/sceneLoad.h"
+#include "host/access/submitterSwitches.h"
 #include "host/commands/allCommands.h"
+#include "host/commands/resolvingLook.h"
 #include "host/commands/sceneRun.h"
 #include "host/text/jobTable.h"
 
@@ -35,14 +37,15 @@ _option columnsOption(std::vector<_jobColumn>& columns) {
             take};
 }
 
-int printJobs(const _options& options, const _submitterArguments& submitter, const _sceneSource& source) {
+int printJobs(const _options& options, const _submitterArguments& submitter, const QString& fileFilter,
+              const std::function<_explainedScene(const QString&)>& load) {
     auto format = *options.format;
     if (options.printsTable()) {
         format.text = [&](const _explainedScene& scene, const _terminal& terminal) {
             return jobText(scene, submitter, options.table, terminal);
         };
     }
-    return printScenes(options.scenes, source, format);
+    return printScenes(options.scenes, fileFilter, load, format);
 }
 
 /// The table needs explanations. The readers that explain are those of the program's own plug-in: one load is enough.
@@ -53,18 +56,27 @@ int run(const _options& options, const _submitterArguments& submitter) {
     const auto infoProblem = problemOfInfo(answer.info);
     const auto fileFilter = infoProblem.isEmpty() ? answer.info.fileFilter : sceneFileFilter();
     if (!infoProblem.isEmpty()) writeError(QStringLiteral("%1: %2").arg(path, infoProblem));
-    if (options.printsTable() && options.plugin == options.ownPlugin && isOwnPlugin(answer.info)) {
-        const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
-        return printJobs(options, submitter, {fileFilter, explain});
+    const bool isOwn = options.plugin == options.ownPlugin && isOwnPlugin(answer.info);
+    const bool resolves = asksToResolve(submitter);
+    if (isOwn && options.printsTable()) {
+        const auto explain = [&](const QString& scene) {
+            std::optional<_resolvingLook> look;
+            if (!resolves) look.emplace(builtInLoader(), scene, submitter, options.scenes.timeout);
+            auto explained = explainScene(scene, submitter);
+            if (look) explained.whenResolved = look->compareWith(explained);
+            return explained;
+        };
+        return printJobs(options, submitter, fileFilter, explain);
     }
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
     const auto load = [&](const QString& scene) -> _explainedScene {
+        if (isOwn && resolves) return {loadWithNotes(scene, submitter), {}, {}};
         _explainedScene result{loadScene(plugin.loadSceneFile, scene, submitter), {}, {}};
         tellWhyThereAreNoJobs(result, submitter);
         return result;
     };
-    return printJobs(options, submitter, {fileFilter, load});
+    return printJobs(options, submitter, fileFilter, load);
 }
 
 }  // namespace

@@ -70,7 +70,8 @@ int run(const _options& options, const _submitterArguments& submitter) {
         scenes.push_back(reportSceneFromBytes(packed));
         return true;
     };
-    const int status = runScenes(options.scenes, {sceneFileFilter(), explain}, {pack, keep, [] { return true; }});
+    const int status =
+        runScenes(options.scenes, loadAndPack(sceneFileFilter(), explain, pack), {keep, [] { return true; }});
     const _reportOrigin origin{QStringLiteral("vxscene " VX_VERSION), QDateTime::currentDateTimeUtc(),
                                options.asksToCompare};
     const int written = write(options.output, scenes, reportPage(reportData(scenes, origin)));

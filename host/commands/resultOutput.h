@@ -25,19 +25,30 @@ constexpr _frame jsonList{"[\n", ",\n", "", "\n]\n", "[]\n"};
 constexpr _frame lines{"", "", "\n", "", ""};
 
 /// A way to print results.
-struct _resultFormat {
+template <class _scene>
+struct _formatOf {
     const char* word;  ///< as `--format` takes it
     _frame frame;
     /// A result, with its line ends; empty where its error says all.
-    std::function<QString(const _explainedScene& scene, const _terminal& terminal)> text;
+    std::function<QString(const _scene& scene, const _terminal& terminal)> text;
 };
+using _resultFormat = _formatOf<_explainedScene>;
 
 /// "json" and "jsonl": all members of results, as one list or one line each.
 _resultFormat jsonFormat();
 _resultFormat jsonLinesFormat();
 
 /// `--format`; without it the first one is chosen. Formats and choice have to outlive the command.
-_option formatOption(const std::vector<_resultFormat>& formats, const _resultFormat*& chosen, const char* description);
+template <class _scene>
+_option formatOption(const std::vector<_formatOf<_scene>>& formats, const _formatOf<_scene>*& chosen,
+                     const char* description) {
+    chosen = &formats.front();
+    std::vector<std::string> words;
+    words.reserve(formats.size());
+    for (const auto& format : formats) words.emplace_back(format.word);
+    return wordOption(
+        "-f,--format", words, [&formats, &chosen](std::size_t place) { chosen = &formats[place]; }, description);
+}
 
 /// Prints each result as soon as it is there, in one piece.
 class _resultOutput {

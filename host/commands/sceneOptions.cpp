@@ -20,7 +20,7 @@ int availableCores() {
 
 }  // namespace
 
-void addSceneOptions(_command& command, _sceneOptions& options) {
+void addRunOptions(_command& command, _sceneOptions& options) {
     options.parallel = availableCores();
     const _option added[] = {
         flag("-r,--recursive", options.recursive, "Look into the folders below a folder too"),
@@ -30,6 +30,10 @@ void addSceneOptions(_command& command, _sceneOptions& options) {
         flag("--no-progress", options.noProgress, "No progress line on the terminal"),
     };
     command.options.insert(command.options.end(), std::begin(added), std::end(added));
+}
+
+void addSceneOptions(_command& command, _sceneOptions& options) {
+    addRunOptions(command, options);
     command.arguments.push_back(
         scenesArgument("SCENE", options.scenes, "Scene files, folders with scenes, - for a list on standard input"));
 }

@@ -17,6 +17,10 @@ struct _sceneOptions {
     _colour colour = _colour::automatic;  ///< of commands that have such an option
 };
 
+/// Adds the options without the scenes.
+/// @param options  have to outlive the command
+void addRunOptions(_command& command, _sceneOptions& options);
+
 /// Adds the scenes and their options to the command; `parallel` is all cores available where it is not given.
 /// @param options  have to outlive the command
 void addSceneOptions(_command& command, _sceneOptions& options);

@@ -12,7 +12,8 @@ namespace {
 
 class _sceneReceiver {
  public:
-    _sceneReceiver(const _sceneUse& sceneUse, _progress& sceneProgress) : use(sceneUse), progress(sceneProgress) {}
+    _sceneReceiver(const _sceneWork& sceneWork, const _sceneUse& sceneUse, _progress& sceneProgress)
+        : work(sceneWork), use(sceneUse), progress(sceneProgress) {}
 
     bool receive(const _batchResult& outcome) {
         if (!outcome.isScene) return tellOfList(outcome.result.failure);
@@ -20,7 +21,7 @@ class _sceneReceiver {
         const auto head = failedHead(outcome.scene, code, failure);
         const bool hasOutput = code >= 0 || !output.isEmpty();  // a plug-in may have codes of any kind
         if (use.printsToTerminal) progress.clear();
-        if (!keepsOn(use.take(hasOutput ? output : use.pack({{head, {}}, {}})))) return false;
+        if (!keepsOn(use.take(hasOutput ? output : work.packFailed(head)))) return false;
         if (head.knowsItsJobs() && failure.isEmpty()) return true;
         progress.clear();
         status = worseOf(status, tellOf(head));
@@ -55,16 +56,12 @@ class _sceneReceiver {
         return false;
     }
 
+    const _sceneWork& work;
     const _sceneUse& use;
     _progress& progress;
     bool isWritable = true;
     int status = exitSuccess;
 };
-
-/// What the error stream has to say. That a scene has no jobs is a result like others.
-QString lineOf(const _sceneHead& scene) {
-    return !scene.knowsItsJobs() || scene.isCut() ? scene.problem() : QString{};
-}
 
 _batchLimits limitsOf(const _sceneOptions& options) {
     return {options.parallel, options.timeout, _batchLimits::windowFor(options.parallel)};
@@ -72,24 +69,23 @@ _batchLimits limitsOf(const _sceneOptions& options) {
 
 }  // namespace
 
-int runScenes(const _sceneOptions& options, const _sceneSource& source, const _sceneUse& use) {
-    _sceneList scenes{options.scenes, options.recursive, source.fileFilter};
+QString lineOf(const _sceneHead& scene) {
+    return !scene.knowsItsJobs() || scene.isCut() ? scene.problem() : QString{};
+}
+
+int runScenes(const _sceneOptions& options, const _sceneWork& work, const _sceneUse& use) {
+    _sceneList scenes{options.scenes, options.recursive, work.fileFilter};
     _progress progress{!options.noProgress};
-    _sceneReceiver receiver{use, progress};
-    const auto work = [&](const QString& path) -> _childResult {
-        const auto scene = source.load(path);
-        return {scene.code, lineOf(scene), use.pack(scene)};
-    };
-    runBatch(scenes, work, limitsOf(options), progress, [&](const auto& result) { return receiver.receive(result); });
+    _sceneReceiver receiver{work, use, progress};
+    const auto receive = [&](const _batchResult& result) { return receiver.receive(result); };
+    runBatch(scenes, work.run, limitsOf(options), progress, receive);
     return receiver.finish();
 }
 
-int printScenes(const _sceneOptions& options, const _sceneSource& source, const _resultFormat& format) {
-    const _terminal terminal = standardOutputTerminal(options.colour);
-    _resultOutput output{format.frame};
-    const auto pack = [&](const _explainedScene& scene) { return format.text(scene, terminal).toUtf8(); };
+int printScenes(const _sceneOptions& options, const _sceneWork& work, const _frame& frame) {
+    _resultOutput output{frame};
     const auto print = [&](const QByteArray& text) { return output.print(text); };
-    return runScenes(options, source, {pack, print, [&] { return output.finish(); }, terminal.width > 0});
+    return runScenes(options, work, {print, [&] { return output.finish(); }, standardOutputTerminal().width > 0});
 }
 
 }  // namespace vxH

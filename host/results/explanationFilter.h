@@ -39,6 +39,7 @@ struct _explanationFilter {
     QString reader;                          ///< name of one; empty: any
     const _explanationPart* only = nullptr;  ///< null: all parts
 
+    bool isEmpty() const { return only == nullptr && !asksForNodes(); }
     bool asksForNodes() const { return !driver.empty() || !reader.isEmpty(); }
     /// Facts are those of the whole scene: for some nodes they are shown only where they are asked for.
     _explanationParts parts() const;

@@ -2,6 +2,8 @@
 
 #include <QJsonArray>
 
+#include "host/results/jsonValues.h"
+
 namespace vxH {
 namespace {
 
@@ -97,18 +99,20 @@ QLatin1String nameOf(vxE::_outcomeKind kind) {
 }
 
 QJsonObject sectionToJson(const vxE::_explainedSection& section) {
-    return {{QLatin1String{"reader"}, section.readerName},
-            {QLatin1String{"node"}, section.node},
-            {QLatin1String{"type"}, section.type},
-            {QLatin1String{"line"}, section.line},
-            {QLatin1String{"byte"}, section.byte},
-            {QLatin1String{"hasFrames"}, section.hasFrames},
-            {QLatin1String{"outcome"}, nameOf(section.outcome)},
-            {QLatin1String{"jobs"}, numbersOf(section.jobs)},
-            {QLatin1String{"copies"}, numbersOf(section.copies)},
-            {QLatin1String{"code"}, section.code},
-            {QLatin1String{"text"}, section.text},
-            {QLatin1String{"details"}, textsOf(section.details)}};
+    QJsonObject object{{QLatin1String{"reader"}, section.readerName},
+                       {QLatin1String{"node"}, section.node},
+                       {QLatin1String{"type"}, section.type},
+                       {QLatin1String{"line"}, section.line},
+                       {QLatin1String{"byte"}, section.byte},
+                       {QLatin1String{"hasFrames"}, section.hasFrames},
+                       {QLatin1String{"outcome"}, nameOf(section.outcome)},
+                       {QLatin1String{"jobs"}, numbersOf(section.jobs)},
+                       {QLatin1String{"copies"}, numbersOf(section.copies)},
+                       {QLatin1String{"code"}, section.code},
+                       {QLatin1String{"text"}, section.text},
+                       {QLatin1String{"details"}, textsOf(section.details)}};
+    if (!section.resolved.isEmpty()) object.insert(resolvedKey, jsonOf(section.resolved));
+    return object;
 }
 
 QJsonObject unrecognisedToJson(const vxE::_unrecognisedSection& section) {

@@ -1,8 +1,12 @@
 // A job as vxscene works with it: what its record says, in texts and lists that outlive it.
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <optional>
 #include <vector>
+
+#include "scan/scanObserver.h"
 
 namespace vxH {
 
@@ -71,6 +75,9 @@ struct _job {
 
     /// Not in the record: for each of `waitForPreIDs` the index of the job that is meant, see jobWaits.h.
     std::vector<int> waitsFor;
+    /// Not in the record: what was computed of the sections that the job came from. None: the load was not resolved, or
+    /// there is too much of it.
+    std::optional<QList<vxP::_resolvedValue>> resolved;
 };
 
 }  // namespace vxH

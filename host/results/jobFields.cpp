@@ -150,6 +150,7 @@ QJsonValue jsonOf(const _job& job) {
     QJsonArray waitsFor;
     for (const int index : job.waitsFor) waitsFor.append(index == noJob ? QJsonValue{} : QJsonValue{index + 1});
     object.insert(waitsForKey, waitsFor);
+    if (job.resolved) object.insert(resolvedKey, jsonOf(*job.resolved));
     return object;
 }
 

@@ -23,9 +23,9 @@ std::span<const _jobField> jobFields();
 /// Without `waitsFor`, which takes the other jobs to know.
 _job jobFromRecord(const vxJ::_JobBasics_largePath& record);
 
-/// An object with all fields and `waitsFor`, texts untouched. `channels` holds {slot, name, extension}, `customData`
-/// {name, value}. `jobID` is a decimal text: it has 64 bits, a JSON number 53. A frame that is no finite number is
-/// null, and so is, in `waitsFor`, a job that nobody knows.
+/// An object with all fields, `waitsFor` and, where it is there, `resolved`; texts untouched. `channels` holds {slot,
+/// name, extension}, `customData` {name, value}. `jobID` is a decimal text: it has 64 bits, a JSON number 53. A frame
+/// that is no finite number is null, and so is, in `waitsFor`, a job that nobody knows.
 QJsonValue jsonOf(const _job& job);
 void readJson(const QJsonValue& value, _job& job);
 

@@ -8,6 +8,7 @@ namespace {
 
 constexpr QLatin1String nameKey{"name"};
 constexpr QLatin1String valueKey{"value"};
+constexpr QLatin1String reasonKey{"reason"};
 constexpr QLatin1String slotKey{"slot"};
 constexpr QLatin1String extensionKey{"extension"};
 
@@ -39,6 +40,20 @@ QJsonValue jsonOf(const _channelFile& file) {
 
 QJsonValue jsonOf(const _namedText& text) {
     return QJsonObject{{nameKey, text.name}, {valueKey, text.value}};
+}
+
+QJsonValue jsonOf(const QList<vxP::_resolvedValue>& values) {
+    QJsonArray list;
+    for (const auto& one : values) {
+        QJsonObject object{{QLatin1String{"node"}, one.node},
+                           {QLatin1String{"parameter"}, one.parameter},
+                           {QLatin1String{"expression"}, one.expression},
+                           {QLatin1String{"stored"}, one.stored}};
+        const bool isKnown = one.reason.isEmpty();
+        object.insert(isKnown ? valueKey : reasonKey, isKnown ? one.value : one.reason);
+        list.append(object);
+    }
+    return list;
 }
 
 void readJson(const QJsonValue& value, QString& text) {

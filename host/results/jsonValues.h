@@ -23,6 +23,10 @@ QJsonValue jsonOf(const _channelFile& file);
 /// {name, value}
 QJsonValue jsonOf(const _namedText& text);
 
+/// What of a section was computed: {node, parameter, expression, stored, value or reason} each.
+QJsonValue jsonOf(const QList<vxP::_resolvedValue>& values);
+constexpr QLatin1String resolvedKey{"resolved"};  ///< of a job or section that has them
+
 void readJson(const QJsonValue& value, QString& text);
 void readJson(const QJsonValue& value, int& number);
 void readJson(const QJsonValue& value, bool& truth);

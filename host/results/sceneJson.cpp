@@ -22,13 +22,6 @@ constexpr QLatin1String jobKey{"job"};
 constexpr QLatin1String layerKey{"layer"};
 constexpr QLatin1String variablesKey{"variables"};
 
-_sceneHead headFromJson(const QJsonObject& object) {
-    _sceneHead head{object[sceneKey].toString(), object[codeKey].toInt(), object[errorKey].toString(),
-                    object[messageKey].toString()};
-    if (object.contains(completeKey)) head.isComplete = object[completeKey].toBool();
-    return head;
-}
-
 /// JSON with `\u` for what could steer a terminal or reorder a line. Outside its texts only line ends are of that kind.
 QString withEscapes(const QString& json) {
     return withoutHarmful(json, [](QStringView character) {
@@ -63,6 +56,13 @@ QJsonObject headToJson(const _sceneHead& head) {
     return object;
 }
 
+_sceneHead headFromJson(const QJsonObject& object) {
+    _sceneHead head{object[sceneKey].toString(), object[codeKey].toInt(), object[errorKey].toString(),
+                    object[messageKey].toString()};
+    if (object.contains(completeKey)) head.isComplete = object[completeKey].toBool();
+    return head;
+}
+
 QJsonObject sceneToJson(const _sceneResult& result) {
     auto object = headToJson(result);
     object.insert(messageKey, result.message);
@@ -71,7 +71,7 @@ QJsonObject sceneToJson(const _sceneResult& result) {
 }
 
 _sceneResult sceneFromJson(const QJsonObject& object) {
-    _sceneResult result{headFromJson(object), {}};
+    _sceneResult result{headFromJson(object), {}, {}};
     readJson(object[jobsKey], result.jobs);
     return result;
 }

@@ -10,6 +10,9 @@ namespace vxH {
 /// Members `scene`, `code`, `error` where the code is not 1, and `complete` where that is known.
 QJsonObject headToJson(const _sceneHead& head);
 
+/// What `headToJson` tells, and the message.
+_sceneHead headFromJson(const QJsonObject& object);
+
 /// The same with `message` and `jobs`, see jobFields.h.
 QJsonObject sceneToJson(const _sceneResult& result);
 _sceneResult sceneFromJson(const QJsonObject& object);

@@ -25,8 +25,15 @@ struct _sceneHead {
     QString problem() const;
 };
 
+/// What resolving a scene would make of its jobs.
+struct _whenResolved {
+    int differ = 0;  ///< change or go
+    int come = 0;
+};
+
 struct _sceneResult : _sceneHead {
-    std::vector<_job> jobs;  ///< with those made before a failure
+    std::vector<_job> jobs;                       ///< with those made before a failure
+    std::optional<_whenResolved> whenResolved{};  ///< none: nobody looked
 };
 
 /// The variables of one job.

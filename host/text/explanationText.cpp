@@ -7,6 +7,8 @@
 
 #include "host/base/displayText.h"
 #include "host/text/jobTable.h"
+#include "host/text/resolvingText.h"
+#include "host/text/valueLine.h"
 
 namespace vxH {
 namespace {
@@ -127,12 +129,18 @@ struct _sectionRow {
     QStringList details;
 };
 
+/// A value with its node where that is another one than the section's.
+QString resolvedLine(const vxE::_explainedSection& section, const vxP::_resolvedValue& value) {
+    const QString name = value.node == section.node ? value.parameter : value.node + QLatin1Char('/') + value.parameter;
+    return valueLine({name, value.expression, value.stored, value.value, value.reason});
+}
+
 _sectionRow rowOf(const vxE::_explainedSection& section) {
     const QString copies =
         section.copies.isEmpty() ? QString() : QStringLiteral(" (and copies: %1)").arg(section.copies.size());
-    const bool hasDetails = isSkippedDriver(section);
-    return {QString::number(section.line), section.readerName, section.node, section.text + copies,
-            hasDetails ? section.details : QStringList()};
+    QStringList details = isSkippedDriver(section) ? section.details : QStringList();
+    for (const auto& value : section.resolved) details.append(resolvedLine(section, value));
+    return {QString::number(section.line), section.readerName, section.node, section.text + copies, details};
 }
 
 _sectionRow rowOf(const vxE::_unrecognisedSection& section) {
@@ -292,7 +300,7 @@ QString explanationText(const _explainedScene& scene, bool everySection, const _
     if (parts.warnings) addWarnings(explanation.warnings, text);
     if (parts.facts) addFacts(explanation.facts, text);
     if (text.lines.size() == 1) text.line(QStringLiteral("nothing of what was asked for"));
-    return text.lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+    return text.lines.join(QLatin1Char('\n')) + QLatin1Char('\n') + resolvingText(scene, terminal.width);
 }
 
 }  // namespace vxH

@@ -7,6 +7,7 @@
 #include "host/base/displayText.h"
 #include "host/text/columnFit.h"
 #include "host/text/explanationNotes.h"
+#include "host/text/resolvingText.h"
 #include "host/text/sharedFolder.h"
 #include "shared/vxPath.h"
 
@@ -333,7 +334,8 @@ QString jobText(const _explainedScene& scene, const _submitterArguments& submitt
     auto lines = QStringList{sceneSummary(scene)} + jobTable(scene, options, terminal);
     const auto notes = explanationLines(scene, submitter, options.isWide ? 0 : terminal.width);
     for (const auto& note : notes) lines += coloured(note, terminal.colour ? markedColour : QLatin1String{});
-    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n') +
+           resolvingText(scene, options.isWide ? 0 : terminal.width);
 }
 
 }  // namespace vxH

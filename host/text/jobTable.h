@@ -25,7 +25,8 @@ QString sceneSummary(const _sceneResult& result);
 QStringList jobTable(const _explainedScene& scene, const _tableOptions& options, const _terminal& terminal);
 
 /// Both as text, each line with its end. Below, for an explained scene, how many warnings there are and what gave no
-/// job, with the command that tells more. Empty for a scene that failed without jobs and is not explained.
+/// job, with the command that tells more, and what resolving would change. Empty for a scene that failed without jobs
+/// and is not explained.
 QString jobText(const _explainedScene& scene, const _submitterArguments& submitter, const _tableOptions& options,
                 const _terminal& terminal);
 

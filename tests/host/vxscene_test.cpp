@@ -118,6 +118,25 @@ const _usage usages[] = {
      "\"tkae\" is no column; there are number, "},
     {"no_such_reader", {"explain", "--reader", "lops", "/noJobs.hip"}, 2, "usdRenderSettings|lop"},
     {"job_0", {"vars", "--plugin", VX_FAKE_PLUGIN, "/exportPair.hip", "--job", "0"}, 2, "--job"},
+    {"values", {"values", "--driven", VX_EXAMPLE_SCENE, "out/arnold*"}, 0, "  f1 = 1001  <- $FSTART\n"},
+    {"values_at_a_frame",
+     {"values", "--driven", VX_EXAMPLE_SCENE, "kettle", "--frame", "1051"},
+     0,
+     "  ry = 180  <- ($FF - 1001) / 100 * 360  (stored: 0)\n"},
+    {"values_of_drivers", {"values", "--drivers", VX_EXAMPLE_SCENE}, 0, "/out/kettle_alembic  alembic\n"},
+    {"value_lines",
+     {"values", "--format", "jsonl", VX_EXAMPLE_SCENE, "/out/arnold_beauty"},
+     0,
+     R"("cached":"1001","channel":"f1","component":1,"expression":"$FSTART","formatVersion":1,"language":"hscript",)"},
+    {"values_of_no_node", {"values", VX_EXAMPLE_SCENE, "/no/*"}, 1, "there is no node /no/* (code -7)"},
+    {"values_of_no_scene", {"values", VX_NO_PLUGIN}, 4, "is no Houdini scene"},
+    {"check_at_a_frame", {"values", "--check", "--frame", "3", VX_EXAMPLE_SCENE}, 2, "--check"},
+    {"check_of_two", {"values", "--check", VX_EXAMPLE_SCENE, VX_EXAMPLE_SCENE}, 0, "\nevaluated: 100.00 %"},
+    {"resolved_job",
+     {"jobs", "--resolve", "--format", "jsonl", VX_EXAMPLE_SCENE},
+     0,
+     R"("resolved":[{"expression":"$FSTART","node":"/out/arnold_beauty","parameter":"f1","stored":"1001","value":"1001"})"},
+    {"resolved_section", {"explain", "--resolve", VX_EXAMPLE_SCENE}, 0, "  f1 = 1001  <- $FSTART\n"},
     {"no_variables", {"vars", "--plugin", VX_FAKE_PLUGIN, "/%3/cannotOpen.hip", "--job", "1"}, 1, "/%3/cannotOpen"},
 };
 
@@ -333,9 +352,10 @@ TEST(VxScene, TableMarksWhatIsWarnedOf) {
     EXPECT_TRUE(marked.contains("\n 1! ") && marked.contains("!1001-1100 x0") && marked.contains("!%dARM/"));
     EXPECT_TRUE(plain.contains("\n 1 ") && plain.contains("!1001-1100 x0")) << plain.constData();
     EXPECT_TRUE(marked.endsWith("13 warnings (!), 5 drivers without a job, 1 not recognised: vxscene explain " +
-                                QByteArray::fromStdString(unfinished) + '\n'))
+                                QByteArray::fromStdString(unfinished) +
+                                "\n12 of 13 jobs differ when resolved, 1 more comes: --resolve\n"))
         << marked.constData();
-    EXPECT_EQ(plain.count('\n') + 1, marked.count('\n'));
+    EXPECT_EQ(plain.count('\n') + 2, marked.count('\n'));
 }
 
 /// Every line of it, on terminals of several widths.

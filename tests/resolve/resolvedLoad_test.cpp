@@ -5,6 +5,7 @@
 #include <set>
 
 #include "plugin/vxSceneParserHoudini.h"
+#include "scan/scanObserver.h"
 #include "tests/support/archiveText.h"
 #include "tests/support/sceneText.h"
 #include "tests/testText.h"
@@ -115,18 +116,67 @@ const _case cases[] = {
 
 class ResolvedLoad : public testing::TestWithParam<_case> {};
 
-TEST_P(ResolvedLoad, GivesTheJobsThatHoudiniWouldRun) {
+QByteArray sceneOf(const std::vector<_testNode>& nodes) {
     std::vector<_entryText> entries{{".start", "fps 24\ntcur 0\ntset 0.41666666666 2\nfrange 11 48\n"},
                                     {".variables", "set -g _HIP_SAVEVERSION = '20.5.370'\n"}};
-    for (const _testNode& node : GetParam().nodes) addNode(node, entries);
+    for (const _testNode& node : nodes) addNode(node, entries);
+    return QByteArray::fromStdString(vxTest::openArchive(entries));
+}
+
+TEST_P(ResolvedLoad, GivesTheJobsThatHoudiniWouldRun) {
     const vxTest::_sceneFolder folder;
-    const QString scene = folder.write(QByteArray::fromStdString(vxTest::openArchive(entries)));
+    const QString scene = folder.write(sceneOf(GetParam().nodes));
     qint32 code = 0;
     EXPECT_EQ(resolvedJobs(scene, code), GetParam().jobs);
     EXPECT_TRUE(code == 1 || (code == 25 && GetParam().jobs.empty())) << code;
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ResolvedLoad, testing::ValuesIn(cases), vxTest::rowName);
+
+/// Keeps what was computed: "node/parameter: expression, stored = value", or "? reason" in place of a value.
+class _computedValues : public vxP::_scanObserver {
+ public:
+    _computedValues() { vxP::scanObserver = this; }
+    _computedValues(const _computedValues&) = delete;
+    _computedValues& operator=(const _computedValues&) = delete;
+    ~_computedValues() override { vxP::scanObserver = nullptr; }
+
+    void sectionBegins(qint64 /*byte*/, qint32 /*jobs*/) override {}
+    void readerTakes(vxP::_sectionReader /*reader*/, const QString& /*nodePath*/) override {}
+    void parameter(const QString& /*line*/) override {}
+    void remark(vxP::_remark /*what*/, const QString& /*line*/, const QString& /*detail*/) override {}
+    void sectionEnds(qint32 /*jobs*/) override {}
+    void resolved(const vxP::_resolvedValue& value) override {
+        const QString result =
+            value.reason.isEmpty() ? QLatin1String(" = ") + value.value : QLatin1String(" ? ") + value.reason;
+        texts.push_back((value.node + QLatin1Char('/') + value.parameter + QLatin1String(": ") + value.expression +
+                         QLatin1String(", ") + value.stored + result)
+                            .toStdString());
+    }
+
+    std::vector<std::string> texts;
+};
+
+TEST(ResolvedValues, AreToldWithTheirExpressionsAndWhatWasStored) {
+    const vxTest::_sceneFolder folder;
+    const QString scene = folder.write(sceneOf({
+        {"out/a", "ifd",
+         "trange=\"normal\"|f=[ f1\t0 ] \t[ f2\t7 ] \t1|vm_picture=\"/i/`opname('.')`.$F4.exr\"|camera=/obj/cam1",
+         "f1=$FSTART|f2=npoints(0)"},
+        {"obj/cam1", "cam", "res=[ resx\t640 ] \t800", "resx=2*960"},
+    }));
+    const _computedValues told;
+    qint32 code = 0;
+    resolvedJobs(scene, code);
+    const std::vector<std::string> expected{
+        "/out/a/f1: $FSTART, 0 = 11",
+        "/out/a/f2: npoints(0), 7 ? needs geometry, which only cooking makes (npoints)",
+        "/out/a/vm_picture: /i/`opname('.')`.$F4.exr,  = /i/a.$F4.exr",
+        "/obj/cam1/resx: 2*960, 640 = 1920",
+        "/obj/cam1/resx: 2*960, 640 = 1920",
+    };
+    EXPECT_EQ(told.texts, expected);
+}
 
 /// How many drivers of a real scene write something, as its nodes' types, switches and output names have it.
 struct _realCase {

@@ -90,6 +90,21 @@ TEST(ParameterComponents, AreFoundByTheirChannelsOrTheUsualEndings) {
     }
 }
 
+/// The names that the scene tells, "-" for the others.
+TEST(ParameterComponents, HaveNamesWhereTheSceneTellsThem) {
+    const std::string attributes = "\t[ 0\tlocks=0 ]\t(\t";
+    const _parameters parameters("{\nt" + attributes + "1\t2\t3\t)\nf" + attributes + "[ f1\t10 ] \t11\t12\t)\nc" +
+                                 attributes + "1\t[ cg\t10 ] \t3\t4\t)\nscale" + attributes + "13\t)\nodd" +
+                                 attributes + "[ other\t1 ] \t2\t)\nuv" + attributes + "[ uvu\t1 ] \t2\t3\t4\t)\n}\n");
+    std::string names;
+    for (const _parameter& parameter : parameters.all())
+        for (std::size_t place = 0; place < parameter.values.size(); ++place) {
+            const std::string name = componentName(parameter, place);
+            names += (name.empty() ? "-" : name) + ' ';
+        }
+    EXPECT_EQ(names, "- - - f1 f2 f3 cr cg cb ca scale other - uvu uvv uvw - ");
+}
+
 }  // namespace
 
 }  // namespace vxN

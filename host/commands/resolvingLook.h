@@ -1,0 +1,30 @@
+// A glance at what resolving a scene would change, while it is loaded as it stands.
+#pragma once
+
+#include <chrono>
+#include <optional>
+
+#include "host/access/sceneLoad.h"
+#include "host/base/childProcess.h"
+
+namespace vxH {
+
+/// A second load in a process of its own, as what a load gathers stays in its process. It says nothing on the error
+/// stream, and what takes too long or fails is as if nobody had looked.
+class _resolvingLook {
+ public:
+    /// Begins the load; do so before the scene is loaded in this process.
+    /// @param scene  absolute path
+    /// @param timeout  of the scene as a whole; 0: none
+    _resolvingLook(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
+                   std::chrono::milliseconds timeout);
+
+    /// How the jobs differ. Waits for the load; call it once.
+    /// @param plain  the scene as it stands
+    std::optional<_whenResolved> compareWith(const _sceneResult& plain);
+
+ private:
+    _child child;
+};
+
+}  // namespace vxH
