@@ -25,18 +25,18 @@ void expectSoundList(const vxJ::_JobBasics_largePath& job, qint32 index) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view scene(reinterpret_cast<const char*>(data), size);
-    vxJ::_JobBasicsArray jobs[2];
     qint32 codes[2];
+    std::vector<std::size_t> records[2];
     for (int i = 0; i < 2; ++i) {
         vxTest::freshScanState();
-        codes[i] = vxFuzz::loadScene(scene, jobs[i], loadResolved, vxJ::waitForPreIDCapacity);
+        vxJ::_JobBasicsArray jobs;
+        codes[i] = vxFuzz::loadScene(scene, jobs, loadResolved, vxJ::waitForPreIDCapacity);
+        for (qint32 job = 0; job < std::min(jobs.count, jobs.allocated); ++job) {
+            expectSoundList(*jobs.at(job), job);
+            const auto bytes = vxFuzz::bytesOf(*jobs.at(job));
+            records[i].push_back(std::hash<std::string_view>{}({reinterpret_cast<char*>(bytes.data()), bytes.size()}));
+        }
     }
-    vxFuzz::expect(codes[0] == codes[1] && jobs[0].count == jobs[1].count, "a scene gives the same jobs each time");
-    for (qint32 i = 0; i < std::min(jobs[0].count, jobs[0].allocated); ++i) {
-        expectSoundList(*jobs[0].at(i), i);
-        const auto first = vxFuzz::bytesOf(*jobs[0].at(i));
-        const auto second = vxFuzz::bytesOf(*jobs[1].at(i));
-        vxFuzz::expect(std::equal(first.begin(), first.end(), second.begin()), "... to the byte");
-    }
+    vxFuzz::expect(codes[0] == codes[1] && records[0] == records[1], "a scene gives the same records each time");
     return 0;
 }

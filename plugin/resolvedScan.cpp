@@ -7,6 +7,7 @@
 #include "drivers/outNode.h"
 #include "input/sceneLine.h"
 #include "plugin/sceneScan.h"
+#include "resolve/frameGuard.h"
 #include "resolve/renderOrder.h"
 #include "resolve/resolvedSection.h"
 #include "resolve/sectionEvaluator.h"
@@ -212,6 +213,7 @@ qint32 _resolvedScan::readDriver(const _section& section) {
     if (lines) {
         const qint32 result = readLines(section, *lines);
         if (result != resultSuccess) return result;
+        for (qint32 i = driver.firstJob; i < load.jobArray->count; ++i) removeFrameGuards(*load.jobArray->at(i));
     } else {
         tellReader(section.kind.reader, section.path);
         tellOfSection(remarkOf(idle));

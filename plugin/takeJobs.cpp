@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "resolve/frameGuard.h"
 #include "scan/scanBudget.h"
 
 namespace vxP {
@@ -37,9 +38,10 @@ const vxJ::_JobBasicsArray& _takeJobs::read(const _resolvedDriver& driver, const
     QTextStream stream(&lines, QIODevice::ReadOnly);
     QString line;
     sectionKindOf(_sectionReader::driver).readNode(takeLoad, {name, driver.traits}, stream, line, taken);
+    jobs.count = std::min(jobs.count, jobs.allocated);  // memory may have been short
+    for (qint32 i = 0; i < jobs.count; ++i) removeFrameGuards(*jobs.at(i));
     completeAll(jobs);
-    for (qint32 i = 0; i < jobs.count; ++i)
-        if (auto* const job = jobs.at(i)) job->layer = driver.path;
+    for (qint32 i = 0; i < jobs.count; ++i) jobs.at(i)->layer = driver.path;
     return jobs;
 }
 

@@ -5,6 +5,7 @@
 
 #include "drivers/outNodeRules.h"
 #include "evaluate/sequenceText.h"
+#include "resolve/frameGuard.h"
 #include "resolve/stageSettings.h"
 #include "scan/scanBudget.h"
 #include "scan/scanState.h"
@@ -170,6 +171,7 @@ void _sectionResolver::addParameter(const _target& target, const vxN::_parameter
             text = cameraPath(target.node, text);
         if (value.isDriven() && target.kind.reader == _sectionReader::wedge && name.starts_with(stepsOfChannel))
             text = wholeNumber(text);
+        if (target.kind.reader == _sectionReader::driver) text = guardedFromFrames(text);
         values.append(value.isQuoted ? QLatin1Char('"') + text + QLatin1Char('"') : text);
     }
     target.lines += lineOf(name, values.join(QLatin1Char('\t')));
@@ -217,7 +219,8 @@ bool _sectionResolver::addStageImage(const _target& target, const vxN::_paramete
     const auto picture = settings.component(settingsImage);
     const auto text = picture ? textOf(settings, *picture) : vxV::_textOutcome(std::string());
     const QString why = !settings ? reason : text ? QString() : reasonText(text.why());
-    if (settings && text) target.lines += lineOf(name, QLatin1Char('"') + qt(*text) + QLatin1Char('"'));
+    if (settings && text)
+        target.lines += lineOf(name, QLatin1Char('"') + guardedFromFrames(qt(*text)) + QLatin1Char('"'));
     if (scanObserver != nullptr)
         scanObserver->resolved({qt(parameter.name),
                                 settings ? qt(settings.path()) + QLatin1String("/picture") : QString(),

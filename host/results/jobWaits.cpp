@@ -1,5 +1,6 @@
 #include "host/results/jobWaits.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <array>
 
