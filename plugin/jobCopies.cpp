@@ -93,7 +93,8 @@ qint32 _jobCopier::takeOver(const _resolvedDriver& driver, const vxJ::_JobBasics
 
 qint32 _jobCopier::copyForTake(qint32 pattern, _size take, const QString& name) {
     const _resolvedDriver* const driver = ofTakes.driverOf(pattern);
-    const _takeSection* const section = driver == nullptr ? nullptr : _takeJobs::sectionIn(*driver, name);
+    const _takeSection* const section =
+        driver == nullptr ? nullptr : _takeJobs::sectionIn(*driver, static_cast<qint32>(take));
     if (section != nullptr) {
         const vxJ::_JobBasicsArray& made = ofTakes.read(*driver, *section);
         const qint32 at = pattern - driver->firstJob;
@@ -108,12 +109,10 @@ qint32 _jobCopier::copyForTake(qint32 pattern, _size take, const QString& name) 
 
 /// Drivers that write in takes alone have no job to be copied.
 qint32 _jobCopier::addDriversOfTakes(const QStringList& takes) {
-    for (const _resolvedDriver& driver : ofTakes.all())
-        for (_size take = 0; driver.jobCount == 0 && take < takes.size(); ++take) {
-            const _takeSection* const section = _takeJobs::sectionIn(driver, takes.at(take));
-            if (section == nullptr) continue;
-            const vxJ::_JobBasicsArray& made = ofTakes.read(driver, *section);
-            const qint32 added = takeOver(driver, made, 0, made.count, take, takes.at(take));
+    for (const _resolvedDriver& driver : ofTakes.all().ofTakes)
+        for (const _takeSection& section : driver.takes) {
+            const vxJ::_JobBasicsArray& made = ofTakes.read(driver, section);
+            const qint32 added = takeOver(driver, made, 0, made.count, section.take, takes.at(section.take));
             if (added != resultSuccess) return added;
         }
     return resultSuccess;

@@ -69,8 +69,7 @@ void completeJobs(vxJ::_JobBasicsArray& jobs, const _sceneSummary& scene) {
 }
 
 void wireJobs(_jobWaits& waits, const _resolvedDrivers& drivers) {
-    for (const _resolvedDriver& driver : drivers)
-        if (driver.jobCount > 0) waits.wire(driver.firstJob, driver.before);
+    for (const _resolvedDriver& driver : drivers.withJobs) waits.wire(driver.firstJob, driver.before);
 }
 
 qint32 copyForTakes(const _sceneFacts& facts, _jobCopier& copier) {

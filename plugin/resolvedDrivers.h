@@ -10,7 +10,7 @@ namespace vxP {
 
 /// A driver as a take has it, where that is not as the scene was saved.
 struct _takeSection {
-    QString take;
+    qint32 take = 0;  ///< position in the list of the scene's takes
     bool writes = false;
     QString lines;  ///< for its reader
 };
@@ -19,12 +19,15 @@ struct _resolvedDriver {
     QString path;
     const _nodeTraits* traits = nullptr;  ///< null: the type is not known
     qint32 firstJob = 0;
-    qint32 jobCount = 0;         ///< 0: it has jobs in takes alone
-    std::vector<qint32> before;  ///< jobs of the drivers that are rendered before it, by their positions
-    std::vector<_takeSection> takes;
+    qint32 jobCount = 0;
+    std::vector<qint32> before;       ///< jobs of the drivers that are rendered before it, by their positions
+    std::vector<_takeSection> takes;  ///< in the order of the scene's takes
 };
 
-/// In the order of their jobs; none in a plain load.
-using _resolvedDrivers = std::vector<_resolvedDriver>;
+/// None in a plain load.
+struct _resolvedDrivers {
+    std::vector<_resolvedDriver> withJobs;  ///< in the order of their jobs
+    std::vector<_resolvedDriver> ofTakes;   ///< they write in takes alone
+};
 
 }  // namespace vxP

@@ -118,6 +118,11 @@ class _resolvedScan {
         const _nodeTraits* traits() const { return type == nullptr ? nullptr : &type->traits; }
     };
 
+    struct _otherTake {
+        qint32 index;  ///< in the scene
+        qint32 place;  ///< in the facts
+    };
+
     qint32 readFacts();
     void findTakes();
     qint32 readNode(const vxN::_node& node, const _nodeType* type);
@@ -136,8 +141,8 @@ class _resolvedScan {
     std::unique_ptr<vxV::_evaluator> evaluator;
     _sectionResolver sections;
     _renderOrder order;
-    std::vector<qint32> otherTakes;     ///< that change anything in the scene as it was saved
-    std::map<qint32, qint32> lastJobs;  ///< of drivers, by node
+    std::vector<_otherTake> otherTakes;  ///< that change anything in the scene as it was saved
+    std::map<qint32, qint32> lastJobs;   ///< of drivers, by node
     const std::function<bool(qint32)> hasJobs = [this](qint32 node) { return lastJobs.count(node) > 0; };
 };
 
@@ -150,6 +155,8 @@ qint32 _resolvedScan::readFacts() {
 }
 
 void _resolvedScan::findTakes() {
+    std::map<QString, qint32> places;
+    for (const QString& name : facts.takes.names) places.emplace(name, static_cast<qint32>(places.size()));
     const auto takes = scene.takes().all();
     const qint32 active = scene.activeTake();
     std::vector<bool> isOther(takes.size());
@@ -158,7 +165,10 @@ void _resolvedScan::findTakes() {
         const qint32 parent = takes[i].parent;
         const bool isParentOther = parent >= 0 && isOther[static_cast<std::size_t>(parent)];
         isOther[i] = index != active && (isParentOther || !takes[i].overrides.empty());
-        if (isOther[i] && facts.takes.known.count(qt(takes[i].name)) > 0) otherTakes.push_back(index);
+        const auto place = places.find(qt(takes[i].name));
+        if (place == places.end()) continue;
+        if (isOther[i]) otherTakes.push_back({index, place->second});
+        places.erase(place);  // of two takes of a name the first one counts
     }
 }
 
@@ -177,18 +187,18 @@ std::optional<QString> _resolvedScan::ownTake(const vxN::_node& node) {
 
 /// @param lines  of the driver as the scene was saved; none: it writes nothing then
 void _resolvedScan::readTakes(const _section& section, const std::optional<QString>& lines, _resolvedDriver& driver) {
-    for (const qint32 take : otherTakes) {
-        const QString name = qt(scene.takes().all()[static_cast<std::size_t>(take)].name);
-        const _shownTake shown(scene, *evaluator, take);
+    for (const _otherTake& take : otherTakes) {
+        spendWork(shownTakeCost);
+        const _shownTake shown(scene, *evaluator, take.index);
         std::optional<QString> taken;
         if (sections.idleness(section.node, section.type) == _idle::no) {
             const _unobserved silence;
             taken = sections.linesOf(section.node, section.kind, section.type);
         }
         if (taken == lines) continue;
-        if (!taken) tellOfSection(_remark::offInTake, name);
-        keepMemory(bytesOf(name) + bytesOf(taken.value_or(QString())) + static_cast<qint64>(sizeof(_takeSection)));
-        driver.takes.push_back({name, taken.has_value(), taken.value_or(QString())});
+        if (!taken) tellOfSection(_remark::offInTake, facts.takes.names.at(take.place));
+        keepMemory(bytesOf(taken.value_or(QString())) + static_cast<qint64>(sizeof(_takeSection)));
+        driver.takes.push_back({take.place, taken.has_value(), taken.value_or(QString())});
     }
 }
 
@@ -222,7 +232,10 @@ qint32 _resolvedScan::readDriver(const _section& section) {
     driver.before = jobsBefore(section.node.index());
     if (!own) readTakes(section, lines, driver);
     if (driver.jobCount > 0) lastJobs[section.node.index()] = load.jobArray->count - 1;
-    if (driver.jobCount > 0 || !driver.takes.empty()) drivers.push_back(std::move(driver));
+    if (driver.jobCount > 0)
+        drivers.withJobs.push_back(std::move(driver));
+    else if (!driver.takes.empty())
+        drivers.ofTakes.push_back(std::move(driver));
     return resultSuccess;
 }
 

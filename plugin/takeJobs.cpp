@@ -7,20 +7,29 @@
 
 namespace vxP {
 
-const _resolvedDriver* _takeJobs::driverOf(qint32 job) const {
-    const auto isBehind = [](qint32 wanted, const _resolvedDriver& driver) { return wanted < driver.firstJob; };
-    auto driver = std::upper_bound(drivers.begin(), drivers.end(), job, isBehind);
-    while (driver != drivers.begin()) {
-        --driver;
-        if (driver->jobCount > 0) return job < driver->firstJob + driver->jobCount ? &*driver : nullptr;
-    }
-    return nullptr;
+namespace {
+
+constexpr QLatin1Char numberEnd{':'};  ///< of what stands before a driver's path in its name
+constexpr QLatin1String pathBehind{":/"};
+
+}  // namespace
+
+bool isNameInTake(const QString& driver) {
+    return !driver.isEmpty() && driver.at(0).isDigit() && driver.contains(pathBehind);
 }
 
-const _takeSection* _takeJobs::sectionIn(const _resolvedDriver& driver, const QString& take) {
-    const auto found = std::find_if(driver.takes.begin(), driver.takes.end(),
-                                    [&](const _takeSection& section) { return section.take == take; });
-    return found == driver.takes.end() ? nullptr : &*found;
+const _resolvedDriver* _takeJobs::driverOf(qint32 job) const {
+    const auto isBehind = [](qint32 wanted, const _resolvedDriver& driver) { return wanted < driver.firstJob; };
+    const auto behind = std::upper_bound(drivers.withJobs.begin(), drivers.withJobs.end(), job, isBehind);
+    if (behind == drivers.withJobs.begin()) return nullptr;
+    const _resolvedDriver& driver = *(behind - 1);
+    return job < driver.firstJob + driver.jobCount ? &driver : nullptr;
+}
+
+const _takeSection* _takeJobs::sectionIn(const _resolvedDriver& driver, qint32 take) {
+    const auto isBefore = [](const _takeSection& section, qint32 wanted) { return section.take < wanted; };
+    const auto found = std::lower_bound(driver.takes.begin(), driver.takes.end(), take, isBefore);
+    return found == driver.takes.end() || found->take != take ? nullptr : &*found;
 }
 
 const vxJ::_JobBasicsArray& _takeJobs::read(const _resolvedDriver& driver, const _takeSection& section) {
@@ -29,7 +38,7 @@ const vxJ::_JobBasicsArray& _takeJobs::read(const _resolvedDriver& driver, const
     spendWork(sectionCost);
     const _unobserved silence;
     // The catalogues keep the first camera and stage of a driver: in each take it is another driver to them.
-    const QString name = QString::number(++sectionsRead) + QLatin1Char(':') + driver.path;
+    const QString name = QString::number(++sectionsRead) + numberEnd + driver.path;
     _sceneFacts taken = facts;
     vxJ::_JobBasicsArray& own = jobs;
     _dataPARS_LoadSceneFile takeLoad = load;

@@ -9,6 +9,9 @@
 
 namespace vxP {
 
+/// True for a name under which the catalogues know a driver as a take has it.
+bool isNameInTake(const QString& driver);
+
 /// Reads the sections of a resolved load's drivers that are others in a take.
 class _takeJobs {
  public:
@@ -18,10 +21,10 @@ class _takeJobs {
         : load(hostsLoad), facts(sceneFacts), drivers(ofScene), completeAll(std::move(complete)) {}
 
     const _resolvedDrivers& all() const { return drivers; }
-    /// The driver that a job is of; null: none that has takes of its own.
+    /// The driver that a job is of; null: it was in the array before the load.
     const _resolvedDriver* driverOf(qint32 job) const;
     /// What a take changes of a driver; null: nothing.
-    static const _takeSection* sectionIn(const _resolvedDriver& driver, const QString& take);
+    static const _takeSection* sectionIn(const _resolvedDriver& driver, qint32 take);
     /// The driver's jobs in that take, finished. They stay until the next ones are read.
     const vxJ::_JobBasicsArray& read(const _resolvedDriver& driver, const _takeSection& section);
 
