@@ -1,6 +1,8 @@
 #include "plugin/jobWaits.h"
 
 #include <QStringList>
+#include <algorithm>
+#include <array>
 
 #include "scan/scanBudget.h"
 
@@ -11,15 +13,6 @@ namespace {
 using vxJ::_JobBasics_largePath;
 
 constexpr qint32 ownNumbers = 256;  ///< the numbers of jobs have 8 bits and repeat in a long array
-
-/// The nearest job before `index` whose own number it waits for.
-qint32 waitedForBy(const vxJ::_JobBasicsArray& jobs, qint32 index) {
-    const _JobBasics_largePath* const job = jobs.at(index);
-    if (job == nullptr || job->waitForPreIDCount != 1) return -1;
-    for (qint32 before = index - 1; before >= 0; --before)
-        if (jobs.at(before)->preID == job->waitForPreIDs[0]) return before;
-    return -1;
-}
 
 QString positionsOf(const std::vector<qint32>& jobs) {
     QStringList positions;
@@ -49,8 +42,15 @@ void writeWaits(const vxJ::_JobBasicsArray& jobs, qint32 index, const std::vecto
 
 }  // namespace
 
+/// A number means the nearest job before that has it.
 _jobWaits::_jobWaits(vxJ::_JobBasicsArray& array) : jobs(array) {
-    for (qint32 i = 0; i < jobs.count; ++i) append(waitedForBy(jobs, i));
+    std::array<qint32, ownNumbers> lastOfNumber{};
+    lastOfNumber.fill(-1);
+    for (qint32 index = 0; index < jobs.count; ++index) {
+        const _JobBasics_largePath* const job = jobs.at(index);
+        append(job != nullptr && job->waitForPreIDCount == 1 ? lastOfNumber[job->waitForPreIDs[0]] : -1);
+        if (job != nullptr) lastOfNumber[job->preID] = index;
+    }
 }
 
 void _jobWaits::wire(qint32 job, std::vector<qint32> before) {

@@ -55,7 +55,8 @@ std::string takeList(const std::vector<_testTake>& takes) {
     std::string text = "HoudiniTakeFile 1.0\n";
     int names = 0;
     for (const _testTake& take : takes) {
-        text += "take name " + take.name + " kids " + std::to_string(names == 0 ? takes.size() - 1 : 0) + '\n';
+        text +=
+            "take name " + take.name + " kids " + std::to_string(&take == takes.data() ? takes.size() - 1 : 0) + '\n';
         for (const _testOverride& override : take.overrides) {
             const std::string node = std::to_string(names++);
             const std::string name = std::to_string(names++);
@@ -241,6 +242,40 @@ TEST_P(ResolvedLoad, GivesTheJobsThatHoudiniWouldRun) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ResolvedLoad, testing::ValuesIn(cases), vxTest::rowName);
+
+/// A driver behind 40 others, in the scene's take and eight more: records have room for 32 waits, and numbers repeat.
+TEST(ResolvedWaits, ListThoseThatARecordCannotName) {
+    constexpr int before = 40;
+    constexpr int takes = 8;
+    std::vector<_entryText> entries;
+    _testNode last{"out/last", "ifd", "vm_picture=/i/last.exr"};
+    for (int i = 0; i < before; ++i) {
+        last.inputs += "d" + QByteArray::number(i) + '|';
+        addNode({"out/d" + std::to_string(i), "ifd", "vm_picture=/i/d.exr"}, entries);
+    }
+    addNode(last, entries);
+    std::vector<_testTake> list;
+    for (int i = 0; i < takes; ++i) list.push_back({"t" + std::to_string(i), {}});
+    entries.push_back({".takes", takeList(list)});
+    const vxTest::_sceneFolder folder;
+    vxTest::freshScanState();
+    vxTest::_loader loader(folder.write(QByteArray::fromStdString(vxTest::openArchive(entries))),
+                           {QStringLiteral("-houdiniResolve")});
+    ASSERT_EQ(pLoadSceneFile(&loader.record()), vxP::resultSuccess);
+    ASSERT_EQ(loader.count(), (before + 1) * (takes + 1));
+    for (int i = 0; i < loader.count(); ++i) {
+        const auto& job = loader.job(i);
+        if (plainOf(job.layer) != "/out/last") continue;
+        const QStringList positions = job.sceneSettings.customData_Str(vxJ::CUSTOMWaitsFor).split(QLatin1Char(' '));
+        ASSERT_EQ(positions.size(), before);
+        for (const QString& position : positions)
+            EXPECT_EQ(plainOf(loader.job(position.toInt() - 1).channel), plainOf(job.channel));
+        const int reach =
+            static_cast<int>(std::count_if(positions.begin(), positions.end(),
+                                           [&](const QString& position) { return i + 1 - position.toInt() < 256; }));
+        EXPECT_EQ(job.waitForPreIDCount, std::min(reach, vxJ::waitForPreIDCapacity)) << i;
+    }
+}
 
 /// How many drivers of a real scene write something, as its nodes' types, switches and output names have it.
 struct _realCase {
