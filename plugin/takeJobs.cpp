@@ -32,6 +32,15 @@ const _takeSection* _takeJobs::sectionIn(const _resolvedDriver& driver, qint32 t
     return found == driver.takes.end() || found->take != take ? nullptr : &*found;
 }
 
+/// A copy, as a reader may note something in them. It needs no takes, which may be many.
+_sceneFacts& _takeJobs::factsOfReader() {
+    if (!ownFacts) {
+        ownFacts = facts;
+        ownFacts->takes = {};
+    }
+    return *ownFacts;
+}
+
 const vxJ::_JobBasicsArray& _takeJobs::read(const _resolvedDriver& driver, const _takeSection& section) {
     jobs.clear();
     if (!section.writes) return jobs;
@@ -39,14 +48,12 @@ const vxJ::_JobBasicsArray& _takeJobs::read(const _resolvedDriver& driver, const
     const _unobserved silence;
     // The catalogues keep the first camera and stage of a driver: in each take it is another driver to them.
     const QString name = QString::number(++sectionsRead) + numberEnd + driver.path;
-    _sceneFacts taken = facts;
-    vxJ::_JobBasicsArray& own = jobs;
     _dataPARS_LoadSceneFile takeLoad = load;
-    takeLoad.jobArray = &own;
+    takeLoad.jobArray = &jobs;
     QString lines = section.lines;
     QTextStream stream(&lines, QIODevice::ReadOnly);
     QString line;
-    sectionKindOf(_sectionReader::driver).readNode(takeLoad, {name, driver.traits}, stream, line, taken);
+    sectionKindOf(_sectionReader::driver).readNode(takeLoad, {name, driver.traits}, stream, line, factsOfReader());
     jobs.count = std::min(jobs.count, jobs.allocated);  // memory may have been short
     for (qint32 i = 0; i < jobs.count; ++i) removeFrameGuards(*jobs.at(i));
     completeAll(jobs);

@@ -29,10 +29,13 @@ class _takeJobs {
     const vxJ::_JobBasicsArray& read(const _resolvedDriver& driver, const _takeSection& section);
 
  private:
+    _sceneFacts& factsOfReader();
+
     const _dataPARS_LoadSceneFile& load;
     const _sceneFacts& facts;
     const _resolvedDrivers& drivers;
     std::function<void(vxJ::_JobBasicsArray&)> completeAll;
+    std::optional<_sceneFacts> ownFacts;
     vxJ::_JobBasicsArray jobs;
     int sectionsRead = 0;
 };
