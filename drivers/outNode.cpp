@@ -10,8 +10,6 @@ namespace vxP {
 
 namespace {
 
-constexpr qint32 mostJobsBefore = 250;  ///< with more jobs than that, later drivers are passed over
-
 void restartFrameRange() {
     trange = false;
     seqStart = GLseqStart;

@@ -8,8 +8,11 @@
 
 namespace vxP {
 
+constexpr qint32 mostJobsBefore = 250;  ///< with more jobs than that, later drivers are passed over
+
 /// Reads the section of one output driver and adds its jobs to the host's array. A section that is cut off, or whose
-/// output name is unusable, adds none. When the array already holds more than 250 jobs the section is not read at all.
+/// output name is unusable, adds none. When the array already holds more than `mostJobsBefore` jobs the section is not
+/// read at all.
 /// @param load    scene file name and job array are used
 /// @param stream  about to read what follows the header line
 /// @param[in,out] line  in: the section's header; out: the last line read

@@ -30,11 +30,13 @@ _evaluation::_evaluation(const vxN::_scene& ofScene, _options with)
     if (!clock.frame && timeline.currentTime) clock.frame = clock.frameAt(*timeline.currentTime);
 }
 
+void _evaluation::forgetValues() {
+    results.clear();
+    resultBytes = 0;
+}
+
 void _evaluation::forgetTooMuch() {
-    if (resultBytes > mostKeptResults) {
-        results.clear();
-        resultBytes = 0;
-    }
+    if (resultBytes > mostKeptResults) forgetValues();
     if (treeBytes > mostKeptExpressions) {
         trees.clear();
         treeBytes = 0;

@@ -41,6 +41,8 @@ class _evaluation {
         return result;
     }
 
+    void forgetValues();
+
     const vxN::_scene& scene;
     _options options;
     _clock clock;

@@ -25,6 +25,10 @@ void _evaluator::setFrame(double frame) {
     evaluation->clock.frame = frame;
 }
 
+void _evaluator::forgetValues() {
+    evaluation->forgetValues();
+}
+
 _numberOutcome _evaluator::number(const vxN::_node& node, std::string_view channel, _dependence* dependence) {
     return evaluation->begin(dependence, [&] { return evaluation->number(node, channel, frame()); });
 }

@@ -71,6 +71,8 @@ class _evaluator {
     /// The frame at which values are asked for; 1 where neither the options nor the scene tell one.
     double frame() const;
     void setFrame(double frame);
+    /// What the scene says of its nodes has changed: another take is shown.
+    void forgetValues();
 
     /// A component's number: of the channel that drives it, or literal.
     /// @param channel  name of the component: "tx" of "t", "f1" of "f"

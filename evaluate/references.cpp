@@ -15,11 +15,6 @@ constexpr std::array<std::string_view, 15> networkTypes{"dopnet", "geo",     "so
                                                         "lopnet", "chopnet", "copnet", "cop2net", "matnet",
                                                         "vopnet", "shopnet", "topnet", "img",     "popnet"};
 
-bool holdsOwnNetwork(const _node& node) {
-    const std::string_view name = vxN::splitNodeType(node.type()).name;
-    return std::find(networkTypes.begin(), networkTypes.end(), name) != networkTypes.end();
-}
-
 /// The last node on the way that there is, and what of the way is behind it.
 _node lastOnTheWay(const _node& from, std::string_view path) {
     _node last = path.starts_with('/') ? from.find("/") : from;
@@ -36,6 +31,11 @@ _node lastOnTheWay(const _node& from, std::string_view path) {
 }
 
 }  // namespace
+
+bool holdsOwnNetwork(const _node& node) {
+    const std::string_view name = vxN::splitNodeType(node.type()).name;
+    return std::find(networkTypes.begin(), networkTypes.end(), name) != networkTypes.end();
+}
 
 _outcome<_node> nodeAt(const _node& from, std::string_view path) {
     std::string_view way = path;

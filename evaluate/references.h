@@ -18,6 +18,9 @@ struct _reference {
 };
 _outcome<_reference> resolveReference(const vxN::_node& from, std::string_view text);
 
+/// True for nodes that hold a network of another kind than the one they are in.
+bool holdsOwnNetwork(const vxN::_node& node);
+
 /// The network whose kind of nodes a node is: of one in a simulation the node that simulates.
 _textOutcome creatorOf(const vxN::_node& node);
 

@@ -43,7 +43,8 @@ QString textOfJobs(const _observedSection& section, const vxJ::_JobBasicsArray& 
         if (job == nullptr) continue;
         QString text = QStringLiteral("job %1 %2").arg(QString::number(i + 1), job->app.toQString());
         if (!job->appRenderer.isEmpty()) text += QLatin1Char('/') + job->appRenderer.toQString();
-        if (job->waitForPreIDCount > 0) text += QLatin1String(" waits for it");
+        const bool isOfExport = i > section.jobsBefore;  // the first one may wait for other drivers
+        if (isOfExport && job->waitForPreIDCount > 0) text += QLatin1String(" waits for it");
         texts.append(text);
     }
     return texts.join(QLatin1String(", "));

@@ -47,6 +47,16 @@ constexpr std::array wedgeWords{
 constexpr _outcomeWords wedgeWithoutVariants{_remark::wedgeWithoutVariants, u"wedgeWithoutVariants",
                                              u"wedge varies nothing: no channel has steps"};
 
+/// What is told of a section whether or not it gave jobs.
+struct _sectionNote {
+    _remark remark;
+    QStringView text;  ///< %1: the remark's detail
+};
+constexpr std::array sectionNotes{
+    _sectionNote{_remark::currentFrameOnly, u"renders the current frame only: it has no range of its own"},
+    _sectionNote{_remark::offInTake, u"writes nothing in take '%1'"},
+};
+
 /// What a reader thought of an output name.
 struct _nameWords {
     _remark remark;
@@ -211,6 +221,9 @@ QStringList detailsOf(const _observedSection& section) {
     }
     for (const _observedRemark& remark : section.remarks)
         if (remark.what == _remark::stepsUnknown) details.append(parameterText(remark.line));
+    for (const _sectionNote& note : sectionNotes)
+        for (const _observedRemark& remark : section.remarks)
+            if (remark.what == note.remark) details.append(filled(note.text, remark.detail));
     return details;
 }
 

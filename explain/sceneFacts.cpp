@@ -1,11 +1,13 @@
 #include "explain/sceneFacts.h"
 
+#include <algorithm>
 #include <set>
 
 #include "catalogues/camList.h"
 #include "catalogues/lopList.h"
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
+#include "plugin/takeJobs.h"
 #include "scan/scanState.h"
 
 namespace vxE {
@@ -59,11 +61,17 @@ QList<_variableFact> firstVariables(_share& bytes) {
     return list;
 }
 
+/// Without the names that drivers have in takes: no section has one of these.
+QStringList ofSections(QStringList drivers) {
+    drivers.erase(std::remove_if(drivers.begin(), drivers.end(), vxP::isNameInTake), drivers.end());
+    return drivers;
+}
+
 QList<_cameraFact> cameras(_share& bytes, qint64& leftOut) {
     QList<_cameraFact> list;
     for (const vxP::_camNode& camera : vxP::camList.entries()) {
         const _cameraFact fact{camera.camName.toQString(), camera.resX, camera.resY, camera.isStereo,
-                               camera.renderNodes};
+                               ofSections(camera.renderNodes)};
         add(list, fact, QStringList{fact.node} + fact.drivers, bytes, leftOut);
     }
     return list;
@@ -72,8 +80,9 @@ QList<_cameraFact> cameras(_share& bytes, qint64& leftOut) {
 QList<_lopFact> lops(_share& bytes, qint64& leftOut) {
     QList<_lopFact> list;
     for (const vxP::_LOPNode& node : vxP::LOPList.entries())
-        add(list, {node.lopName, node.imageName, node.renderer, node.renderNodes},
-            QStringList{node.lopName, node.imageName, node.renderer} + node.renderNodes, bytes, leftOut);
+        if (!vxP::isNameInTake(node.lopName))
+            add(list, {node.lopName, node.imageName, node.renderer, ofSections(node.renderNodes)},
+                QStringList{node.lopName, node.imageName, node.renderer} + node.renderNodes, bytes, leftOut);
     return list;
 }
 

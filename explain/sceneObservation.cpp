@@ -51,7 +51,8 @@ const _observedRemark* _observedSection::find(vxP::_remark what) const {
 
 void _sceneObservation::sectionBegins(qint64 byte, qint32 jobs) {
     section = {};
-    section.byte = lastByte = byte;
+    section.byte = byte;
+    lastByte = std::max(lastByte, byte);
     section.jobsBefore = section.jobsAfter = jobsOfSections = jobs;
     linesRemarkedOn = 0;
     isInSection = true;
@@ -106,6 +107,7 @@ void _sceneObservation::sectionEnds(qint32 jobs) {
 
 void _sceneObservation::loadEnds() {
     if (isInSection) keepSection();
+    std::stable_sort(sections.begin(), sections.end(), [](const auto& a, const auto& b) { return a.byte < b.byte; });
 }
 
 void _sceneObservation::keepSection() {

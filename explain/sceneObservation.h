@@ -56,9 +56,9 @@ class _sceneObservation : public vxP::_scanObserver {
     /// The load is over, maybe inside a section.
     void loadEnds();
 
-    QList<_observedSection> sections;  ///< in file order
+    QList<_observedSection> sections;  ///< in file order once the load is over: a resolved one follows the wires
     bool hasFrameRange = false;
-    qint64 lastByte = -1;       ///< where the last section begins, left out or not; -1: there is none
+    qint64 lastByte = -1;       ///< where the last section in the file begins, left out or not; -1: there is none
     qint32 jobsOfSections = 0;  ///< in the array behind the last section
     qint64 sectionsLeftOut = 0;
     qint64 remarksLeftOut = 0;

@@ -28,7 +28,6 @@ void writeScene(std::string_view scene) {
 void expectSoundJob(const _JobBasics_largePath& job, qint32 index) {
     expect(job.structureIDs[0] == structureVersion, "a job begins with its layout");
     expect(job.preID == static_cast<quint8>(index + 1), "a job's number is its place");
-    expect(job.waitForPreIDCount <= 1, "a job waits for one other at most");
     forEachText(job, [](const auto& text) { expectSound(text); });
     for (const _channelSlot& slot : job.channels) {
         expectSound(slot.fileName);
@@ -38,6 +37,16 @@ void expectSoundJob(const _JobBasics_largePath& job, qint32 index) {
     for (int id = 0; id < settings.customData_maxIDs(); ++id)
         expect(!settings.customData_NameByID(id).isEmpty() && !settings.customData_StrByID(id).isEmpty(),
                "custom data is complete");
+}
+
+/// A number repeats every 256 jobs: the nearest job before that has it is meant.
+void expectSoundWaits(const vxJ::_JobBasicsArray& jobs, qint32 index, int most) {
+    const _JobBasics_largePath& job = *jobs.at(index);
+    expect(job.waitForPreIDCount <= most, "a job waits for no more jobs than it may");
+    for (int i = 0; i < job.waitForPreIDCount; ++i) {
+        const qint32 back = static_cast<quint8>(job.preID - job.waitForPreIDs[i]);
+        expect((back == 0 ? 256 : back) <= index, "a job waits for jobs before it");
+    }
 }
 
 void expectNoWedgePlaceholder(const _JobBasics_largePath& job) {
@@ -52,7 +61,7 @@ void expectNoWedgePlaceholder(const _JobBasics_largePath& job) {
 
 }  // namespace
 
-qint32 loadScene(std::string_view scene, vxJ::_JobBasicsArray& jobs, const _loader& loader) {
+qint32 loadScene(std::string_view scene, vxJ::_JobBasicsArray& jobs, const _loader& loader, int mostWaits) {
     writeScene(scene);
     const _vxString<500> name(sceneName);
     const _submitterSettings settings{std::size(arguments), arguments};
@@ -66,6 +75,7 @@ qint32 loadScene(std::string_view scene, vxJ::_JobBasicsArray& jobs, const _load
     expectSound(jobs.message);
     for (qint32 i = 0; i < std::min(jobs.count, jobs.allocated); ++i) {
         expectSoundJob(*jobs.at(i), i);
+        expectSoundWaits(jobs, i, mostWaits);
         if (code == resultSuccess) expectNoWedgePlaceholder(*jobs.at(i));
     }
     return code;

@@ -11,6 +11,8 @@ namespace vxFuzz {
 using _loader = std::function<qint32(vxP::_dataPARS_LoadSceneFile*)>;
 
 /// Writes the scene, loads it, and checks what the plug-in promises of the jobs. @return the result code
-qint32 loadScene(std::string_view scene, vxJ::_JobBasicsArray& jobs, const _loader& loader = pLoadSceneFile);
+/// @param mostWaits  jobs that one waits for at most; a plain load knows no wires
+qint32 loadScene(std::string_view scene, vxJ::_JobBasicsArray& jobs, const _loader& loader = pLoadSceneFile,
+                 int mostWaits = 1);
 
 }  // namespace vxFuzz

@@ -307,6 +307,55 @@ std::vector<_seed> treeSeeds() {
             {"archive", zeros(1) + QByteArray::fromStdString(licensed)}};
 }
 
+/// A driver network with every kind of way that leads to a driver, circles among them, and takes. Of the licensed kind:
+/// its entries are found whatever their sizes become.
+std::vector<_seed> networkSeeds() {
+    struct _node {
+        const char* path;
+        const char* type;
+        const char* inputs;  ///< parted by blanks
+        QByteArray parameters;
+    };
+    const _node nodes[] = {
+        {"out/last", "ifd", "all sub", "vm_picture=/i/$WEDGE/last.exr|trange=\"on\"|f=[ f1\t0 ] \t5\t1|camera=/obj/c"},
+        {"out/all", "merge", "pair chosen all", ""},
+        {"out/chosen", "switch", "one last", "index=1"},
+        {"out/far", "fetch", "far", "source=../w"},
+        {"out/sub", "subnet", "one", ""},
+        {"out/sub/in", "ifd", "(0)", "vm_picture=/i/$FARM.$F4.exr|take=far"},
+        {"out/one", "geometry", "far", "sopoutput=\"/c/`chs(\"../last/camera\")`.bgeo\""},
+        {"out/pair", "ifd", "", "vm_picture=/i/p.exr|soho_outputmode=\"on\"|soho_diskfile=/x/p.ifd"},
+        {"out/w", "wedge", "all", "prefix=p|driver=\"\"|wedgemethod=\"channel\"|name1=n|range1=0\t1|steps1=2"},
+        {"out/r", "usdrender", "", "outputimage=\"\"|loppath=/stage/s"},
+        {"stage/s", "karmarendersettings", "s", "picture=/i/s.exr"},
+        {"obj/c", "cam", "", "res=10\t20"}};
+    std::vector<vxTest::_entryText> entries{{".start", "fps 24\nfrange 1 9\n"},
+                                            {".variables", "set -g ACTIVETAKE = 'Main'\n"}};
+    for (const _node& node : nodes) {
+        const std::string path = node.path;
+        QByteArray inputs;
+        int index = 0;
+        for (const QByteArray& input : QByteArray(node.inputs).split(' '))
+            if (!input.isEmpty()) inputs += QByteArray::number(index++) + " \t" + input + " 0 1\n";
+        entries.push_back({path + ".init", std::string("type = ") + node.type + '\n'});
+        entries.push_back({path + ".def", ("flags = bypass off\ninputs\n{\n" + inputs + "}\nend\n").toStdString()});
+        entries.push_back({path + ".parm", ("{\n" + vxTest::params(node.parameters) + "}\n").toStdString()});
+    }
+    entries.push_back(
+        {"out/last.chn", "{\nchannel f1 {\nsegment { length = 0 expr = ch(\\\"../w/steps1\\\") }\n}\n}\n"});
+    const auto counted = [](const std::string& text) {
+        return std::string("\0\0\0", 3) + static_cast<char>(text.size()) + text;
+    };
+    std::string takes = "HoudiniTakeFile 1.0\ntake name Main kids 1\n" + counted("e\n") + "take name far kids 0\n";
+    for (const char* const name : {"s 0 /out/last\n", "s 1 vm_picture\n", "s 2 .flags.b\n", "s 3 /out/pair\n"})
+        takes += counted(name);
+    takes += counted("d 0 1\n" + counted("{\nvm_picture\t[ 0\tlocks=0 ]\t(\t/i/far.exr\t)\n}\n"));
+    takes += counted("d 3 2\n" + counted("on")) + counted("e\n");
+    entries.push_back({".takes", takes});
+    return {{"resolvedLoad", QByteArray::fromStdString(vxTest::licensedArchive(entries))},
+            {"resolvedLoad", QByteArray::fromStdString(vxTest::openArchive(entries))}};
+}
+
 void write(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
@@ -363,8 +412,8 @@ int main(int count, char** arguments) {
     if (count != 3) return EXIT_FAILURE;
     const QDir folder(QString::fromLocal8Bit(arguments[1]));
     folder.mkpath(QStringLiteral("."));
-    for (const auto& seeds :
-         {sceneSeeds(scenes(folder.path(), arguments[2])), textSeeds(), treeSeeds(), expressionSeeds(), recordSeeds()})
+    for (const auto& seeds : {sceneSeeds(scenes(folder.path(), arguments[2])), textSeeds(), treeSeeds(), networkSeeds(),
+                              expressionSeeds(), recordSeeds()})
         writeSeeds(folder, seeds);
     write(folder.filePath(QStringLiteral("scene.dict")), dictionary());
     return EXIT_SUCCESS;

@@ -30,5 +30,8 @@ constexpr QLatin1String CUSTOMCommentInfoName{"Comment"};
 constexpr QLatin1String CUSTOMAdditionalCommandlineFlags{"AdditionalCommandlineFlags"};
 constexpr QLatin1String CUSTOMSubmitterParameter{"vxSubmitterParameter"};
 constexpr QLatin1String CUSTOMSubmitterPluginVersion{"vxSubmitterPluginVersion"};
+/// Positions in the array, from 1, of all jobs that a job waits for, where the record's own list does not tell them
+/// all.
+constexpr QLatin1String CUSTOMWaitsFor{"vxWaitsFor"};
 
 }  // namespace vxJ

@@ -13,33 +13,20 @@ namespace {
 
 using vxJ::_JobBasics_largePath;
 
-/// For each job the nearest one before it whose own number it waits for: the numbers have 8 bits and repeat in a long
-/// array.
-std::vector<qint32> partnersIn(const vxJ::_JobBasicsArray& jobs) {
-    std::vector<qint32> partners;
-    std::array<qint32, 256> lastOfNumber;
-    lastOfNumber.fill(-1);
-    for (qint32 index = 0; index < jobs.count; ++index) {
-        const _JobBasics_largePath* const job = jobs.at(index);
-        partners.push_back(job != nullptr && job->waitForPreIDCount == 1 ? lastOfNumber[job->waitForPreIDs[0]] : -1);
-        if (job != nullptr) lastOfNumber[job->preID] = index;
-    }
-    return partners;
-}
-
 qint64 wedgeVariant(qint32 wedge, qint32 index) {
     return (qint64{wedge} << 32) + index;
 }
 
 }  // namespace
 
-_jobCopier::_jobCopier(vxJ::_JobBasicsArray& array) : jobs(array), partners(partnersIn(array)) {
-}
-
-qint32 _jobCopier::partnerOfCopy(qint32 pattern, qint64 variant) const {
-    const qint32 partner = partners[static_cast<std::size_t>(pattern)];
-    const auto copied = copies.find({partner, variant});
-    return copied == copies.end() ? -1 : copied->second;
+/// @param orPattern  a job without a copy stands for itself, else it is left out
+std::vector<qint32> _jobCopier::copiesOf(const std::vector<qint32>& patterns, qint64 variant, bool orPattern) const {
+    std::vector<qint32> copied;
+    for (const qint32 pattern : patterns) {
+        const auto found = copies.find({pattern, variant});
+        if (found != copies.end() || orPattern) copied.push_back(found == copies.end() ? pattern : found->second);
+    }
+    return copied;
 }
 
 /// Makes room for copies in one step, which is quicker for thousands of them; where memory is short for all, each copy
@@ -57,19 +44,79 @@ _JobBasics_largePath* _jobCopier::newJob() {
     return jobs.getNewJob(job) ? job : nullptr;
 }
 
+/// The waits of the new job are still those of its source.
 /// @return null when the array has no room
-_JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
+_JobBasics_largePath* _jobCopier::append(const vxJ::_JobBasicsArray& from, qint32 index) {
     _JobBasics_largePath* const job = newJob();
     if (job == nullptr) return nullptr;
-    const _JobBasics_largePath& source = *jobs.at(pattern);
+    const _JobBasics_largePath& source = *from.at(index);
     static_cast<vxJ::_JobBasics_noSettings_largePath&>(*job) = source;
     job->sceneSettings = source.sceneSettings;
     job->preID = static_cast<quint8>(jobs.count);
-    const qint32 partner = partnerOfCopy(pattern, variant);
-    if (partner >= 0) job->waitForPreIDs[0] = jobs.at(partner)->preID;
-    partners.push_back(partner);
+    return job;
+}
+
+/// @return null when the array has no room
+_JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
+    _JobBasics_largePath* const job = append(jobs, pattern);
+    if (job == nullptr) return nullptr;
+    const bool isWired = waits.isWired(pattern);
+    std::vector<qint32> before = copiesOf(waits.of(pattern), variant, isWired);
+    if (isWired) {
+        waits.appendWired(std::move(before));
+    } else {
+        waits.append(before.empty() ? -1 : before.front());
+        if (!before.empty()) job->waitForPreIDs[0] = jobs.at(before.front())->preID;
+    }
     copies[{pattern, variant}] = jobs.count - 1;
     return job;
+}
+
+/// Appends jobs of a driver as a take has them, from one of them to the one behind the last.
+qint32 _jobCopier::takeOver(const _resolvedDriver& driver, const vxJ::_JobBasicsArray& made, qint32 from, qint32 behind,
+                            _size take, const QString& name) {
+    for (qint32 i = from; i < std::min(behind, made.count); ++i) {
+        _JobBasics_largePath* const job = append(made, i);
+        if (job == nullptr) return resultNoMoreJobs;
+        job->channel = name;
+        const auto exported = copies.find({driver.firstJob + i - 1, take});
+        if (i == 0) {
+            waits.appendWired(copiesOf(driver.before, take, true));
+        } else {
+            const qint32 before = i < driver.jobCount && exported != copies.end() ? exported->second : jobs.count - 2;
+            waits.append(before);
+            job->waitForPreIDs[0] = jobs.at(before)->preID;
+        }
+        if (i < driver.jobCount) copies[{driver.firstJob + i, take}] = jobs.count - 1;
+    }
+    return resultSuccess;
+}
+
+qint32 _jobCopier::copyForTake(qint32 pattern, _size take, const QString& name) {
+    const _resolvedDriver* const driver = ofTakes.driverOf(pattern);
+    const _takeSection* const section =
+        driver == nullptr ? nullptr : _takeJobs::sectionIn(*driver, static_cast<qint32>(take));
+    if (section != nullptr) {
+        const vxJ::_JobBasicsArray& made = ofTakes.read(*driver, *section);
+        const qint32 at = pattern - driver->firstJob;
+        const bool isLast = at + 1 == driver->jobCount;
+        return takeOver(*driver, made, at, isLast ? made.count : at + 1, take, name);
+    }
+    _JobBasics_largePath* const job = copy(pattern, take);
+    if (job == nullptr) return resultNoMoreJobs;
+    job->channel = name;
+    return resultSuccess;
+}
+
+/// Drivers that write in takes alone have no job to be copied.
+qint32 _jobCopier::addDriversOfTakes(const QStringList& takes) {
+    for (const _resolvedDriver& driver : ofTakes.all().ofTakes)
+        for (const _takeSection& section : driver.takes) {
+            const vxJ::_JobBasicsArray& made = ofTakes.read(driver, section);
+            const qint32 added = takeOver(driver, made, 0, made.count, section.take, takes.at(section.take));
+            if (added != resultSuccess) return added;
+        }
+    return resultSuccess;
 }
 
 qint32 _jobCopier::copyForTakes(const QStringList& takes) {
@@ -85,12 +132,11 @@ qint32 _jobCopier::copyForTakes(const QStringList& takes) {
         if (source == nullptr) return resultNoMoreJobs;
         if (hasOwnTake(*source)) continue;
         for (_size take = 0; take < takes.size(); ++take) {
-            _JobBasics_largePath* const job = copy(pattern, take);
-            if (job == nullptr) return resultNoMoreJobs;
-            job->channel = takes.at(take);
+            const qint32 copied = copyForTake(pattern, take, takes.at(take));
+            if (copied != resultSuccess) return copied;
         }
     }
-    return resultSuccess;
+    return addDriversOfTakes(takes);
 }
 
 qint32 _jobCopier::copyForWedge(qint32 pattern, qint32 wedge) {

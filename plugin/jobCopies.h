@@ -7,17 +7,23 @@
 #include <vector>
 
 #include "jobs/VX_DataTypes_plugin.h"
+#include "plugin/jobWaits.h"
+#include "plugin/takeJobs.h"
 
 namespace vxP {
 
 /// Appends copies to a job array. Its patterns are the jobs that are in the array when a round of copies begins, in
-/// order; they stay. A copy takes the next number of the array; where its pattern waits for another job, it waits for
-/// the copy of that job made for the same take or variant.
+/// order; they stay. A copy takes the next number of the array; where its pattern waits for other jobs, it waits for
+/// the copies of these made for the same take or variant; where its driver is wired to one that has no such copy, for
+/// the pattern.
 class _jobCopier {
  public:
-    explicit _jobCopier(vxJ::_JobBasicsArray& array);
+    /// All have to outlive it.
+    _jobCopier(vxJ::_JobBasicsArray& array, _jobWaits& waitsOfJobs, _takeJobs& jobsOfTakes)
+        : jobs(array), waits(waitsOfJobs), ofTakes(jobsOfTakes) {}
 
     /// One copy of each job for every take, with the take as `channel`. A driver with a take of its own gets none.
+    /// Where a take changes a driver, its jobs in that take stand for the copies.
     /// @param takes  each once
     /// @return resultSuccess, or resultNoMoreJobs; the copies made before stay
     qint32 copyForTakes(const QStringList& takes);
@@ -38,16 +44,22 @@ class _jobCopier {
 
     void reserve(qint64 more);
     vxJ::_JobBasics_largePath* newJob();
+    vxJ::_JobBasics_largePath* append(const vxJ::_JobBasicsArray& from, qint32 index);
     vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
+    std::vector<qint32> copiesOf(const std::vector<qint32>& patterns, qint64 variant, bool orPattern) const;
+    qint32 copyForTake(qint32 pattern, _size take, const QString& name);
+    qint32 takeOver(const _resolvedDriver& driver, const vxJ::_JobBasicsArray& made, qint32 from, qint32 behind,
+                    _size take, const QString& name);
+    qint32 addDriversOfTakes(const QStringList& takes);
     qint32 copyForWedge(qint32 pattern, qint32 wedge);
     qint32 copyForWedgesOf(qint32 pattern);
     const _driversWedges& wedgesOf(qint32 pattern);
     void listWedges();
-    qint32 partnerOfCopy(qint32 pattern, qint64 variant) const;
 
     vxJ::_JobBasicsArray& jobs;
+    _jobWaits& waits;
+    _takeJobs& ofTakes;
     qint32 firstClear = vxJ::jobArrayCapacity;  ///< records from here on were made for this round and never used
-    std::vector<qint32> partners;               ///< index of the job that a job waits for, -1: none
     // Qt's hash and list would end the process where they get no memory.
     std::map<QString, _driversWedges> wedgesOfDriver;
     std::map<_copyKey, qint32> copies;  ///< of this round

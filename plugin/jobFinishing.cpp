@@ -43,16 +43,25 @@ void takeVersionsOfSubmitter(const _submitterSettings& settings, _rendererVersio
     }
 }
 
-void completeJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts, const _rendererVersions& versions) {
+_sceneSummary summaryOf(const _dataPARS_LoadSceneFile& load, const _sceneFacts& facts,
+                        const _rendererVersions& versions) {
     _sceneSummary scene{facts, versions, load.sceneFileName->toQString(), {}, hVariables.valuesOf(jobVariable)};
     scene.houdini.versionMajor = facts.majorVersion;
     scene.houdini.setVersionMinor(facts.versionMinorText);
+    return scene;
+}
+
+void completeJobs(vxJ::_JobBasicsArray& jobs, const _sceneSummary& scene) {
     _outputBefore before;
-    for (qint32 i = 0; i < load.jobArray->count; ++i) {
-        vxJ::_JobBasics_largePath* const job = load.jobArray->at(i);
+    for (qint32 i = 0; i < jobs.count; ++i) {
+        vxJ::_JobBasics_largePath* const job = jobs.at(i);
         if (job == nullptr) return;
         completeJob(*job, scene, before);
     }
+}
+
+void wireJobs(_jobWaits& waits, const _resolvedDrivers& drivers) {
+    for (const _resolvedDriver& driver : drivers.withJobs) waits.wire(driver.firstJob, driver.before);
 }
 
 qint32 copyForTakes(const _sceneFacts& facts, _jobCopier& copier) {
@@ -66,7 +75,7 @@ bool isNothingToRender(const vxJ::_JobBasicsArray& jobs) {
 
 }  // namespace
 
-qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts) {
+qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts, const _resolvedDrivers& drivers) {
     vxJ::_JobBasicsArray& jobs = *load.jobArray;
     _rendererVersions versions;
     forbidLocalSceneCopy(jobs);
@@ -74,9 +83,18 @@ qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts) {
     hVariables.orderByLength();  // so that a name comes before those that it begins with
     takeVersionsOfScene(versions);
     takeVersionsOfSubmitter(*load.settings, versions);
-    completeJobs(load, facts, versions);
-    _jobCopier copier(jobs);
-    if (const qint32 copied = copyForTakes(facts, copier); copied != resultSuccess) return copied;
+    const _sceneSummary scene = summaryOf(load, facts, versions);
+    completeJobs(jobs, scene);
+    _jobWaits waits(jobs);
+    wireJobs(waits, drivers);
+    _takeJobs jobsOfTakes(load, facts, drivers, [&](vxJ::_JobBasicsArray& taken) { completeJobs(taken, scene); });
+    _jobCopier copier(jobs, waits, jobsOfTakes);
+    const bool knewOfExports = mantraIFDJob;
+    const bool knewOfLocalFiles = HIPFound_DisableLocalScene;
+    const qint32 copied = copyForTakes(facts, copier);
+    if (!knewOfExports) skipSceneCheck(jobs);
+    if (!knewOfLocalFiles) forbidLocalSceneCopy(jobs);
+    if (copied != resultSuccess) return copied;
     if (isNothingToRender(jobs)) return resultNoUsableOutput;
     return copier.copyForWedges();
 }

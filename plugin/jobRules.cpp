@@ -108,13 +108,6 @@ void completeForApplication(const _visit& visit) {
 
 // ---- what holds for every application
 
-/// Whatever stands in the job already is rewritten too.
-void setCustomData(_JobBasics_largePath& job, const QString& name, const QString& value) {
-    const auto cut = [](qint64 size) { return std::clamp<qint64>(size, 0, vxJ::customDataBlockCapacity); };
-    spendWork(customDataCost, cut(job.sceneSettings.customDataValuesEnd) + cut(value.size()));
-    job.sceneSettings.customDataSet_Str(name, value);
-}
-
 void setHoudiniFacts(const _visit& visit) {
     visit.job.appVersionMajor = static_cast<qint16>(visit.scene.houdini.versionMajor);
     setMinorVersion(visit.job, visit.scene.houdini);
@@ -148,6 +141,12 @@ _outputBefore outputOf(const _JobBasics_largePath& job) {
 }
 
 }  // namespace
+
+void setCustomData(_JobBasics_largePath& job, const QString& name, const QString& value) {
+    const auto cut = [](qint64 size) { return std::clamp<qint64>(size, 0, vxJ::customDataBlockCapacity); };
+    spendWork(customDataCost, cut(job.sceneSettings.customDataValuesEnd) + cut(value.size()));
+    job.sceneSettings.customDataSet_Str(name, value);
+}
 
 vxRA::_RenderAppBasic rendererVersionOf(const QString& text) {
     vxRA::_RenderAppBasic version;

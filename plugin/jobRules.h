@@ -35,6 +35,9 @@ struct _sceneSummary {
     QStringList jobVariables;  ///< values of every scene variable JOB
 };
 
+/// Puts a value into a job's custom data, at the cost of what has to be rewritten there.
+void setCustomData(vxJ::_JobBasics_largePath& job, const QString& name, const QString& value);
+
 /// Completes one job. Jobs must be visited in array order.
 /// @param[in,out] before  in: the job visited before; out: this one
 void completeJob(vxJ::_JobBasics_largePath& job, const _sceneSummary& scene, _outputBefore& before);

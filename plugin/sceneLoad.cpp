@@ -27,8 +27,9 @@ qint32 loadInto(_dataPARS_LoadSceneFile& load, _sceneFacts& facts) {
     if (!file.isOpen()) return resultCannotOpen;
     importSceneFolder(*load.sceneFileName);
     importEnvironment();
-    const qint32 scanned = facts.resolves ? scanResolved(load, file, facts) : scanScene(load, file, facts);
-    return scanned == resultSuccess ? finishJobs(load, facts) : scanned;
+    _resolvedDrivers drivers;
+    const qint32 scanned = facts.resolves ? scanResolved(load, file, facts, drivers) : scanScene(load, file, facts);
+    return scanned == resultSuccess ? finishJobs(load, facts, drivers) : scanned;
 }
 
 }  // namespace

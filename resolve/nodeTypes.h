@@ -31,6 +31,7 @@ struct _nodeType {
     std::array<_outputParameter, 2> outputs{};  ///< of a driver; of two the first is the file people look for
     _writes writes = _writes::always;
     _nodeTraits traits{};
+    bool rendersSettings = false;  ///< without an output of its own it writes what the settings of its stage name
 };
 
 /// The row of a type; null: a node of that type is nothing that a farm has to know.

@@ -5,6 +5,8 @@
 
 #include "drivers/outNodeRules.h"
 #include "evaluate/sequenceText.h"
+#include "resolve/frameGuard.h"
+#include "resolve/stageSettings.h"
 #include "scan/scanBudget.h"
 #include "scan/scanState.h"
 
@@ -14,7 +16,10 @@ namespace {
 
 // Parameters that more than their reader looks at.
 constexpr std::string_view frameRange{"f"};
+constexpr std::string_view rangeSwitch{"trange"};
 constexpr std::string_view loadSwitch{"loadfromdisk"};
+constexpr std::string_view settingsImage{"picture"};
+constexpr std::string_view stepsOfChannel{"steps"};  ///< of a wedge; its number follows
 constexpr std::string_view resolutionFraction{"res_fraction"};
 constexpr std::array cameraNames{std::string_view{"camera"}, std::string_view{"RS_renderCamera"}};
 
@@ -44,8 +49,19 @@ QString lineOf(std::string_view name, const QString& values) {
     return qt(name) + QLatin1String("\t[ 0\tlocks=0 ]\t(\t") + onOneLine(values) + QLatin1String("\t)\n");
 }
 
+std::optional<double> literalNumber(std::string_view text) {
+    double number = 0;
+    return vxV::readNumber(text, number) ? std::optional<double>(number) : std::nullopt;
+}
+
 bool mayNeedComputing(const vxN::_value& value) {
     return value.isDriven() || value.text.find_first_of("`$") != std::string_view::npos;
+}
+
+/// As Houdini cuts a number where it needs a whole one.
+QString wholeNumber(const QString& text) {
+    const auto number = literalNumber(text.toStdString());
+    return number && std::abs(*number) < 1e9 ? QString::number(std::llround(std::trunc(*number))) : text;
 }
 
 QString expressionOf(const vxN::_node& node, const vxN::_value& value) {
@@ -60,11 +76,6 @@ void tellValue(const vxN::_node& node, std::string_view name, const vxN::_value&
     if (scanObserver == nullptr) return;
     scanObserver->resolved({qt(node.path()), qt(value.isDriven() ? value.channel : name), expressionOf(node, value),
                             value.isDriven() ? qt(value.text) : QString(), result, reason});
-}
-
-std::optional<double> literalNumber(std::string_view text) {
-    double number = 0;
-    return vxV::readNumber(text, number) ? std::optional<double>(number) : std::nullopt;
 }
 
 }  // namespace
@@ -159,6 +170,9 @@ void _sectionResolver::addParameter(const _target& target, const vxN::_parameter
         QString text = valueOf(target, parameter, value);
         if (std::find(cameraNames.begin(), cameraNames.end(), name) != cameraNames.end())
             text = cameraPath(target.node, text);
+        if (value.isDriven() && target.kind.reader == _sectionReader::wedge && name.starts_with(stepsOfChannel))
+            text = wholeNumber(text);
+        if (target.kind.reader == _sectionReader::driver) text = guardedFromFrames(text);
         values.append(value.isQuoted ? QLatin1Char('"') + text + QLatin1Char('"') : text);
     }
     target.lines += lineOf(name, values.join(QLatin1Char('\t')));
@@ -199,7 +213,35 @@ void _sectionResolver::addResolution(const _target& target) {
     target.lines += lineOf(overrides.front().resolution, sides.join(QLatin1Char('\t')));
 }
 
-QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type) {
+/// False: the driver names its image itself, or renders no stage.
+bool _sectionResolver::addStageImage(const _target& target, const vxN::_parameter& parameter, std::string_view name) {
+    const bool isImage =
+        target.type != nullptr && target.type->rendersSettings && parameter.name == target.type->outputs.front().name;
+    if (!isImage || !valueOf(target, parameter, parameter.values.front()).isEmpty()) return false;
+    const auto [settings, reason] = stageSettingsOf(target.node, evaluator);
+    const auto picture = settings.component(settingsImage);
+    const auto text = picture ? textOf(settings, *picture) : vxV::_textOutcome(std::string());
+    const QString why = !settings ? reason : text ? QString() : vxV::sentenceOf(text.why());
+    if (settings && text)
+        target.lines += lineOf(name, QLatin1Char('"') + guardedFromFrames(qt(*text)) + QLatin1Char('"'));
+    if (scanObserver != nullptr)
+        scanObserver->resolved({qt(target.node.path()),
+                                qt(parameter.name),
+                                settings ? qt(settings.path()) + QLatin1String("/picture") : QString(),
+                                {},
+                                text ? qt(*text) : QString(),
+                                why});
+    return true;
+}
+
+void _sectionResolver::tellCurrentFrame(const vxN::_node& node) {
+    if (scanObserver == nullptr || node.parameter(rangeSwitch) == nullptr) return;
+    if (const auto range = evaluator.text(node, rangeSwitch); range && *range == "off")
+        tellOfSection(_remark::currentFrameOnly);
+}
+
+QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type,
+                                  const _given& given) {
     QString lines;
     const _target target{node, kind, type, lines};
     const auto parameters = node.parameters();
@@ -222,12 +264,17 @@ QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& ki
                                         [&](const _override& way) { return way.resolution == name; });
         if (!isKnown || parameter.values.empty() || (isDriver && isSize)) continue;
         spendWork(sectionCost);
-        if (isDriver && name == frameRange)
+        if (name == given.name)
+            lines += lineOf(name, QLatin1Char('"') + given.value + QLatin1Char('"'));
+        else if (isDriver && name == frameRange)
             addFrames(target, parameter);
-        else
+        else if (!addStageImage(target, parameter, name))
             addParameter(target, parameter, name);
     }
-    if (isDriver) addResolution(target);
+    if (isDriver) {
+        addResolution(target);
+        tellCurrentFrame(node);
+    }
     return lines + QLatin1String("}\n");
 }
 

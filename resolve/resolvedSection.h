@@ -13,6 +13,12 @@ namespace vxP {
 /// Why a driver writes nothing, whatever its section says.
 enum class _idle : quint8 { no, bypassed, loadsFromDisk, savedByHand };
 
+/// The value of a parameter that its node leaves to others.
+struct _given {
+    std::string_view name{};
+    QString value{};
+};
+
 /// Makes the sections of a scene's nodes.
 class _sectionResolver {
  public:
@@ -25,8 +31,10 @@ class _sectionResolver {
     /// Lines for the reader of that kind, from behind the header to the closing brace: the parameters that the reader
     /// knows, in the scene's order, each on one line with its values computed. What cannot be computed is told to the
     /// observer and stays as the scene holds it; a driver's frames that cannot be told are the stored ones where these
-    /// are not 0, else the scene's. A driver's resolution is its camera's, unless it overrides it.
-    QString linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type);
+    /// are not 0, else the scene's. A driver's resolution is its camera's, unless it overrides it. An image without a
+    /// name is that of the one render settings node in the driver's stage.
+    /// @param given  stands for what the node says itself
+    QString linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type, const _given& given = {});
 
  private:
     /// Where a section is put together.
@@ -35,6 +43,8 @@ class _sectionResolver {
     void addParameter(const _target& target, const vxN::_parameter& parameter, std::string_view name);
     void addFrames(const _target& target, const vxN::_parameter& parameter);
     void addResolution(const _target& target);
+    bool addStageImage(const _target& target, const vxN::_parameter& parameter, std::string_view name);
+    void tellCurrentFrame(const vxN::_node& node);
     vxV::_textOutcome textOf(const vxN::_node& node, const vxN::_value& value);
     QString valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value);
     QString cameraPath(const vxN::_node& node, const QString& path) const;

@@ -5,6 +5,7 @@
 #include <QLatin1String>
 #include <QString>
 #include <cstddef>
+#include <utility>
 
 namespace vxP {
 
@@ -38,6 +39,8 @@ enum class _remark : quint8 {
     bypassed,              ///< no job: the node is bypassed
     loadsFromDisk,         ///< no job: the cache reads what was written before
     savedByHand,           ///< no job: the node writes only when somebody saves by hand
+    offInTake,             ///< no copy for a take, in which the node writes nothing; detail: the take
+    currentFrameOnly,      ///< Houdini renders the current frame alone: the driver has no range of its own
     wedgeWithoutDriver,    ///< no wedge: it names no driver ...
     wedgeWithoutVariants,  ///< ... its step counts give no variant
     wedgeOfOtherMethod,    ///< ... its method is another one; detail: the method
@@ -74,6 +77,18 @@ class _scanObserver {
 };
 
 extern _scanObserver* scanObserver;  ///< null: nobody wants to know
+
+/// Nobody hears what is read meanwhile.
+class _unobserved {
+ public:
+    _unobserved() : observer(std::exchange(scanObserver, nullptr)) {}
+    _unobserved(const _unobserved&) = delete;
+    _unobserved& operator=(const _unobserved&) = delete;
+    ~_unobserved() { scanObserver = observer; }
+
+ private:
+    _scanObserver* const observer;
+};
 
 /// @param line  that the remark is about
 inline void tell(_remark what, const QString& line, QLatin1String detail = {}) {

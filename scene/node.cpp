@@ -40,6 +40,11 @@ std::string _sceneStore::textOf(qint32 index, _nodeEntry entry) const {
     return text;
 }
 
+/// Of the take that is shown.
+std::vector<_takeOverride> _sceneStore::overridesOf(const _node& node) const {
+    return shownTake < 0 ? std::vector<_takeOverride>() : takes->overridesOf(shownTake, node.path());
+}
+
 std::string_view _node::name() const {
     return scene == nullptr ? std::string_view() : scene->record(position).name;
 }
@@ -107,15 +112,20 @@ _node _node::find(std::string_view path) const {
 std::shared_ptr<const _nodeDefinition> _node::definition() const {
     if (scene == nullptr) return std::make_shared<const _nodeDefinition>();
     return scene->definitions.get(position, [this] {
-        return std::make_shared<const _nodeDefinition>(
-            parseNodeDefinition(scene->textOf(position, _nodeEntry::definition)));
+        _nodeDefinition definition = parseNodeDefinition(scene->textOf(position, _nodeEntry::definition));
+        for (const _takeOverride& override : scene->overridesOf(*this))
+            if (override.isFlag()) definition.setFlag(override.name.substr(flagMark.size()), override.value == "on");
+        return std::make_shared<const _nodeDefinition>(std::move(definition));
     });
 }
 
 std::shared_ptr<const _parameters> _node::parameters() const {
     if (scene == nullptr) return std::make_shared<const _parameters>(std::string());
     return scene->parameters.get(position, [this] {
-        return std::make_shared<const _parameters>(scene->textOf(position, _nodeEntry::parameters));
+        std::vector<std::string_view> blocks;
+        for (const _takeOverride& override : scene->overridesOf(*this))
+            if (!override.isFlag()) blocks.push_back(override.value);
+        return std::make_shared<const _parameters>(scene->textOf(position, _nodeEntry::parameters), blocks);
     });
 }
 
@@ -136,6 +146,8 @@ std::shared_ptr<const _value> _node::component(std::string_view channel) const {
 }
 
 std::shared_ptr<const _channel> _node::channel(std::string_view name) const {
+    if (scene != nullptr && scene->shownTake >= 0)
+        if (const auto value = component(name); value != nullptr && value->isOfTake) return nullptr;
     const auto all = channels();
     return partOf(all, all->find(name));
 }
@@ -176,6 +188,16 @@ _node _node::inputNode(quint32 index) const {
         }
     }
     return {};
+}
+
+std::vector<_node> _node::inputNodes() const {
+    std::vector<_node> nodes;
+    const auto own = definition();
+    for (const _input& input : own->inputs) {
+        vxP::spendWork(vxP::wireCost);
+        if (const _node wired = input.isWired() ? inputNode(input.index) : _node()) nodes.push_back(wired);
+    }
+    return nodes;
 }
 
 }  // namespace vxN

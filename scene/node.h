@@ -70,6 +70,8 @@ struct _nodeDefinition {
 
     /// None: the scene does not say.
     std::optional<bool> isOn(_flag flag) const;
+    /// @param letter  of the flag in a take: "d", "r", "b"; others change nothing
+    void setFlag(std::string_view letter, bool isSet);
     /// What it takes in memory, roughly.
     qint64 bytes() const;
 };
@@ -126,6 +128,8 @@ class _node {
 
     /// The node that is wired to an input, through dots and out of the networks around it; false where nothing is.
     _node inputNode(quint32 index) const;
+    /// Those of all inputs that are wired, in their order.
+    std::vector<_node> inputNodes() const;
 
  private:
     _node at(qint32 index) const;

@@ -22,6 +22,11 @@ class _nodeCache {
         return place.read;
     }
 
+    void clear() {
+        places.fill({});
+        bytes = 0;
+    }
+
  private:
     struct _place {
         qint32 node = -1;

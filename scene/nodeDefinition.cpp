@@ -19,8 +19,22 @@ constexpr std::array<std::string_view, 21> flagNames{
 };
 static_assert(flagNames[static_cast<std::size_t>(_flag::displaycomment)] == "displaycomment");
 
+/// The flags that takes name, by their letters there.
+struct _takeFlag {
+    std::string_view letter;
+    _flag flag;
+};
+constexpr std::array takeFlags{_takeFlag{"d", _flag::display}, _takeFlag{"r", _flag::render},
+                               _takeFlag{"b", _flag::bypass}};
+
 constexpr quint32 bitOf(std::size_t flag) {
     return quint32{1} << flag;
+}
+
+void setBit(_nodeDefinition& definition, std::size_t flag, bool isSet) {
+    const quint32 bit = bitOf(flag);
+    definition.knownFlags |= bit;
+    definition.flags = isSet ? definition.flags | bit : definition.flags & ~bit;
 }
 
 /// Reads what follows "flags =": a name and "on" or "off" for each.
@@ -33,9 +47,7 @@ void readFlags(_textTokens& tokens, _nodeDefinition& definition) {
         tokens = behind;
         const auto* const row = std::find(flagNames.begin(), flagNames.end(), name->text);
         if (row == flagNames.end()) continue;
-        const quint32 bit = bitOf(static_cast<std::size_t>(row - flagNames.begin()));
-        definition.knownFlags |= bit;
-        definition.flags = state->is("on") ? definition.flags | bit : definition.flags & ~bit;
+        setBit(definition, static_cast<std::size_t>(row - flagNames.begin()), state->is("on"));
     }
 }
 
@@ -78,6 +90,11 @@ std::optional<bool> _nodeDefinition::isOn(_flag flag) const {
     const quint32 bit = bitOf(static_cast<std::size_t>(flag));
     if ((knownFlags & bit) == 0) return std::nullopt;
     return (flags & bit) != 0;
+}
+
+void _nodeDefinition::setFlag(std::string_view letter, bool isSet) {
+    for (const _takeFlag& row : takeFlags)
+        if (row.letter == letter) setBit(*this, static_cast<std::size_t>(row.flag), isSet);
 }
 
 qint64 _nodeDefinition::bytes() const {

@@ -51,16 +51,27 @@ bool isName(_token token) {
 }  // namespace
 
 /// Reads the block of one node: "{ version 0.8", then name, "[ 0 attributes ]", "( values )" of each parameter, "}".
+/// The blocks of a take follow it in the source.
 class _parameterReader {
  public:
     explicit _parameterReader(_parameters& read) : into(read), tokens(read.source) {}
 
-    void readAll() {
-        into.whole = into.source.empty() || readBlock();
+    /// @param ownBytes  of the source; what follows are the blocks of a take
+    void readAll(std::size_t ownBytes) {
+        const std::string_view source = into.source;
+        tokens = _textTokens(source.substr(0, ownBytes));
+        into.whole = ownBytes == 0 || readBlock();
+        const std::size_t ownParameters = into.parameters.size();
+        const std::size_t ownValues = into.values.size();
+        tokens = _textTokens(source.substr(ownBytes));
+        while (!tokens.rest().empty() && readBlock()) continue;
+        for (std::size_t i = ownValues; i < into.values.size(); ++i) into.values[i].isOfTake = true;
         setSpans();
         into.byName = indexByName(into.parameters, nameOf);
-        for (std::size_t i = 0; i < into.values.size(); ++i)
-            if (into.values[i].isDriven()) into.byChannel.push_back(static_cast<quint32>(i));
+        putInPlace(ownParameters);
+        for (const _parameter& parameter : into.parameters)
+            for (const _value& value : parameter.values)
+                if (value.isDriven()) into.byChannel.push_back(static_cast<quint32>(&value - into.values.data()));
         orderByName(into.byChannel, into.values, channelOf);
     }
 
@@ -128,6 +139,17 @@ class _parameterReader {
         }
     }
 
+    /// What a take says stands where the node's own parameter of that name stood.
+    void putInPlace(std::size_t ownParameters) {
+        if (ownParameters == into.parameters.size()) return;
+        for (std::size_t i = 0; i < ownParameters; ++i) {
+            const _parameter* const last = into.find(into.parameters[i].name);
+            if (last >= into.parameters.data() + ownParameters) into.parameters[i] = *last;
+        }
+        into.parameters.resize(ownParameters);
+        into.byName = indexByName(into.parameters, nameOf);
+    }
+
     _parameters& into;
     _textTokens tokens;
     std::vector<std::size_t> ends;  ///< positions behind each parameter's values
@@ -149,8 +171,10 @@ std::string componentName(const _parameter& parameter, std::size_t place) {
     return {};
 }
 
-_parameters::_parameters(std::string text) : source(std::move(text)) {
-    _parameterReader(*this).readAll();
+_parameters::_parameters(std::string text, std::span<const std::string_view> overrides) : source(std::move(text)) {
+    const std::size_t ownBytes = source.size();
+    for (const std::string_view block : overrides) source.append("\n").append(block);
+    _parameterReader(*this).readAll(ownBytes);
 }
 
 const _parameter* _parameters::find(std::string_view name) const {

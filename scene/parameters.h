@@ -16,6 +16,7 @@ struct _value {
     std::string_view text;     ///< literal, or cached where a channel drives it; without quotes and escapes
     std::string_view channel;  ///< what drives it, "f1"; empty: the text is literal
     bool isQuoted = false;     ///< in the scene
+    bool isOfTake = false;     ///< a take's: the channels of the node do not drive it
 
     bool isDriven() const { return !channel.empty(); }
 };
@@ -36,7 +37,8 @@ std::string componentName(const _parameter& parameter, std::size_t place);
 class _parameters {
  public:
     /// Reads by tokens and never fails: what is no parameter is passed over.
-    explicit _parameters(std::string text);
+    /// @param overrides  blocks of a take: what they hold stands for the node's own
+    explicit _parameters(std::string text, std::span<const std::string_view> overrides = {});
     _parameters(const _parameters&) = delete;
     _parameters& operator=(const _parameters&) = delete;
 

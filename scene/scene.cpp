@@ -241,4 +241,17 @@ qint32 _scene::activeTake() const {
     return name ? store->takes->find(*name) : -1;
 }
 
+void _scene::showTake(qint32 take) {
+    const bool isOther = take >= 0 && take < static_cast<qint32>(takes().all().size()) && take != activeTake();
+    const qint32 shown = isOther ? take : -1;
+    if (shown == store->shownTake) return;
+    store->shownTake = shown;
+    store->definitions.clear();
+    store->parameters.clear();
+}
+
+qint32 _scene::shownTake() const {
+    return store->shownTake;
+}
+
 }  // namespace vxN

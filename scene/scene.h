@@ -75,6 +75,11 @@ class _scene {
     const _takes& takes() const;
     /// The take that was active when the scene was saved; -1: unknown.
     qint32 activeTake() const;
+    /// From now on nodes have the parameters and flags of that take; what was handed out before stays as it was. What a
+    /// take overrides is driven by no channel: the scene holds the channels of the active take alone.
+    /// @param take  position in the list; -1 and the active take: as it was saved
+    void showTake(qint32 take);
+    qint32 shownTake() const;  ///< -1: as it was saved
 
  private:
     std::unique_ptr<_sceneStore> store;

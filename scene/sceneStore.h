@@ -43,6 +43,7 @@ struct _sceneStore {
     qint32 childOf(qint32 parent, std::string_view name) const;
     /// What the node's entry holds; empty where it has none. Throws `_budgetExceeded`.
     std::string textOf(qint32 index, _nodeEntry entry) const;
+    std::vector<_takeOverride> overridesOf(const _node& node) const;
 
     const _byteSource& source;
     _archiveKind archiveKind = _archiveKind::none;
@@ -58,6 +59,7 @@ struct _sceneStore {
     std::vector<_sceneVariable> variables;
     std::vector<quint32> variablesByName;
     std::unique_ptr<_takes> takes;
+    qint32 shownTake = -1;
 
     mutable _nodeCache<_nodeDefinition> definitions;
     mutable _nodeCache<_parameters> parameters;

@@ -161,4 +161,23 @@ const _takeOverride* _takes::overrideIn(qint32 take, std::string_view node, std:
     return nullptr;
 }
 
+std::vector<_takeOverride> _takes::overridesOf(qint32 take, std::string_view node) const {
+    std::vector<_takeOverride> found;
+    for (; take >= 0; take = takes[static_cast<std::size_t>(take)].parent) {
+        vxP::spendWork(vxP::takeRecordCost);
+        const auto own = takes[static_cast<std::size_t>(take)].overrides;
+        const auto nodeOf = [](const _takeOverride& one) { return one.node; };
+        const auto [first, behind] = std::ranges::equal_range(own, node, {}, nodeOf);
+        for (auto one = std::make_reverse_iterator(behind); one != std::make_reverse_iterator(first); ++one) {
+            vxP::spendWork(vxP::takeRecordCost);
+            found.push_back(*one);
+        }
+    }
+    const auto byName = [](const _takeOverride& a, const _takeOverride& b) { return a.name < b.name; };
+    std::stable_sort(found.begin(), found.end(), byName);
+    const auto isSame = [](const _takeOverride& a, const _takeOverride& b) { return a.name == b.name; };
+    found.erase(std::unique(found.begin(), found.end(), isSame), found.end());
+    return found;
+}
+
 }  // namespace vxN

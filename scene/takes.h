@@ -9,13 +9,16 @@
 
 namespace vxN {
 
+/// Before the letter of a flag: ".flags.d", ".flags.r" of the display or render flag, ".flags.b" of the bypass flag.
+constexpr std::string_view flagMark = ".flags.";
+
 /// What a take says of one parameter or flag of a node.
 struct _takeOverride {
     std::string_view node;   ///< path, "/obj/geo1"
-    std::string_view name;   ///< of the parameter; ".flags.d", ".flags.r": of the display or render flag
+    std::string_view name;   ///< of the parameter, or of a flag
     std::string_view value;  ///< a block for `_parameters`; "on" or "off" of a flag
 
-    bool isFlag() const { return name.starts_with(".flags."); }
+    bool isFlag() const { return name.starts_with(flagMark); }
 };
 
 struct _take {
@@ -39,6 +42,8 @@ class _takes {
     /// The value of a parameter in a take: its own, else that of the next take above which says something. "Main"
     /// repeats the values of what the others override. Null: that of the node.
     const _takeOverride* overrideIn(qint32 take, std::string_view node, std::string_view name) const;
+    /// All that a take says of a node in that way, each parameter or flag once. Throws `_budgetExceeded`.
+    std::vector<_takeOverride> overridesOf(qint32 take, std::string_view node) const;
     /// False: the text ended within a take, or was none of this form.
     bool isWhole() const { return whole; }
 

@@ -73,7 +73,8 @@ struct _job {
     std::vector<int> structureIDs;
     std::vector<int> waitForPreIDs;  ///< the entries in use
 
-    /// Not in the record: for each of `waitForPreIDs` the index of the job that is meant, see jobWaits.h.
+    /// Not in the record: for each of `waitForPreIDs` the index of the job that is meant, or all jobs that are waited
+    /// for where these are more, see jobWaits.h.
     std::vector<int> waitsFor;
     /// Not in the record: what was computed of the sections that the job came from. None: the load was not resolved, or
     /// there is too much of it.

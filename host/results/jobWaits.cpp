@@ -1,7 +1,10 @@
 #include "host/results/jobWaits.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <array>
+
+#include "jobs/VX_DataTypes_jobs_defines.h"
 
 namespace vxH {
 namespace {
@@ -53,14 +56,29 @@ class _earlierJobs {
     std::array<std::vector<int>, 256> withPreID;
 };
 
+/// The jobs that the job's own list of positions means; none where it has no such list, or it is not sound.
+std::vector<int> listedBy(const _job& waiting, int index) {
+    const auto isList = [](const _namedText& entry) { return entry.name == vxJ::CUSTOMWaitsFor; };
+    const auto list = std::find_if(waiting.customData.begin(), waiting.customData.end(), isList);
+    if (list == waiting.customData.end()) return {};
+    std::vector<int> jobs;
+    for (const QString& position : list->value.split(QLatin1Char(' '))) {
+        const int job = position.toInt() - 1;
+        if (job < 0 || job >= index) return {};
+        jobs.push_back(job);
+    }
+    return jobs;
+}
+
 }  // namespace
 
 void findWaits(std::vector<_job>& jobs) {
     _earlierJobs earlier{jobs};
     int index = 0;
     for (auto& job : jobs) {
-        job.waitsFor.clear();
-        for (const int preID : job.waitForPreIDs) job.waitsFor.push_back(earlier.waitedForBy(job, preID));
+        job.waitsFor = listedBy(job, index);
+        if (job.waitsFor.empty())
+            for (const int preID : job.waitForPreIDs) job.waitsFor.push_back(earlier.waitedForBy(job, preID));
         earlier.add(index++);
     }
 }

@@ -59,6 +59,11 @@ TEST(JobWaits, MeanTheJobBeforeThatHasMostInCommon) {
     }
     findWaits(jobs);
     for (std::size_t i = 0; i < jobs.size(); ++i) EXPECT_EQ(waitsForCell(jobs[i]), QLatin1String{rows[i].cell}) << i;
+    for (const auto& [list, cell] : {std::pair{"2 4", "2, 4"}, {"8 9", "7"}, {"1 x", "7"}}) {
+        jobs.back().customData = {{vxJ::CUSTOMWaitsFor, QString::fromUtf8(list)}};
+        findWaits(jobs);
+        EXPECT_EQ(waitsForCell(jobs.back()), QLatin1String{cell}) << list;
+    }
 }
 
 _job jobWith(double first, double last, int step, const char16_t* folder) {

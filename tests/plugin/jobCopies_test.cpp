@@ -103,10 +103,13 @@ TEST(JobCopiesInAFullArray, FillItToItsLastRecord) {
                                              {"steps1=3", resultNoMoreJobs, room + 1},
                                              {"steps1=40000|steps2=50000", resultNoMoreJobs, room + 1}}) {
         vxTest::freshScanState();
-        vxTest::_loader().scan(wedge(steps));
+        vxTest::_loader loader;
+        loader.scan(wedge(steps));
         pattern.imageFileName = u"n$WEDGENUM";
         array.count = room - 2;
-        EXPECT_EQ(_jobCopier(array).copyForWedges(), code) << steps;
+        _jobWaits waits(array);
+        _takeJobs noTakes(loader.record(), loader.facts(), {}, {});
+        EXPECT_EQ(_jobCopier(array, waits, noTakes).copyForWedges(), code) << steps;
         EXPECT_EQ(array.count, count) << steps;
         for (int i = 0; i < 2; ++i) EXPECT_EQ(plainOf(array.at(room - 2 + i)->imageFileName), "n" + std::to_string(i));
     }

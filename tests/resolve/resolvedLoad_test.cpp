@@ -15,18 +15,69 @@ namespace {
 using vxTest::_entryText;
 using vxTest::plainOf;
 
-/// A node: parameters in short (see `vxTest::params`), channels as "f1=$FSTART|f2=48", flags as "bypass on".
+/// A node: parameters in short (see `vxTest::params`), channels as "f1=$FSTART|f2=48", flags as "bypass on", the names
+/// of the nodes that are wired to it as "a|b".
 struct _testNode {
     std::string path;
     std::string type;
     QByteArray parameters;
     QByteArray channels{};
     std::string flags{};
+    QByteArray inputs{};
 };
 
+std::string inputsOf(const _testNode& node) {
+    std::string lines = "inputs\n{\n";
+    int index = 0;
+    for (const QByteArray& input : node.inputs.split('|'))
+        if (!input.isEmpty()) lines += std::to_string(index++) + " \t" + input.toStdString() + " 0 1\n";
+    return lines + "}\n";
+}
+
+/// What a take says of a parameter, in short, or of a flag.
+struct _testOverride {
+    std::string node;
+    std::string name;
+    QByteArray value;
+};
+struct _testTake {
+    std::string name;
+    std::vector<_testOverride> overrides;
+};
+
+std::string counted(const std::string& text) {
+    std::string record;
+    for (int shift = 24; shift >= 0; shift -= 8) record += static_cast<char>(text.size() >> shift);
+    return record + text;
+}
+
+/// The first one is above the others.
+std::string takeList(const std::vector<_testTake>& takes) {
+    std::string text = "HoudiniTakeFile 1.0\n";
+    int names = 0;
+    for (const _testTake& take : takes) {
+        text +=
+            "take name " + take.name + " kids " + std::to_string(&take == takes.data() ? takes.size() - 1 : 0) + '\n';
+        for (const _testOverride& override : take.overrides) {
+            const std::string node = std::to_string(names++);
+            const std::string name = std::to_string(names++);
+            const bool isFlag = override.name[0] == '.';
+            const std::string value =
+                isFlag
+                    ? override.value.toStdString()
+                    : "{\nversion 0.8\n" + vxTest::param(override.name.c_str(), override.value).toStdString() + "}\n";
+            text +=
+                counted("s " + node + ' ' + override.node + '\n') + counted("s " + name + ' ' + override.name + '\n');
+            text += counted("d " + node + ' ' + name + '\n' + counted(value));
+        }
+        text += counted("e\n");
+    }
+    return text;
+}
+
 void addNode(const _testNode& node, std::vector<_entryText>& entries) {
-    if (!node.type.empty()) entries.push_back({node.path + ".init", "type = " + node.type + "\n"});
-    entries.push_back({node.path + ".def", "flags = " + node.flags + "\nend\n"});
+    if (!node.type.empty()) entries.push_back({node.path + ".init", "type = " + node.type + "\nmatchesdef = 1\n"});
+    entries.push_back({node.path + ".def", "flags = " + node.flags + "\n" + inputsOf(node) + "end\n"});
     entries.push_back(
         {node.path + ".parm", "{\nversion 0.8\n" + vxTest::params(node.parameters).toStdString() + "}\n"});
     std::string channels = "{\n";
@@ -40,7 +91,7 @@ void addNode(const _testNode& node, std::vector<_entryText>& entries) {
     if (!node.channels.isEmpty()) entries.push_back({node.path + ".chn", channels + "}\n"});
 }
 
-/// "driver renderer first-last path": a job, as far as resolving it matters.
+/// "driver renderer first-last path size @take <waits": a job, as far as resolving it matters.
 std::string textOf(const vxJ::_JobBasics_largePath& job) {
     const auto& settings = job.sceneSettings;
     const int digits = job.imageSingleOutputFile ? 0 : job.imagePadding;
@@ -50,6 +101,9 @@ std::string textOf(const vxJ::_JobBasics_largePath& job) {
                        plainOf(job.imageFileName) + std::string(static_cast<std::size_t>(digits), '#') +
                        plainOf(job.imageExtension);
     if (job.imageWidth != 0) text += ' ' + std::to_string(job.imageWidth) + 'x' + std::to_string(job.imageHeight);
+    if (!job.channel.isEmpty()) text += " @" + plainOf(job.channel);
+    for (int i = 0; i < job.waitForPreIDCount; ++i)
+        text += (i == 0 ? " <" : ",") + std::to_string(job.waitForPreIDs[i]);
     return text;
 }
 
@@ -66,6 +120,7 @@ struct _case {
     const char* what;
     std::vector<_testNode> nodes;
     std::vector<std::string> jobs;
+    std::vector<_testTake> takes{};
 };
 
 const QByteArray drivenFrames = "trange=\"normal\"|f=[ f1\t0 ] \t[ f2\t0 ] \t1|";
@@ -85,6 +140,9 @@ const _case cases[] = {
     {"frame_number_by_expression",
      {{"obj/g/w", "rop_geometry", "sopoutput=\"/c/a.`padzero(5, $F)`.bgeo\""}},
      {"/obj/g/w Houdini geometry 11-48 /c/a.#####.bgeo"}},
+    {"variables_that_begin_like_the_frame",
+     {{"out/a", "ifd", "vm_picture=/i/$FARM/${Farm}.$F4.exr|soho_outputmode=\"on\"|soho_diskfile=/x/$FARM.$FEND.ifd"}},
+     {"/out/a Houdini createIFD 11-48 /x/$FARM.48.ifd", "/out/a Mantra_StdA  11-48 /i/$FARM/$Farm.####.exr <1"}},
     {"one_file_for_all_frames",
      {{"obj/g/fbx", "rop_fbx", "sopoutput=/c/a.fbx"}, {"stage/usd", "usd_rop", "lopoutput=/c/a.usd"}},
      {"/obj/g/fbx Houdini geometry 11-48 /c/a.fbx", "/stage/usd Houdini createUSD 11-48 /c/a.usd"}},
@@ -109,6 +167,62 @@ const _case cases[] = {
       {"obj/geo1/sim/output", "output", "dopoutput=/c/a.sim"},
       {"out/viewer", "ifd", "vm_picture=ip"}},
      {}},
+    {"a_take_with_values_of_its_own",
+     {{"obj/near", "cam", "res=10\t10"},
+      {"obj/far", "cam", "res=20\t20"},
+      {"out/a", "ifd", "vm_picture=/i/a.$F4.exr|camera=/obj/near|" + drivenFrames, "f1=$FSTART|f2=$FEND"},
+      {"out/b", "ifd", "vm_picture=/i/`chs(\\\"../a/camera\\\")`/b.exr|take=far"},
+      {"out/c", "ifd", "vm_picture=/i/c.exr"},
+      {"out/d", "ifd", "vm_picture=/i/d.exr", "", "bypass on"}},
+     {"/out/a Houdini  11-48 /i/a.####.exr 10x10", "/out/b Houdini  11-48 /i/obj/far/b.exr @far",
+      "/out/c Houdini  11-48 /i/c.exr", "/out/a Houdini  11-48 /i/a.####.exr 10x10 @Main",
+      "/out/a Houdini  3-5 /i/a.####.exr 20x20 @far", "/out/c Houdini  11-48 /i/c.exr @Main",
+      "/out/d Houdini  11-48 /i/d.exr @far"},
+     {{"Main", {{"/out/a", "camera", "/obj/near"}}},
+      {"far",
+       {{"/out/a", "camera", "/obj/far"},
+        {"/out/a", "f", "3\t5\t1"},
+        {"/out/c", ".flags.b", "on"},
+        {"/out/d", ".flags.b", "off"}}}}},
+    {"an_export_in_one_take",
+     {{"out/a", "ifd", "vm_picture=/i/a.exr|soho_outputmode=\"off\"|soho_diskfile=/x/a.ifd"},
+      {"out/b", "ifd", "vm_picture=/i/b.exr", "", "", "a"}},
+     {"/out/a Houdini  11-48 /i/a.exr", "/out/b Houdini  11-48 /i/b.exr <1", "/out/a Houdini  11-48 /i/a.exr @Main",
+      "/out/a Houdini createIFD 11-48 /x/a.ifd @far", "/out/a Mantra_StdA  11-48 /i/a.exr @far <4",
+      "/out/b Houdini  11-48 /i/b.exr @Main <3", "/out/b Houdini  11-48 /i/b.exr @far <4"},
+     {{"Main", {}}, {"far", {{"/out/a", "soho_outputmode", "\"on\""}}}}},
+    {"wires_through_nodes_that_write_nothing",
+     {{"out/last", "ifd", "vm_picture=/i/last.exr", "", "", "all|chosen|sub"},
+      {"out/all", "merge", "", "", "", "one|circle|viewer"},
+      {"out/circle", "null", "", "", "", "all"},
+      {"out/viewer", "ifd", "vm_picture=ip", "", "", "elsewhere"},
+      {"out/elsewhere", "fetch", "source=/obj/g/store"},
+      {"out/chosen", "switch", "index=[ index\t0 ]", "index=\"2 - 1\"", "", "one|two"},
+      {"out/sub", "subnet", "", "", "", "two"},
+      {"out/sub/in", "ifd", "vm_picture=/i/in.exr", "", "", "(0)"},
+      {"out/one", "ifd", "vm_picture=/i/one.exr|soho_outputmode=\"on\"|soho_diskfile=/x/one.ifd", "", "", "two"},
+      {"out/two", "ifd", "vm_picture=/i/two.exr"},
+      {"obj/g/store", "filecache", "file=/c/a.bgeo", "", "", "before"},
+      {"obj/g/before", "filecache", "file=/c/b.bgeo"}},
+     {"/out/two Houdini  11-48 /i/two.exr", "/out/one Houdini createIFD 11-48 /x/one.ifd <1",
+      "/out/one Mantra_StdA  11-48 /i/one.exr <2", "/obj/g/store Houdini geometry 11-48 /c/a.bgeo",
+      "/out/sub/in Houdini  11-48 /i/in.exr <1", "/out/last Houdini  11-48 /i/last.exr <1,3,4,5",
+      "/obj/g/before Houdini geometry 11-48 /c/b.bgeo"}},
+    {"a_wedge_with_its_driver_wired_to_it",
+     {{"out/w", "wedge",
+       "prefix=p|driver=\"\"|wedgemethod=\"channel\"|name1=n|range1=[ range1x\t0 ] \t2|steps1=[ steps1\t0 ]",
+       "range1x=\"0.5 * 2\"|steps1=\"5 / 2\"", "", "f"},
+      {"out/f", "fetch", "source=../a/RENDER"},
+      {"out/a", "ifd", "vm_picture=/i/$WEDGE.exr"}},
+     {"/out/a Houdini  11-48 /i/.exr", "/out/a Houdini  11-48 /i/p_n_1.000000.exr",
+      "/out/a Houdini  11-48 /i/p_n_2.000000.exr"}},
+    {"an_image_that_the_stage_s_settings_name",
+     {{"stage/set", "karmarendersettings", "primpath=/Render/a|picture=/i/`opname(\\\".\\\")`.$F4.exr"},
+      {"stage/other", "rendersettings", "primpath=/Render/b|picture=/i/b.exr", "", "", "set"},
+      {"stage/end", "null", "", "", "", "other"},
+      {"out/a", "usdrender", "outputimage=\"\"|loppath=/stage/end|rendersettings=/Render/a"},
+      {"stage/b", "usdrender_rop", "outputimage=\"\"|loppath=\"\"", "", "", "end"}},
+     {"/out/a Houdini  11-48 /i/set.####.exr"}},
     {"a_node_of_unknown_type_by_its_path",
      {{"out/a", "", "vm_picture=/i/a.$F4.exr"}},
      {"/out/a Houdini  11-48 /i/a.####.exr"}},
@@ -116,16 +230,17 @@ const _case cases[] = {
 
 class ResolvedLoad : public testing::TestWithParam<_case> {};
 
-QByteArray sceneOf(const std::vector<_testNode>& nodes) {
+QByteArray sceneOf(const std::vector<_testNode>& nodes, const std::vector<_testTake>& takes = {}) {
     std::vector<_entryText> entries{{".start", "fps 24\ntcur 0\ntset 0.41666666666 2\nfrange 11 48\n"},
                                     {".variables", "set -g _HIP_SAVEVERSION = '20.5.370'\n"}};
     for (const _testNode& node : nodes) addNode(node, entries);
+    if (!takes.empty()) entries.push_back({".takes", takeList(takes)});
     return QByteArray::fromStdString(vxTest::openArchive(entries));
 }
 
 TEST_P(ResolvedLoad, GivesTheJobsThatHoudiniWouldRun) {
     const vxTest::_sceneFolder folder;
-    const QString scene = folder.write(sceneOf(GetParam().nodes));
+    const QString scene = folder.write(sceneOf(GetParam().nodes, GetParam().takes));
     qint32 code = 0;
     EXPECT_EQ(resolvedJobs(scene, code), GetParam().jobs);
     EXPECT_TRUE(code == 1 || (code == 25 && GetParam().jobs.empty())) << code;
@@ -178,6 +293,40 @@ TEST(ResolvedValues, AreToldWithTheirExpressionsAndWhatWasStored) {
     EXPECT_EQ(told.texts, expected);
 }
 
+/// A driver behind 40 others, in the scene's take and eight more: records have room for 32 waits, and numbers repeat.
+TEST(ResolvedWaits, ListThoseThatARecordCannotName) {
+    constexpr int before = 40;
+    constexpr int takes = 8;
+    std::vector<_entryText> entries;
+    _testNode last{"out/last", "ifd", "vm_picture=/i/last.exr"};
+    for (int i = 0; i < before; ++i) {
+        last.inputs += "d" + QByteArray::number(i) + '|';
+        addNode({"out/d" + std::to_string(i), "ifd", "vm_picture=/i/d.exr"}, entries);
+    }
+    addNode(last, entries);
+    std::vector<_testTake> list;
+    for (int i = 0; i < takes; ++i) list.push_back({"t" + std::to_string(i), {}});
+    entries.push_back({".takes", takeList(list)});
+    const vxTest::_sceneFolder folder;
+    vxTest::freshScanState();
+    vxTest::_loader loader(folder.write(QByteArray::fromStdString(vxTest::openArchive(entries))),
+                           {QStringLiteral("-houdiniResolve")});
+    ASSERT_EQ(pLoadSceneFile(&loader.record()), vxP::resultSuccess);
+    ASSERT_EQ(loader.count(), (before + 1) * (takes + 1));
+    for (int i = 0; i < loader.count(); ++i) {
+        const auto& job = loader.job(i);
+        if (plainOf(job.layer) != "/out/last") continue;
+        const QStringList positions = job.sceneSettings.customData_Str(vxJ::CUSTOMWaitsFor).split(QLatin1Char(' '));
+        ASSERT_EQ(positions.size(), before);
+        for (const QString& position : positions)
+            EXPECT_EQ(plainOf(loader.job(position.toInt() - 1).channel), plainOf(job.channel));
+        const int reach =
+            static_cast<int>(std::count_if(positions.begin(), positions.end(),
+                                           [&](const QString& position) { return i + 1 - position.toInt() < 256; }));
+        EXPECT_EQ(job.waitForPreIDCount, std::min(reach, vxJ::waitForPreIDCapacity)) << i;
+    }
+}
+
 /// How many drivers of a real scene write something, as its nodes' types, switches and output names have it.
 struct _realCase {
     const char* scene;
@@ -192,6 +341,7 @@ constexpr _realCase realCases[] = {
     {"color_adjustment.hip", 1},
     {"csall.hip", 8},
     {"ifd_test.hiplc", 1},
+    {"karma_aovs.hip", 1},
     {"lod_create.hip", 4},
     {"measure_curvature.hip", 1},
     {"motion_vector.hip", 1},
