@@ -144,7 +144,7 @@ CURRENT_TAKE = "_current_"
 START = f"""fplayback -i on -r off -f {FIRST} -e on -h on -t on -a on -k on -s 1
 tcur 0
 fps 24
-tset 0 {LAST / 24:.10g}
+tset {(FIRST - 1) / 24:.10g} {LAST / 24:.10g}
 frange {FIRST} {LAST}
 unitlength 1
 unitmass 1
