@@ -8,9 +8,11 @@ namespace vxH {
 /// The submitter's command line: element 0 is the program. Zero-terminated UTF-8, owned by the caller.
 using _submitterArguments = std::vector<const char*>;
 
-/// The same, with the argument that has scenes loaded as Houdini reads them.
+/// The argument that has scenes loaded as Houdini reads them; `--resolve` adds it.
+inline constexpr const char* resolveArgument = "-houdiniResolve";
+
 inline _submitterArguments withResolving(_submitterArguments arguments) {
-    arguments.push_back("-houdiniResolve");
+    arguments.push_back(resolveArgument);
     return arguments;
 }
 

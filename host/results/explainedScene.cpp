@@ -84,7 +84,9 @@ QString whyNoJobs(const vxE::_explanation& explanation) {
     const QString text = QLatin1String("no jobs: ") + thatGiveNone(drivers.size()) +
                          drivers.mid(0, mostDriversNamed).join(QLatin1String(", "));
     const auto more = drivers.size() - mostDriversNamed;
-    return more > 0 ? text + QStringLiteral(" and %1 more").arg(more) : text;
+    const auto others = explanation.notRecognised.size();
+    return text + (more > 0 ? QStringLiteral(" and %1 more").arg(more) : QString()) +
+           (others > 0 ? QStringLiteral("; %1 not recognised").arg(others) : QString());
 }
 
 }  // namespace vxH

@@ -17,7 +17,8 @@ struct _explainedScene : _sceneResult {
 /// The members of sceneJson.h and, of a scene that was read, those of explanationJson.h that were asked for.
 QJsonObject explainedToJson(const _explainedScene& scene);
 
-/// Why a scene has no jobs: its drivers, none of which gives one, or that there are none. One line.
+/// Why a scene has no jobs: its drivers, none of which gives one, or that there are none; and how many nodes look like
+/// drivers but were not recognised. One line.
 QString whyNoJobs(const vxE::_explanation& explanation);
 
 /// True for a section that gave no job, and that nobody misses in the job list: what was kept to be used by drivers,

@@ -43,10 +43,17 @@ QString explanationCounts(const _explainedScene& scene) {
 }
 
 QString explainCommandLine(const QString& scene, const _submitterArguments& submitter) {
-    QString line = QLatin1String{"vxscene explain "} + shellQuoted(scene);
-    for (std::size_t i = 1; i < submitter.size(); ++i)
-        line += (i == 1 ? QLatin1String{" -- "} : QLatin1String{" "}) + shellQuoted(QString::fromUtf8(submitter[i]));
-    return line;
+    QString line = QLatin1String{"vxscene explain "};
+    QString typed;  // by the user, behind "--"
+    for (std::size_t i = 1; i < submitter.size(); ++i) {
+        const auto argument = QString::fromUtf8(submitter[i]);
+        if (argument == QLatin1String{resolveArgument})
+            line += QLatin1String{"--resolve "};
+        else
+            typed += QLatin1Char(' ') + shellQuoted(argument);
+    }
+    line += shellQuoted(scene);
+    return typed.isEmpty() ? line : line + QLatin1String{" --"} + typed;
 }
 
 }  // namespace vxH

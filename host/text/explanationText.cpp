@@ -300,7 +300,9 @@ QString explanationText(const _explainedScene& scene, bool everySection, const _
     if (parts.warnings) addWarnings(explanation.warnings, text);
     if (parts.facts) addFacts(explanation.facts, text);
     if (text.lines.size() == 1) text.line(QStringLiteral("nothing of what was asked for"));
-    return text.lines.join(QLatin1Char('\n')) + QLatin1Char('\n') + resolvingText(scene, terminal.width);
+    const QString hint = resolvingText(scene, terminal.width);
+    if (!hint.isEmpty()) text.lines.append(QString());
+    return text.lines.join(QLatin1Char('\n')) + QLatin1Char('\n') + hint;
 }
 
 }  // namespace vxH
