@@ -164,7 +164,9 @@ void _surveyor::beginEntry(const _entryHeader& header, const _surveyedLines& lin
         case _entryKind::parameters:
             entry = _entry::parameters;
             if (taken != nullptr) complete(*taken);
-            isStranger = taken == nullptr || mayTakeDrivers(observation.sections[taken - survey.taken.data()].reader);
+            isStranger =
+                taken == nullptr ||
+                mayTakeDrivers(observation.sections[static_cast<vxS::_size>(taken - survey.taken.data())].reader);
             if (isStranger) stranger = {std::string(trimmed(lines.back())), lines.byte, lines.number, taken};
             break;
     }

@@ -40,7 +40,7 @@ QString withoutAll(const QString& text, Part part) {
     _size copied = 0;
     for (; found >= 0; found = placeOf(text, part, copied)) {
         rest += QStringView(text).mid(copied, found - copied);
-        copied = found + part.size();
+        copied = found + static_cast<_size>(part.size());
     }
     return rest += QStringView(text).mid(copied);
 }

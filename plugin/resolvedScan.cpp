@@ -12,18 +12,17 @@
 #include "resolve/sectionEvaluator.h"
 #include "scan/scanBudget.h"
 #include "scan/scanState.h"
+#include "shared/vxLatin.h"
 
 namespace vxP {
 
 namespace {
 
+using vxS::textOfUtf8;
+
 constexpr std::string_view takeOfDriver{"take"};
 constexpr std::string_view anyTake{"_current_"};
 constexpr std::string_view driverOfWedge{"driver"};
-
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<_size>(text.size()));
-}
 
 /// What the scene says as a whole, as the plain scan would meet it.
 QString linesOfScene(const vxN::_scene& scene) {
@@ -32,11 +31,12 @@ QString linesOfScene(const vxN::_scene& scene) {
         lines += QStringLiteral("frange %1 %2\n").arg(std::llround(range->first)).arg(std::llround(range->last));
     for (const vxN::_sceneVariable& variable : scene.variables()) {
         if (!variable.isGlobal) continue;
-        QString value = qt(variable.value);
+        QString value = textOfUtf8(variable.value);
         value.replace(QLatin1Char('\n'), QLatin1Char(' '));
-        lines += QStringLiteral("set -g %1 = '%2'\n").arg(qt(variable.name), value);
+        lines += QStringLiteral("set -g %1 = '%2'\n").arg(textOfUtf8(variable.name), value);
     }
-    for (const vxN::_take& take : scene.takes().all()) lines += QStringLiteral("take name %1\n").arg(qt(take.name));
+    for (const vxN::_take& take : scene.takes().all())
+        lines += QStringLiteral("take name %1\n").arg(textOfUtf8(take.name));
     return lines;
 }
 
@@ -45,7 +45,7 @@ const _sectionKind* kindOf(const vxN::_node& node, const _nodeType* type) {
     if (type != nullptr && type->reader == _sectionReader::driver && !namesAnOutput(node, *type)) return nullptr;
     if (type != nullptr) return &sectionKindOf(type->reader);
     if (!node.type().empty()) return nullptr;
-    const QString header = qt(node.path()).mid(1) + QLatin1String(".parm{");
+    const QString header = textOfUtf8(node.path()).mid(1) + QLatin1String(".parm{");
     return classifyLine(header).section;
 }
 
@@ -162,7 +162,7 @@ void _resolvedScan::findTakes() {
         const qint32 parent = takes[i].parent;
         const bool isParentOther = parent >= 0 && isOther[static_cast<std::size_t>(parent)];
         isOther[i] = index != active && (isParentOther || !takes[i].overrides.empty());
-        const auto place = places.find(qt(takes[i].name));
+        const auto place = places.find(textOfUtf8(takes[i].name));
         if (place == places.end()) continue;
         if (isOther[i]) otherTakes.push_back({index, place->second});
         places.erase(place);  // of two takes of a name the first one counts
@@ -179,7 +179,7 @@ qint32 _resolvedScan::readLines(const _section& section, QString lines) {
 std::optional<QString> _resolvedScan::ownTake(const vxN::_node& node) {
     if (node.parameter(takeOfDriver) == nullptr) return {};
     const auto name = evaluator->text(node, takeOfDriver);
-    return name && !name->empty() && *name != anyTake ? std::optional<QString>(qt(*name)) : std::nullopt;
+    return name && !name->empty() && *name != anyTake ? std::optional<QString>(textOfUtf8(*name)) : std::nullopt;
 }
 
 /// @param lines  of the driver as the scene was saved; none: it writes nothing then
@@ -241,7 +241,7 @@ qint32 _resolvedScan::readWedge(const _section& section) {
     const auto repeated = order.repeatedBy(section.node, hasJobs);
     if (repeated.empty()) return readLines(section, sections.linesOf(section.node, section.kind, section.type));
     for (const qint32 driver : repeated) {
-        const _given given{driverOfWedge, qt(scene.node(driver).path())};
+        const _given given{driverOfWedge, textOfUtf8(scene.node(driver).path())};
         const qint32 result = readLines(section, sections.linesOf(section.node, section.kind, section.type, given));
         if (result != resultSuccess) return result;
     }
@@ -267,7 +267,7 @@ qint32 _resolvedScan::readNode(const vxN::_node& node, const _nodeType* type) {
     if (kind == nullptr) return resultSuccess;
     spendWork(sectionCost);
     if (scanObserver != nullptr) scanObserver->sectionBegins(node.parametersStart(), load.jobArray->count);
-    const qint32 result = readSection({node, type, *kind, qt(node.path())});
+    const qint32 result = readSection({node, type, *kind, textOfUtf8(node.path())});
     if (scanObserver != nullptr) scanObserver->sectionEnds(load.jobArray->count);
     return result;
 }

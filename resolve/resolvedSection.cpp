@@ -9,10 +9,13 @@
 #include "resolve/stageSettings.h"
 #include "scan/scanBudget.h"
 #include "scan/scanState.h"
+#include "shared/vxLatin.h"
 
 namespace vxP {
 
 namespace {
+
+using vxS::textOfUtf8;
 
 // Parameters that more than their reader looks at.
 constexpr std::string_view frameRange{"f"};
@@ -31,12 +34,8 @@ struct _override {
 constexpr std::array overrides{_override{"override_camerares", "res_override"},
                                _override{"RS_overrideCameraRes", "RS_overrideRes"}};
 
-QString qt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<_size>(text.size()));
-}
-
 bool isCalled(QLatin1String ruleName, std::string_view parameter) {
-    const QString line = qt(parameter) + QLatin1Char('\t');
+    const QString line = textOfUtf8(parameter) + QLatin1Char('\t');
     return line.startsWith(ruleName, Qt::CaseInsensitive);
 }
 
@@ -46,7 +45,7 @@ QString onOneLine(QString text) {
 }
 
 QString lineOf(std::string_view name, const QString& values) {
-    return qt(name) + QLatin1String("\t[ 0\tlocks=0 ]\t(\t") + onOneLine(values) + QLatin1String("\t)\n");
+    return textOfUtf8(name) + QLatin1String("\t[ 0\tlocks=0 ]\t(\t") + onOneLine(values) + QLatin1String("\t)\n");
 }
 
 std::optional<double> literalNumber(std::string_view text) {
@@ -65,17 +64,18 @@ QString wholeNumber(const QString& text) {
 }
 
 QString expressionOf(const vxN::_node& node, const vxN::_value& value) {
-    if (!value.isDriven()) return qt(value.text);
+    if (!value.isDriven()) return textOfUtf8(value.text);
     const auto channel = node.channel(value.channel);
     if (channel == nullptr || channel->segments.empty()) return {};
-    return channel->isExpression() ? qt(channel->segments[0].expression) : QStringLiteral("keys");
+    return channel->isExpression() ? textOfUtf8(channel->segments[0].expression) : QStringLiteral("keys");
 }
 
 void tellValue(const vxN::_node& node, std::string_view name, const vxN::_value& value, const QString& result,
                const QString& reason) {
     if (scanObserver == nullptr) return;
-    scanObserver->resolved({qt(node.path()), qt(value.isDriven() ? value.channel : name), expressionOf(node, value),
-                            value.isDriven() ? qt(value.text) : QString(), result, reason});
+    scanObserver->resolved({textOfUtf8(node.path()), textOfUtf8(value.isDriven() ? value.channel : name),
+                            expressionOf(node, value), value.isDriven() ? textOfUtf8(value.text) : QString(), result,
+                            reason});
 }
 
 }  // namespace
@@ -117,13 +117,13 @@ vxV::_textOutcome _sectionResolver::textOf(const vxN::_node& node, const vxN::_v
 
 /// What one component of a parameter reads as.
 QString _sectionResolver::valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value) {
-    if (!mayNeedComputing(value)) return qt(value.text);
+    if (!mayNeedComputing(value)) return textOfUtf8(value.text);
     const vxV::_textOutcome text = textOf(target.node, value);
-    const QString result = text ? qt(*text) : QString();
+    const QString result = text ? textOfUtf8(*text) : QString();
     const bool isExpression = value.isDriven() || value.text.find('`') != std::string_view::npos;
     if (isExpression)
         tellValue(target.node, parameter.name, value, result, text ? QString() : vxV::sentenceOf(text.why()));
-    return text ? result : qt(value.text);
+    return text ? result : textOfUtf8(value.text);
 }
 
 std::optional<double> _sectionResolver::frame(const vxN::_node& node, const vxN::_value& value) {
@@ -161,7 +161,7 @@ void _sectionResolver::addFrames(const _target& target, const vxN::_parameter& p
 /// Cameras are compared by their whole path.
 QString _sectionResolver::cameraPath(const vxN::_node& node, const QString& path) const {
     const vxN::_node camera = node.find(path.toStdString());
-    return camera ? qt(camera.path()) : path;
+    return camera ? textOfUtf8(camera.path()) : path;
 }
 
 void _sectionResolver::addParameter(const _target& target, const vxN::_parameter& parameter, std::string_view name) {
@@ -223,13 +223,13 @@ bool _sectionResolver::addStageImage(const _target& target, const vxN::_paramete
     const auto text = picture ? textOf(settings, *picture) : vxV::_textOutcome(std::string());
     const QString why = !settings ? reason : text ? QString() : vxV::sentenceOf(text.why());
     if (settings && text)
-        target.lines += lineOf(name, QLatin1Char('"') + guardedFromFrames(qt(*text)) + QLatin1Char('"'));
+        target.lines += lineOf(name, QLatin1Char('"') + guardedFromFrames(textOfUtf8(*text)) + QLatin1Char('"'));
     if (scanObserver != nullptr)
-        scanObserver->resolved({qt(target.node.path()),
-                                qt(parameter.name),
-                                settings ? qt(settings.path()) + QLatin1String("/picture") : QString(),
+        scanObserver->resolved({textOfUtf8(target.node.path()),
+                                textOfUtf8(parameter.name),
+                                settings ? textOfUtf8(settings.path()) + QLatin1String("/picture") : QString(),
                                 {},
-                                text ? qt(*text) : QString(),
+                                text ? textOfUtf8(*text) : QString(),
                                 why});
     return true;
 }
@@ -256,7 +256,7 @@ QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& ki
             });
             const bool isOwn = output != outputs.end();
             if (isOwn && !output->readAs.empty()) name = output->readAs;
-            if (!isOwn && roleOf(qt(name) + QLatin1Char('\t')) == _parameterRole::output) continue;
+            if (!isOwn && roleOf(textOfUtf8(name) + QLatin1Char('\t')) == _parameterRole::output) continue;
         }
         const bool isKnown =
             std::any_of(names.begin(), names.end(), [&](QLatin1String known) { return isCalled(known, name); });

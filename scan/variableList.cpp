@@ -73,7 +73,7 @@ QString _variableList::textOf(const _entry& entry, quint32 from, quint32 length)
     }
     QByteArray text(static_cast<int>(length), Qt::Uninitialized);
     std::copy(start, start + length, text.begin());
-    return QString::fromLatin1(text);
+    return QString::fromLatin1(text.constData(), text.size());  // without its size, Qt 5 ends it at a NUL
 }
 
 QString _variableList::nameOf(_size position) const {

@@ -1,7 +1,8 @@
-// The program's own texts, 8 bits a character, as Qt takes them.
+// Texts of bytes as Qt takes them: the program's own, 8 bits a character, and those of a scene, UTF-8.
 #pragma once
 
 #include <QLatin1String>
+#include <QString>
 #include <string_view>
 
 #include "shared/vxString.h"
@@ -15,6 +16,11 @@ constexpr QLatin1String latin(std::string_view text) {
 
 constexpr std::string_view viewOf(QLatin1String text) {
     return {text.data(), static_cast<std::size_t>(text.size())};
+}
+
+/// A scene's text; bytes that are no UTF-8 become U+FFFD.
+inline QString textOfUtf8(std::string_view bytes) {
+    return QString::fromUtf8(bytes.data(), static_cast<_size>(bytes.size()));
 }
 
 }  // namespace vxS

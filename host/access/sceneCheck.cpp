@@ -5,9 +5,12 @@
 #include "evaluate/storedCheck.h"
 #include "host/access/openScene.h"
 #include "host/access/valueTexts.h"
+#include "shared/vxLatin.h"
 
 namespace vxH {
 namespace {
+
+using vxS::textOfUtf8;
 
 /// Milliseconds of processor time that the values of all channels take, each asked for once.
 double timeOfValues(const vxN::_scene& scene, const vxN::_byteSource& source) {
@@ -24,10 +27,10 @@ double timeOfValues(const vxN::_scene& scene, const vxN::_byteSource& source) {
 }
 
 _checkedValue checkedValue(const vxV::_checkedChannel& one) {
-    return {qt(one.node.path()),
-            qt(one.channel),
-            qt(one.expression),
-            qt(one.stored),
+    return {textOfUtf8(one.node.path()),
+            textOfUtf8(one.channel),
+            textOfUtf8(one.expression),
+            textOfUtf8(one.stored),
             one.computed ? textOf(*one.computed) : QString{},
             one.computed ? QString{} : vxV::sentenceOf(one.computed.why()),
             vxV::nameOf(one.verdict)};

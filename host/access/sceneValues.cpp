@@ -14,9 +14,12 @@
 #include "resolve/nodeTypes.h"
 #include "scan/scanBudget.h"
 #include "shared/vxEnvironment.h"
+#include "shared/vxLatin.h"
 
 namespace vxH {
 namespace {
+
+using vxS::textOfUtf8;
 
 constexpr qint64 mostBytesOfValues = qint64{256} * 1024 * 1024;
 
@@ -54,7 +57,7 @@ std::vector<_pathedNode> allNodes(const vxN::_scene& scene) {
     for (qint32 index = 0; index < scene.nodeCount(); ++index) {
         const vxN::_node node = scene.node(index);
         nodes.push_back({node.path(), node});
-        vxP::keepMemory(static_cast<qint64>(sizeof(_pathedNode) + nodes.back().path.capacity()));
+        vxP::keepMemory(static_cast<qint64>(sizeof(_pathedNode)) + static_cast<qint64>(nodes.back().path.capacity()));
     }
     std::sort(nodes.begin(), nodes.end(), [](const auto& a, const auto& b) { return a.path < b.path; });
     return nodes;
@@ -89,8 +92,8 @@ class _valueReader {
     /// @return false when there is no room for more
     bool read(const _pathedNode& one) {
         node = one.node;
-        const QString path = qt(one.path);
-        const QString type = qt(node.type());
+        const QString path = textOfUtf8(one.path);
+        const QString type = textOfUtf8(node.type());
         const auto first = static_cast<std::ptrdiff_t>(into.values.size());
         const auto parameters = node.parameters();
         for (const vxN::_parameter& parameter : parameters->all()) {
@@ -124,25 +127,25 @@ class _valueReader {
 
     void describe(const vxN::_parameter& parameter, std::size_t place, _nodeValue& row) {
         const vxN::_value& stored = parameter.values[place];
-        row.parameter = qt(parameter.name);
-        row.channel = qt(vxN::componentName(parameter, place));
+        row.parameter = textOfUtf8(parameter.name);
+        row.channel = textOfUtf8(vxN::componentName(parameter, place));
         row.component = static_cast<int>(place) + 1;
         if (stored.isDriven()) {
             describeChannel(stored, row);
         } else if (stored.text.find_first_of("$`") == std::string_view::npos) {
-            row.value = qt(stored.text);
+            row.value = textOfUtf8(stored.text);
         } else {
-            row.expression = qt(stored.text);
+            row.expression = textOfUtf8(stored.text);
             tell(vxV::asValue(evaluator.expand(node, stored.text)), row);
         }
     }
 
     void describeChannel(const vxN::_value& stored, _nodeValue& row) {
-        row.cached = qt(stored.text);
+        row.cached = textOfUtf8(stored.text);
         if (const auto channel = node.channel(stored.channel); channel != nullptr && !channel->segments.empty()) {
             const vxN::_segment& segment = channel->segments.front();
-            row.expression = qt(segment.expression);
-            row.language = qt(vxV::languageOf(node, segment));
+            row.expression = textOfUtf8(segment.expression);
+            row.language = textOfUtf8(vxV::languageOf(node, segment));
             if (!channel->isExpression()) row.keys = static_cast<int>(channel->segments.size());
         }
         const bool isText = stored.isQuoted;  // also of menus and toggles, which are their words

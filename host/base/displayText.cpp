@@ -139,6 +139,10 @@ QString elidePath(QStringView path, int columns) {
     return ellipsis + tailOf(path, columns - ellipsisColumns).toString();
 }
 
+QString counted(qint64 count, const char* one, const char* several) {
+    return QString::number(count) + QLatin1Char(' ') + QLatin1String{count == 1 ? one : several};
+}
+
 QString withoutEndBlanks(QString line) {
     while (line.endsWith(QLatin1Char(' '))) line.chop(1);
     return line;

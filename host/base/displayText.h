@@ -32,6 +32,9 @@ QString filledUp(const QString& text, int columns);
 
 QString withoutEndBlanks(QString text);
 
+/// "1 job", "12 jobs"
+QString counted(qint64 count, const char* one, const char* several);
+
 /// A printable text in lines of at most `width` columns, broken at blanks and, where there is none, behind a "/" or
 /// anywhere. All lines but the first are indented. Blanks at the beginning stay.
 /// @param width  0: one line

@@ -1,6 +1,5 @@
 // vxscene explain
 #include "host/access/sceneExplanation.h"
-#include "host/access/submitterSwitches.h"
 #include "host/commands/allCommands.h"
 #include "host/commands/resolvingLook.h"
 #include "host/commands/sceneRun.h"
@@ -40,6 +39,7 @@ _option readerOption(QString& reader) {
 /// `--only`
 _option onlyOption(const _explanationPart*& only) {
     std::vector<std::string> names;
+    names.reserve(explanationParts.size());
     for (const auto& part : explanationParts) names.emplace_back(part.name);
     return wordOption(
         "--only", names, [&only](std::size_t place) { only = &explanationParts[place]; }, "Only this part");
@@ -47,12 +47,10 @@ _option onlyOption(const _explanationPart*& only) {
 
 int run(const _options& options, const _submitterArguments& submitter) {
     const bool isText = options.format == options.formats.data();
-    const bool looks = isText && !asksToResolve(submitter) && options.filter.isEmpty();
+    const bool looks = isText && options.filter.isEmpty();
     const auto explain = [&](const QString& scene) {
-        std::optional<_resolvingLook> look;
-        if (looks) look.emplace(builtInLoader(), scene, submitter, options.scenes.timeout);
-        auto explained = explainScene(scene, submitter);
-        if (look) explained.whenResolved = look->compareWith(explained);
+        auto explained =
+            looks ? explainAndLook(scene, submitter, options.scenes.timeout) : explainScene(scene, submitter);
         applyFilter(options.filter, explained);
         return explained;
     };

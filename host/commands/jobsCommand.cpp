@@ -60,11 +60,7 @@ int run(const _options& options, const _submitterArguments& submitter) {
     const bool resolves = asksToResolve(submitter);
     if (isOwn && options.printsTable()) {
         const auto explain = [&](const QString& scene) {
-            std::optional<_resolvingLook> look;
-            if (!resolves) look.emplace(builtInLoader(), scene, submitter, options.scenes.timeout);
-            auto explained = explainScene(scene, submitter);
-            if (look) explained.whenResolved = look->compareWith(explained);
-            return explained;
+            return explainAndLook(scene, submitter, options.scenes.timeout);
         };
         return printJobs(options, submitter, fileFilter, explain);
     }

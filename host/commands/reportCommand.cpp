@@ -42,6 +42,7 @@ QString problemOf(const _options& options) {
 
 std::vector<std::string> pathsOf(const std::vector<_reportScene>& scenes) {
     std::vector<std::string> paths;
+    paths.reserve(scenes.size());
     for (const auto& scene : scenes) paths.push_back(scene.result.scene.toStdString());
     return paths;
 }

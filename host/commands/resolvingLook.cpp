@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/access/submitterSwitches.h"
 #include "host/diff/comparison.h"
 #include "host/results/sceneJson.h"
 
@@ -63,6 +64,15 @@ std::optional<_whenResolved> _resolvingLook::compareWith(const _sceneResult& pla
     _whenResolved changes;
     for (const auto& difference : diff.differences) ++(difference.hasCome() ? changes.come : changes.differ);
     return changes;
+}
+
+_explainedScene explainAndLook(const QString& scene, const _submitterArguments& arguments,
+                               std::chrono::milliseconds timeout) {
+    if (asksToResolve(arguments)) return explainScene(scene, arguments);
+    _resolvingLook look(builtInLoader(), scene, arguments, timeout);
+    auto explained = explainScene(scene, arguments);
+    explained.whenResolved = look.compareWith(explained);
+    return explained;
 }
 
 }  // namespace vxH

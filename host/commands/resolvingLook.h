@@ -4,7 +4,7 @@
 #include <chrono>
 #include <optional>
 
-#include "host/access/sceneLoad.h"
+#include "host/access/sceneExplanation.h"
 #include "host/base/childProcess.h"
 
 namespace vxH {
@@ -26,5 +26,10 @@ class _resolvingLook {
  private:
     _child child;
 };
+
+/// Explains the scene, and unless it is resolved anyway, looks at what resolving would change.
+/// @param timeout  as above
+_explainedScene explainAndLook(const QString& scene, const _submitterArguments& arguments,
+                               std::chrono::milliseconds timeout);
 
 }  // namespace vxH

@@ -15,7 +15,8 @@ int faultsBetween(const QString& typed, const QString& meant) {
     const int rows = static_cast<int>(typed.size()) + 1;
     std::vector<int> table(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns));
     const auto at = [&](int row, int column) -> int& {
-        return table[static_cast<std::size_t>(row * columns + column)];
+        return table[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +
+                     static_cast<std::size_t>(column)];
     };
     for (int row = 0; row < rows; ++row) at(row, 0) = row;
     for (int column = 0; column < columns; ++column) at(0, column) = column;

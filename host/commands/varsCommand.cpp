@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "host/access/sceneLoad.h"
+#include "host/base/displayText.h"
 #include "host/base/terminal.h"
 #include "host/commands/allCommands.h"
 #include "host/results/sceneJson.h"
@@ -21,11 +22,6 @@ struct _options {
     int jobNumber = allJobs;
 };
 
-/// "18 jobs"
-QString countOf(std::size_t jobs) {
-    return jobs == 1 ? QStringLiteral("1 job") : QStringLiteral("%1 jobs").arg(jobs);
-}
-
 /// Leaves the job with this number alone.
 void keepJob(std::vector<_jobVariables>& jobs, int number) {
     const auto isOther = [&](const auto& job) { return job.number != number; };
@@ -40,7 +36,8 @@ int run(const _options& options, const _submitterArguments& submitter) {
     if (options.jobNumber != allJobs) keepJob(result.jobs, options.jobNumber);
     if (result.isLoaded() && result.jobs.empty() && options.jobNumber != allJobs) {
         writeError(QStringLiteral("%1: there is no job %2: the scene has %3")
-                       .arg(result.scene, QString::number(options.jobNumber), countOf(jobsOfScene)));
+                       .arg(result.scene, QString::number(options.jobNumber),
+                            counted(static_cast<qint64>(jobsOfScene), "job", "jobs")));
         return exitUsage;
     }
     if (options.asJson) {

@@ -44,6 +44,7 @@ int lineWidth(const std::vector<int>& widths) {
 
 std::vector<int> neededWidths(const std::vector<_columnNeed>& needs) {
     std::vector<int> widths;
+    widths.reserve(needs.size());
     for (const auto& need : needs) widths.push_back(need.needed);
     return widths;
 }
@@ -58,6 +59,7 @@ std::vector<std::size_t> columnsByRank(const std::vector<_columnNeed>& needs) {
 std::vector<int> fittedWidths(const std::vector<_columnNeed>& needs, int room, const _mayGo& mayGo) {
     const auto order = columnsByRank(needs);
     std::vector<int> widths;
+    widths.reserve(needs.size());
     for (const auto& need : needs) widths.push_back(std::min(need.needed, need.enough));
     leaveOut(widths, order, room, [&](auto column) { return !needs[column].hasWeight && mayGo(widths, column); });
     for (const auto column : order) widths[column] = std::min(widths[column], needs[column].least);

@@ -3,17 +3,10 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "host/base/displayText.h"
 #include "host/base/shellText.h"
 
 namespace vxH {
-namespace {
-
-QString counted(qint64 count, const char* one, const char* several) {
-    return QString::number(count) + QLatin1Char(' ') + QLatin1String{count == 1 ? one : several};
-}
-
-}  // namespace
-
 QSet<int> warnedJobs(const _explainedScene& scene) {
     QSet<int> numbers;
     QSet<QString> drivers;

@@ -136,6 +136,7 @@ void _table::fit() {
         return;
     }
     std::vector<int> least;  // named columns are wanted, whatever room there is
+    least.reserve(wanted.size());
     for (const auto& need : wanted) least.push_back(std::min(need.least, need.needed));
     widths = fittedTo(wanted, std::max(room, lineWidth(least)));
 }
@@ -301,8 +302,7 @@ QString houdiniVersion(const std::vector<_job>& jobs) {
 }
 
 QString jobCountText(std::size_t count) {
-    if (count == 0) return QStringLiteral("no jobs");
-    return count == 1 ? QStringLiteral("1 job") : QStringLiteral("%1 jobs").arg(count);
+    return count == 0 ? QStringLiteral("no jobs") : counted(static_cast<qint64>(count), "job", "jobs");
 }
 
 /// The command goes on a line of its own where it would be broken.

@@ -8,10 +8,6 @@ namespace {
 
 constexpr int hangingIndent = 2;
 
-QString counted(int count, const char* one, const char* many) {
-    return QString::number(count) + QLatin1Char(' ') + QLatin1String{count == 1 ? one : many};
-}
-
 }  // namespace
 
 QString resolvingText(const _sceneResult& scene, int width) {
