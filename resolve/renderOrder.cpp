@@ -85,14 +85,19 @@ _node _renderOrder::named(const _node& node, std::string_view parameter) {
     return {};
 }
 
+/// The input that a switch lets through; none: it cannot be told.
+std::optional<std::vector<_node>> _renderOrder::chosenSource(const _node& node) {
+    const auto chosen = evaluator.number(node, chosenInput);
+    if (!chosen || std::abs(*chosen) >= vxN::mostInputs) return {};
+    const _node input = node.inputNode(static_cast<quint32>(std::max(*chosen, 0.0)));
+    return input ? std::vector<_node>{input} : std::vector<_node>();
+}
+
 std::vector<_node> _renderOrder::readSources(const _node& node) {
     if (!node || !isInDriverNetwork(node)) return {};
     const std::string_view type = typeName(node);
     if (type == switchType)
-        if (const auto chosen = evaluator.number(node, chosenInput); chosen && std::abs(*chosen) < vxN::mostInputs) {
-            const _node input = node.inputNode(static_cast<quint32>(std::max(*chosen, 0.0)));
-            return input ? std::vector<_node>{input} : std::vector<_node>();
-        }
+        if (auto chosen = chosenSource(node)) return *std::move(chosen);
     std::vector<_node> nodes = node.inputNodes();
     for (const _stand& stand : stands)
         if (type == stand.type)

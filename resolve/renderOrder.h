@@ -4,6 +4,7 @@
 #include <QtGlobal>
 #include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
 #include "evaluate/evaluator.h"
@@ -31,6 +32,7 @@ class _renderOrder {
 
  private:
     const std::vector<qint32>& sourcesOf(qint32 index);
+    std::optional<std::vector<vxN::_node>> chosenSource(const vxN::_node& node);
     std::vector<vxN::_node> readSources(const vxN::_node& node);
     vxN::_node named(const vxN::_node& node, std::string_view parameter);
 

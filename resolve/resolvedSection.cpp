@@ -23,7 +23,9 @@ constexpr std::string_view rangeSwitch{"trange"};
 constexpr std::string_view loadSwitch{"loadfromdisk"};
 constexpr std::string_view settingsImage{"picture"};
 constexpr std::string_view stepsOfChannel{"steps"};  ///< of a wedge; its number follows
+constexpr std::string_view cameraResolution{"res"};
 constexpr std::string_view resolutionFraction{"res_fraction"};
+constexpr double largestSide = 65535;  // pixels, as records count them
 constexpr std::array cameraNames{std::string_view{"camera"}, std::string_view{"RS_renderCamera"}};
 
 /// How a driver overrides its camera's resolution.
@@ -78,6 +80,16 @@ void tellValue(const vxN::_node& node, std::string_view name, const vxN::_value&
                             reason});
 }
 
+/// True for a parameter that the reader looks at. A driver's size is told by other means.
+bool isRead(const _sectionKind& kind, std::string_view name) {
+    const auto names = kind.parameters();
+    const bool isSize =
+        kind.reader == _sectionReader::driver &&
+        std::any_of(overrides.begin(), overrides.end(), [&](const _override& way) { return way.resolution == name; });
+    return !name.empty() && !isSize &&
+           std::any_of(names.begin(), names.end(), [&](QLatin1String known) { return isCalled(known, name); });
+}
+
 }  // namespace
 
 struct _sectionResolver::_target {
@@ -86,6 +98,15 @@ struct _sectionResolver::_target {
     const _nodeType* type;  ///< null: not known
     QString& lines;
 };
+
+/// The name by which a reader gets a parameter; empty: another parameter names the output.
+std::string_view _sectionResolver::nameForReader(const _target& target, std::string_view name) {
+    if (target.kind.reader != _sectionReader::driver || target.type == nullptr) return name;
+    for (const _outputParameter& row : target.type->outputs)
+        if (!row.name.empty() && row.name == name) return row.readAs.empty() ? name : row.readAs;
+    const bool isOutput = roleOf(textOfUtf8(name) + QLatin1Char('\t')) == _parameterRole::output;
+    return isOutput ? std::string_view() : name;
+}
 
 std::optional<bool> _sectionResolver::isOn(const vxN::_node& node, std::string_view parameter) {
     if (node.parameter(parameter) == nullptr) return {};
@@ -178,38 +199,46 @@ void _sectionResolver::addParameter(const _target& target, const vxN::_parameter
     target.lines += lineOf(name, values.join(QLatin1Char('\t')));
 }
 
-/// The camera's, or the driver's own where it overrides it.
-void _sectionResolver::addResolution(const _target& target) {
+vxN::_node _sectionResolver::cameraOf(const vxN::_node& driver) {
     vxN::_node camera;
     for (const std::string_view name : cameraNames)
-        if (const auto path = evaluator.text(target.node, name); path && !path->empty())
-            camera = target.node.find(*path);
-    const auto numbersOf = [&](const vxN::_node& node, std::string_view name, std::array<double, 2>& size) {
-        const auto parameter = node.parameter(name);
-        if (parameter == nullptr || parameter->values.size() < size.size()) return false;
-        for (std::size_t i = 0; i < size.size(); ++i) {
-            const vxN::_value& value = parameter->values[i];
-            const auto number = frame(node, value);
-            if (value.isDriven()) tellNumber(node, name, value, number ? QString::number(*number) : QString());
-            if (!number || *number < 0 || *number > 65535) return false;
-            size[i] = *number;
-        }
-        return true;
-    };
-    std::array<double, 2> size{};
-    bool known = camera && numbersOf(camera, "res", size);
-    for (const _override& way : overrides) {
-        if (!isOn(target.node, way.isOn).value_or(false)) continue;
-        const auto fraction = evaluator.text(target.node, resolutionFraction);
-        const auto factor = fraction ? literalNumber(*fraction) : std::nullopt;
-        if (factor && known)
-            for (double& side : size) side *= *factor;
-        else
-            known = numbersOf(target.node, way.resolution, size);
+        if (const auto path = evaluator.text(driver, name); path && !path->empty()) camera = driver.find(*path);
+    return camera;
+}
+
+std::optional<_sectionResolver::_imageSize> _sectionResolver::sizeOf(const vxN::_node& node, std::string_view name) {
+    _imageSize size{};
+    const auto parameter = node.parameter(name);
+    if (parameter == nullptr || parameter->values.size() < size.size()) return {};
+    for (std::size_t i = 0; i < size.size(); ++i) {
+        const vxN::_value& value = parameter->values[i];
+        const auto number = frame(node, value);
+        if (value.isDriven()) tellNumber(node, name, value, number ? QString::number(*number) : QString());
+        if (!number || *number < 0 || *number > largestSide) return {};
+        size[i] = *number;
     }
-    if (!known) return;
+    return size;
+}
+
+/// The size that an override makes of the camera's.
+std::optional<_sectionResolver::_imageSize> _sectionResolver::overriddenSize(const vxN::_node& driver,
+                                                                             std::string_view resolution,
+                                                                             const std::optional<_imageSize>& camera) {
+    const auto fraction = evaluator.text(driver, resolutionFraction);
+    const auto factor = fraction ? literalNumber(*fraction) : std::nullopt;
+    if (!factor || !camera) return sizeOf(driver, resolution);
+    return _imageSize{(*camera)[0] * *factor, (*camera)[1] * *factor};
+}
+
+/// The camera's, or the driver's own where it overrides it.
+void _sectionResolver::addResolution(const _target& target) {
+    const vxN::_node camera = cameraOf(target.node);
+    auto size = camera ? sizeOf(camera, cameraResolution) : std::nullopt;
+    for (const _override& way : overrides)
+        if (isOn(target.node, way.isOn).value_or(false)) size = overriddenSize(target.node, way.resolution, size);
+    if (!size) return;
     QStringList sides;
-    for (const double side : size) sides.append(QString::number(std::llround(side)));
+    for (const double side : *size) sides.append(QString::number(std::llround(side)));
     target.lines += lineOf(overrides.front().resolution, sides.join(QLatin1Char('\t')));
 }
 
@@ -240,38 +269,29 @@ void _sectionResolver::tellCurrentFrame(const vxN::_node& node) {
         tellOfSection(_remark::currentFrameOnly);
 }
 
+void _sectionResolver::addLine(const _target& target, const vxN::_parameter& parameter, std::string_view name,
+                               const _given& given) {
+    const bool isFrames = target.kind.reader == _sectionReader::driver && name == frameRange;
+    if (name == given.name)
+        target.lines += lineOf(name, QLatin1Char('"') + given.value + QLatin1Char('"'));
+    else if (isFrames)
+        addFrames(target, parameter);
+    else if (!addStageImage(target, parameter, name))
+        addParameter(target, parameter, name);
+}
+
 QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type,
                                   const _given& given) {
     QString lines;
     const _target target{node, kind, type, lines};
     const auto parameters = node.parameters();
-    const bool isDriver = kind.reader == _sectionReader::driver;
-    const auto names = kind.parameters();
     for (const vxN::_parameter& parameter : parameters->all()) {
-        std::string_view name = parameter.name;
-        if (isDriver && type != nullptr) {
-            const auto& outputs = type->outputs;
-            const auto output = std::find_if(outputs.begin(), outputs.end(), [&](const _outputParameter& row) {
-                return !row.name.empty() && row.name == name;
-            });
-            const bool isOwn = output != outputs.end();
-            if (isOwn && !output->readAs.empty()) name = output->readAs;
-            if (!isOwn && roleOf(textOfUtf8(name) + QLatin1Char('\t')) == _parameterRole::output) continue;
-        }
-        const bool isKnown =
-            std::any_of(names.begin(), names.end(), [&](QLatin1String known) { return isCalled(known, name); });
-        const bool isSize = std::any_of(overrides.begin(), overrides.end(),
-                                        [&](const _override& way) { return way.resolution == name; });
-        if (!isKnown || parameter.values.empty() || (isDriver && isSize)) continue;
+        const std::string_view name = nameForReader(target, parameter.name);
+        if (parameter.values.empty() || !isRead(kind, name)) continue;
         spendWork(sectionCost);
-        if (name == given.name)
-            lines += lineOf(name, QLatin1Char('"') + given.value + QLatin1Char('"'));
-        else if (isDriver && name == frameRange)
-            addFrames(target, parameter);
-        else if (!addStageImage(target, parameter, name))
-            addParameter(target, parameter, name);
+        addLine(target, parameter, name, given);
     }
-    if (isDriver) {
+    if (kind.reader == _sectionReader::driver) {
         addResolution(target);
         tellCurrentFrame(node);
     }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <array>
 #include <memory>
+#include <optional>
 
 #include "evaluate/evaluator.h"
 #include "input/sectionKinds.h"
@@ -39,10 +41,17 @@ class _sectionResolver {
  private:
     /// Where a section is put together.
     struct _target;
+    using _imageSize = std::array<double, 2>;  ///< width and height, pixels
 
     void addParameter(const _target& target, const vxN::_parameter& parameter, std::string_view name);
     void addFrames(const _target& target, const vxN::_parameter& parameter);
+    void addLine(const _target& target, const vxN::_parameter& parameter, std::string_view name, const _given& given);
     void addResolution(const _target& target);
+    static std::string_view nameForReader(const _target& target, std::string_view name);
+    vxN::_node cameraOf(const vxN::_node& driver);
+    std::optional<_imageSize> sizeOf(const vxN::_node& node, std::string_view name);
+    std::optional<_imageSize> overriddenSize(const vxN::_node& driver, std::string_view resolution,
+                                             const std::optional<_imageSize>& camera);
     bool addStageImage(const _target& target, const vxN::_parameter& parameter, std::string_view name);
     void tellCurrentFrame(const vxN::_node& node);
     vxV::_textOutcome textOf(const vxN::_node& node, const vxN::_value& value);

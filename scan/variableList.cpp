@@ -127,7 +127,7 @@ _size _variableList::firstBeginning(QStringView text, _size from) const {
     for (_size length = 0; length <= longest; ++length) {
         if (length > 0) hash = hashWith(hash, text.at(length - 1));
         if (!hasNameOf[static_cast<std::size_t>(length)]) continue;
-        spendWork(variableLookupCost, std::bit_width(keys.size()));
+        spendWork(variableLookupCost, static_cast<qint64>(std::bit_width(keys.size())));
         const _size found = firstOf(hash, text.left(length), from);
         if (found >= 0 && (first < 0 || found < first)) first = found;
     }

@@ -166,8 +166,9 @@ std::vector<_takeOverride> _takes::overridesOf(qint32 take, std::string_view nod
     for (; take >= 0; take = takes[static_cast<std::size_t>(take)].parent) {
         vxP::spendWork(vxP::takeRecordCost);
         const auto own = takes[static_cast<std::size_t>(take)].overrides;
-        const auto nodeOf = [](const _takeOverride& one) { return one.node; };
-        const auto [first, behind] = std::ranges::equal_range(own, node, {}, nodeOf);
+        const _takeOverride wanted{node, {}, {}};
+        const auto [first, behind] = std::equal_range(own.begin(), own.end(), wanted,
+                                                      [](const auto& a, const auto& b) { return a.node < b.node; });
         for (auto one = std::make_reverse_iterator(behind); one != std::make_reverse_iterator(first); ++one) {
             vxP::spendWork(vxP::takeRecordCost);
             found.push_back(*one);
