@@ -25,7 +25,7 @@ while IFS= read -r -d '' file; do
     done
 done < <(find "$tree" -type f \( -perm -u+x -o -name '*.so*' \) -print0)
 # The README shows paths of its own, which may be the very ones of this build.
-grep -rlF --exclude=README.md -e "$build" -e "$sources" "$tree" && fail "these files name the folders of the build"
+grep -rlF --exclude=README.md -e "$build/" -e "$sources/" "$tree" && fail "these files name the folders of the build"
 
 # The program finds its plug-in, in any locale.
 "$build/bin/vxscene" jobs "$scene" >"$work/expected"
