@@ -61,7 +61,7 @@ constexpr bool inOrder() {
     }
     return words.size() == static_cast<std::size_t>(_reason::tooMuchWork) + 1;
 }
-static_assert(inOrder(), "a reason has no words, or they stand in another order");
+static_assert(inOrder(), "a reason has no words, or they are in another order");
 
 }  // namespace
 

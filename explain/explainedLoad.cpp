@@ -1,7 +1,6 @@
 #include "explain/explainedLoad.h"
 
 #include <QHash>
-#include <array>
 
 #include "explain/outcomes.h"
 #include "explain/sceneFacts.h"
@@ -50,13 +49,22 @@ QString textOfJobs(const _observedSection& section, const vxJ::_JobBasicsArray& 
     return texts.join(QLatin1String(", "));
 }
 
-/// What is told of a section without jobs that came to something, by its reader's place. A driver has jobs then.
-constexpr std::array<QStringView, vxP::sectionReaderCount> keptTexts{u"kept: its driver is repeated",
-                                                                     u"kept as a camera",
-                                                                     u"kept, but no driver refers to it",
-                                                                     u"kept as a LOP node",
-                                                                     {}};
-static_assert(keptTexts[static_cast<std::size_t>(vxP::_sectionReader::driver)].isEmpty());
+/// What is told of a section without jobs that came to something.
+QString keptText(vxP::_sectionReader reader) {
+    switch (reader) {
+        case vxP::_sectionReader::wedge:
+            return QStringLiteral("kept: its driver is repeated");
+        case vxP::_sectionReader::camera:
+            return QStringLiteral("kept as a camera");
+        case vxP::_sectionReader::usdRenderSettings:
+            return QStringLiteral("kept, but no driver refers to it");
+        case vxP::_sectionReader::lop:
+            return QStringLiteral("kept as a LOP node");
+        case vxP::_sectionReader::driver:  // has jobs then
+            break;
+    }
+    return {};
+}
 
 /// Kind, code and text.
 void explainOutcome(const _observedSection& section, const _surveyedSection& surveyed, const vxJ::_JobBasicsArray& jobs,
@@ -69,8 +77,7 @@ void explainOutcome(const _observedSection& section, const _surveyedSection& sur
     const _outcome outcome = surveyed.isOfDriver ? outcomeOfDriverTakenBy(section.reader) : outcomeOf(section);
     explained.outcome = outcome.code.isEmpty() ? _outcomeKind::kept : _outcomeKind::none;
     explained.code = outcome.code;
-    explained.text =
-        outcome.code.isEmpty() ? keptTexts[static_cast<std::size_t>(section.reader)].toString() : outcome.text;
+    explained.text = outcome.code.isEmpty() ? keptText(section.reader) : outcome.text;
 }
 
 QList<_explainedSection> explainedSections(const _loadedScene& scene) {

@@ -182,10 +182,10 @@ struct _notTakenWords {
 };
 
 constexpr std::array notTakenWords{
-    _notTakenWords{vxP::_notTaken::comment, u"comment", u"its header stands on a comment line"},
-    _notTakenWords{vxP::_notTaken::otherLine, u"otherLine", u"its header stands on the line of a command"},
+    _notTakenWords{vxP::_notTaken::comment, u"comment", u"its header is on a comment line"},
+    _notTakenWords{vxP::_notTaken::otherLine, u"otherLine", u"its header is on the line of a command"},
     _notTakenWords{vxP::_notTaken::noHeader, u"noHeader", u"its header does not end its line"},
-    _notTakenWords{vxP::_notTaken::noRoot, u"noRoot", u"stands under none of out/, obj/, img/ and stage/"},
+    _notTakenWords{vxP::_notTaken::noRoot, u"noRoot", u"it is under none of out/, obj/, img/ and stage/"},
     _notTakenWords{vxP::_notTaken::ruledOut, u"ruledOut", u"its path holds '%1'"},
     _notTakenWords{vxP::_notTaken::noMark, u"noMark",
                    u"outside out/ a driver is known by a part of its path, and none is there of %1"},

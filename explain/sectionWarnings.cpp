@@ -6,6 +6,7 @@
 #include "explain/outcomes.h"
 #include "explain/warnings.h"
 #include "grammar/paramSection.h"
+#include "jobs/frameFault.h"
 #include "scan/scanState.h"
 #include "shared/vxLatin.h"
 
@@ -51,7 +52,7 @@ QString ownFramesOf(const _observedSection& section) {
 
 void warnOfUnusableFrames(const _checkedSection& checked) {
     const auto& settings = checked.firstJob().sceneSettings;
-    if (settings.seqStep != 0 && settings.seqStart <= settings.seqEnd) return;
+    if (vxJ::frameFault(settings.seqStart, settings.seqEnd, settings.seqStep).isEmpty()) return;
     const QString frames = ownFramesOf(checked.section);
     const bool startDriven = frames.contains(QLatin1String("[ f1"));
     const bool oneDriven = startDriven != frames.contains(QLatin1String("[ f2"));

@@ -1,4 +1,4 @@
-// Scene-side variables of an output name, replaced by what they stand for.
+// Scene-side variables of an output name, replaced by their values.
 #pragma once
 
 #include <QString>

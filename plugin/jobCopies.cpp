@@ -19,7 +19,7 @@ qint64 wedgeVariant(qint32 wedge, qint32 index) {
 
 }  // namespace
 
-/// @param orPattern  a job without a copy stands for itself, else it is left out
+/// @param orPattern  a job without a copy counts itself, else it is left out
 std::vector<qint32> _jobCopier::copiesOf(const std::vector<qint32>& patterns, qint64 variant, bool orPattern) const {
     std::vector<qint32> copied;
     for (const qint32 pattern : patterns) {

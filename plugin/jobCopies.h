@@ -23,7 +23,7 @@ class _jobCopier {
         : jobs(array), waits(waitsOfJobs), ofTakes(jobsOfTakes) {}
 
     /// One copy of each job for every take, with the take as `channel`. A driver with a take of its own gets none.
-    /// Where a take changes a driver, its jobs in that take stand for the copies.
+    /// Where a take changes a driver, its jobs in that take are the copies.
     /// @param takes  each once
     /// @return resultSuccess, or resultNoMoreJobs; the copies made before stay
     qint32 copyForTakes(const QStringList& takes);

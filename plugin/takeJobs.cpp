@@ -9,7 +9,7 @@ namespace vxP {
 
 namespace {
 
-constexpr QLatin1Char numberEnd{':'};  ///< of what stands before a driver's path in its name
+constexpr QLatin1Char numberEnd{':'};  ///< of the number before a driver's path in its name
 constexpr QLatin1String pathBehind{":/"};
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Placeholders that stand for the variant of a wedge in a job's names.
+// Placeholders for the variant of a wedge in a job's names.
 #pragma once
 
 #include <QString>

@@ -35,7 +35,7 @@ class _sectionResolver {
     /// observer and stays as the scene holds it; a driver's frames that cannot be told are the stored ones where these
     /// are not 0, else the scene's. A driver's resolution is its camera's, unless it overrides it. An image without a
     /// name is that of the one render settings node in the driver's stage.
-    /// @param given  stands for what the node says itself
+    /// @param given  replaces what the node says itself
     QString linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type, const _given& given = {});
 
  private:

@@ -139,7 +139,7 @@ class _parameterReader {
         }
     }
 
-    /// What a take says stands where the node's own parameter of that name stood.
+    /// What a take says goes where the node's own parameter of that name was.
     void putInPlace(std::size_t ownParameters) {
         if (ownParameters == into.parameters.size()) return;
         for (std::size_t i = 0; i < ownParameters; ++i) {

@@ -37,7 +37,7 @@ std::string componentName(const _parameter& parameter, std::size_t place);
 class _parameters {
  public:
     /// Reads by tokens and never fails: what is no parameter is passed over.
-    /// @param overrides  blocks of a take: what they hold stands for the node's own
+    /// @param overrides  blocks of a take: what they hold replaces the node's own
     explicit _parameters(std::string text, std::span<const std::string_view> overrides = {});
     _parameters(const _parameters&) = delete;
     _parameters& operator=(const _parameters&) = delete;

@@ -2,13 +2,12 @@
 
 #include <cmath>
 
+#include "jobs/frameFault.h"
+
 namespace vxH {
 
 QString frameFault(const _job& job) {
-    if (!job.seqFrameSet.isEmpty()) return {};
-    if (!std::isfinite(job.seqStart) || !std::isfinite(job.seqEnd)) return QStringLiteral("a frame that is no number");
-    if (job.seqStep == 0) return QStringLiteral("a step of 0");
-    return job.seqStart > job.seqEnd ? QStringLiteral("starts behind its end") : QString{};
+    return job.seqFrameSet.isEmpty() ? QString{vxJ::frameFault(job.seqStart, job.seqEnd, job.seqStep)} : QString{};
 }
 
 std::optional<double> frameCount(const _job& job) {

@@ -19,7 +19,7 @@ struct _nodeValue {
     QString language;               ///< of a channel's expression, "hscript", "python"
     int keys = 0;                   ///< of an animated channel; its expression is how it leaves the first one
     std::optional<QString> cached;  ///< what Houdini computed when it last looked; none: no channel drives it
-    QString value;                  ///< a literal as it stands, else what was computed
+    QString value;                  ///< a literal as written, else what was computed
     QString reason;                 ///< why there is no value; empty: there is one
     QString code;                   ///< the reason in a word that stays the same between versions
 
