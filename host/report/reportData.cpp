@@ -17,6 +17,7 @@ namespace vxH {
 namespace {
 
 constexpr QLatin1String jobsKey{"jobs"};
+constexpr QLatin1String outcomeKey{"outcome"};
 
 // Of a scene on its way.
 constexpr QLatin1String shownKey{"shown"};
@@ -130,9 +131,10 @@ void addExplanation(QJsonObject& shown, vxE::_explanation explanation) {
 _reportScene reportScene(const _explainedScene& scene) {
     auto shown = headToJson(scene);
     shown.insert(jobsKey, jobRows(scene));
-    if (!scene.isLoaded())
-        shown.insert(QLatin1String{"outcome"},
-                     scene.knowsItsJobs() ? QLatin1String{"no jobs"} : QLatin1String{"failed"});
+    if (!scene.knowsItsJobs())
+        shown.insert(outcomeKey, QLatin1String{"failed"});
+    else if (scene.jobs.empty())
+        shown.insert(outcomeKey, QLatin1String{"no jobs"});
     if (scene.explanation.isSceneRead) addExplanation(shown, scene.explanation);
     return {shown, scene};
 }

@@ -38,8 +38,9 @@ class SceneView {
     failure() {
         const outcome = outcomeOf(this.scene);
         if (outcome === "loaded") return null;
-        const reason = longText(this.scene.error ?? "no reason given");
         const isFailed = outcome === "failed";
+        if (!isFailed && !this.scene.error) return el("p", {class: "notice-line"}, "This scene has no jobs.");
+        const reason = longText(this.scene.error ?? "no reason given");
         return el(
             "p", {class: isFailed ? "failure" : "notice-line"}, isFailed ? el("b", {}, "Failed: ") : null, reason,
             ` (code ${this.scene.code})`);
@@ -48,9 +49,7 @@ class SceneView {
     jobsSection() {
         const {scene, index} = this;
         const id = `${this.id}-jobs`;
-        const hasNone = scene.jobs.length === 0;
-        if (hasNone)
-            return outcomeOf(scene) === "loaded" ? section(id, "Jobs", el("p", {}, "This scene has no jobs.")) : null;
+        if (scene.jobs.length === 0) return null;
         this.rows = jobRows(scene, index);
         for (const row of this.rows) row.id = `${this.id}-j${row.number}`;
         this.chart = new FrameChart(this.rows, scene.jobs);
