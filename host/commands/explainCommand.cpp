@@ -49,8 +49,7 @@ int run(const _options& options, const _submitterArguments& submitter) {
     const bool isText = options.format == options.formats.data();
     const bool looks = isText && options.filter.isEmpty();
     const auto explain = [&](const QString& scene) {
-        auto explained =
-            looks ? explainAndLook(scene, submitter, options.scenes.timeout) : explainScene(scene, submitter);
+        auto explained = looks ? explainAndLook(scene, submitter, options.scenes) : explainScene(scene, submitter);
         applyFilter(options.filter, explained);
         return explained;
     };

@@ -67,9 +67,11 @@ std::optional<_whenResolved> _resolvingLook::compareWith(const _sceneResult& pla
 }
 
 _explainedScene explainAndLook(const QString& scene, const _submitterArguments& arguments,
-                               std::chrono::milliseconds timeout) {
-    if (asksToResolve(arguments)) return explainScene(scene, arguments);
-    _resolvingLook look(builtInLoader(), scene, arguments, timeout);
+                               const _sceneOptions& options) {
+    const bool isOnlyOne =
+        options.scenes.size() == 1 && QFileInfo(QString::fromStdString(options.scenes.front())).isFile();
+    if (!isOnlyOne || asksToResolve(arguments)) return explainScene(scene, arguments);
+    _resolvingLook look(builtInLoader(), scene, arguments, options.timeout);
     auto explained = explainScene(scene, arguments);
     explained.whenResolved = look.compareWith(explained);
     return explained;

@@ -6,6 +6,7 @@
 
 #include "host/access/sceneExplanation.h"
 #include "host/base/childProcess.h"
+#include "host/commands/sceneOptions.h"
 
 namespace vxH {
 
@@ -27,9 +28,9 @@ class _resolvingLook {
     _child child;
 };
 
-/// Explains the scene, and unless it is resolved anyway, looks at what resolving would change.
-/// @param timeout  as above
+/// Explains a scene, and where it is the only one that was asked for and is not resolved anyway, looks at what
+/// resolving would change: over many scenes the second load would double the time.
 _explainedScene explainAndLook(const QString& scene, const _submitterArguments& arguments,
-                               std::chrono::milliseconds timeout);
+                               const _sceneOptions& options);
 
 }  // namespace vxH
