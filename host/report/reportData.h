@@ -18,8 +18,8 @@ struct _reportScene {
 };
 
 /// `shown` holds, texts untouched, `scene`, `code` and, where the scene has them, `error`, `facts` and `warnings`;
-/// `outcome` is there for a scene without jobs, "no jobs", and for one that failed, "failed". Empty texts, empty lists and steps of 1
-/// are left out, so that a scene takes some two kilobytes.
+/// `outcome` is there for a scene without jobs, "no jobs", and for one that failed, "failed". Empty texts, empty lists
+/// and steps of 1 are left out, so that a scene takes some two kilobytes.
 ///
 /// Its `jobs` hold the cells of the job table (`driver`, `renderer`, `frames`, `output`, `camera`, `take`, `size`),
 /// numbers to sort and draw by (`start`, `end`, `step`; missing where a frame set counts or a frame is no number),
