@@ -1,0 +1,236 @@
+// Specifications as XML, of the document type CJSL 1.15. What a command is told of its task are the command tokens that
+// OpenCue's documentation lists: #FRAME_START# is the first frame of a chunk, #FRAME_END# the last one that it has.
+//
+// A command is run by a POSIX shell. A value of the environment loses blanks at its ends and knows no tokens; where
+// that matters, the command sets it.
+#include "host/engines/opencue.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <QRegularExpression>
+#include <QXmlStreamWriter>
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+#include "host/engines/shellWords.h"
+
+namespace vxH {
+namespace {
+
+/// With quotes in the middle of what would be taken for a token: `'#''IFRAME#'`.
+QString quotedWithoutTokens(const QString& text) {
+    static const QRegularExpression tokenBegin{QStringLiteral("#(?=[A-Z_]+#)")};
+    return posixQuoted(text).replace(tokenBegin, QStringLiteral("#''"));
+}
+
+constexpr _shellDialect inCommand{quotedWithoutTokens, QLatin1String{"#FRAME_START#"}, QLatin1String{"#FRAME_END#"}};
+
+// Whose job it is: what no scene says, from the variables that name a shot where this engine runs.
+
+QString variableOr(const char* variable, const QString& fallback) {
+    const QString value = qEnvironmentVariable(variable);
+    return value.isEmpty() ? fallback : value;
+}
+
+QString show() {
+    return variableOr("SHOW", QStringLiteral("testing"));
+}
+
+QString shot() {
+    return variableOr("SHOT", QStringLiteral("default"));
+}
+
+QString user() {
+    const passwd* self = getpwuid(getuid());
+    return variableOr("USER", self ? QString::fromLocal8Bit(self->pw_name) : QString{});
+}
+
+/// None where this machine does not know the user.
+std::optional<uid_t> uidOf(const QString& name) {
+    const passwd* entry = getpwnam(name.toLocal8Bit().constData());
+    return entry ? std::optional{entry->pw_uid} : std::nullopt;
+}
+
+// What no specification can say
+
+bool isName(const QString& text) {
+    static const QRegularExpression name{QStringLiteral("\\A[A-Za-z0-9_.-]{3,}\\z")};
+    return name.match(text).hasMatch();
+}
+
+/// Whether a reader of the XML gets the text as it was given: a carriage return would come out as a line feed.
+bool isXmlText(const QString& text) {
+    const auto characters = text.toUcs4();
+    return std::all_of(characters.begin(), characters.end(), [](uint character) {
+        const bool isSurrogate = character >= 0xD800 && character <= 0xDFFF;
+        const bool isLayout = character == '\t' || character == '\n';
+        return isLayout || (character >= ' ' && !isSurrogate && (character & 0xFFFFU) < 0xFFFEU);
+    });
+}
+
+bool isXmlWord(const _taskWord& word) {
+    return std::all_of(word.begin(), word.end(), [](const _wordPiece& piece) { return isXmlText(piece.text); });
+}
+
+bool isFrameNumber(qint64 frame) {
+    return frame >= std::numeric_limits<int>::min() && frame <= std::numeric_limits<int>::max();
+}
+
+QString faultOfStep(const _farmStep& step) {
+    if (!isFrameNumber(step.frames.first) || !isFrameNumber(step.frames.last) || !isFrameNumber(step.frames.step))
+        return QStringLiteral("frame numbers of more than 32 bits");
+    const bool isXml = isXmlText(step.driver + step.take + step.licence) &&
+                       std::all_of(step.command.begin(), step.command.end(), isXmlWord) &&
+                       std::all_of(step.environment.begin(), step.environment.end(),
+                                   [](const _taskSetting& setting) { return isXmlWord(setting.value); });
+    return isXml ? QString{} : QStringLiteral("control characters, which XML cannot hold");
+}
+
+QString faultOfSubmission(const _submission&) {
+    if (!isName(show()) || !isName(shot()))
+        return QStringLiteral(
+            "the variables SHOW and SHOT have to be names of three letters, digits, \"_\", \".\", "
+            "\"-\" or more");
+    if (user().isEmpty() || !isXmlText(user()) || user() != user().trimmed() || user() == QLatin1String{"root"} ||
+        uidOf(user()) == 0U)
+        return QStringLiteral("root may have no jobs there: set the variable USER to who is to have them");
+    return {};
+}
+
+// The specification
+
+/// The value, where it is the same for all tasks and stays as it is in an element of its own.
+std::optional<QString> plainValue(const _taskWord& word) {
+    QString value;
+    for (const auto& piece : word) {
+        if (piece.value != _taskValue::none) return std::nullopt;
+        value += piece.text;
+    }
+    return value.isEmpty() || value != value.trimmed() ? std::nullopt : std::optional{value};
+}
+
+/// The step's own, and the names that its layer's was cut from.
+std::vector<_taskSetting> environmentOf(const _farmStep& step) {
+    auto settings = step.environment;
+    settings.push_back({QStringLiteral("VX_DRIVER"), {{step.driver}}});
+    if (!step.take.isEmpty()) settings.push_back({QStringLiteral("VX_TAKE"), {{step.take}}});
+    return settings;
+}
+
+QString commandOf(const _farmStep& step, const std::vector<_taskSetting>& environment) {
+    QString set;
+    for (const auto& setting : environment) {
+        if (plainValue(setting.value)) continue;
+        set += setting.name + QLatin1Char('=') + shellWord(setting.value, step, inCommand) + QLatin1Char(' ');
+    }
+    const QString command = shellCommand(step, inCommand);
+    return set.isEmpty() ? command : QLatin1String{"env "} + set + command;
+}
+
+QString rangeOf(const _frameRange& frames) {
+    const QString first = QString::number(frames.first);
+    if (frames.count() == 1) return first;
+    const QString range = first + QLatin1Char('-') + QString::number(frames.last);
+    return frames.step == 1 ? range : range + QLatin1Char('x') + QString::number(frames.step);
+}
+
+void writeEnvironment(QXmlStreamWriter& xml, const std::vector<_taskSetting>& environment) {
+    xml.writeStartElement(QStringLiteral("env"));
+    for (const auto& setting : environment) {
+        const auto value = plainValue(setting.value);
+        if (!value) continue;
+        xml.writeStartElement(QStringLiteral("key"));
+        xml.writeAttribute(QStringLiteral("name"), setting.name);
+        xml.writeCharacters(*value);
+        xml.writeEndElement();
+    }
+    xml.writeEndElement();
+}
+
+/// The elements have their order from the document type.
+void writeLayer(QXmlStreamWriter& xml, const _farmStep& step) {
+    const auto environment = environmentOf(step);
+    const qint64 chunk = std::min(step.framesPerTask, step.frames.count());
+    xml.writeStartElement(QStringLiteral("layer"));
+    xml.writeAttribute(QStringLiteral("name"), step.name);
+    xml.writeAttribute(QStringLiteral("type"), QStringLiteral("Render"));
+    xml.writeTextElement(QStringLiteral("cmd"), commandOf(step, environment));
+    xml.writeTextElement(QStringLiteral("range"), rangeOf(step.frames));
+    xml.writeTextElement(QStringLiteral("chunk"), QString::number(chunk));
+    xml.writeTextElement(QStringLiteral("cores"),
+                         QString::number(step.cores) + QLatin1String{".0"});  // without: percent
+    xml.writeTextElement(QStringLiteral("threadable"), QLatin1String{step.cores > 1 ? "True" : "False"});
+    if (step.memoryMB > 0)
+        xml.writeTextElement(QStringLiteral("memory"), QString::number(step.memoryMB) + QLatin1Char('m'));
+    if (step.minutes > 0) xml.writeTextElement(QStringLiteral("timeout"), QString::number(step.minutes));
+    if (!step.licence.isEmpty()) {
+        xml.writeStartElement(QStringLiteral("limits"));
+        xml.writeTextElement(QStringLiteral("limit"), step.licence);
+        xml.writeEndElement();
+    }
+    writeEnvironment(xml, environment);
+    xml.writeEndElement();
+}
+
+void writeWaits(QXmlStreamWriter& xml, const _farmStep& step, const _submission& submission) {
+    for (const auto& wait : step.waits) {
+        const auto& earlier = submission.steps[static_cast<std::size_t>(wait.step)];
+        xml.writeStartElement(QStringLiteral("depend"));
+        xml.writeAttribute(QStringLiteral("type"),
+                           QLatin1String{wait.isFrameByFrame ? "FRAME_BY_FRAME" : "LAYER_ON_LAYER"});
+        xml.writeTextElement(QStringLiteral("depjob"), submission.name);
+        xml.writeTextElement(QStringLiteral("deplayer"), step.name);
+        xml.writeTextElement(QStringLiteral("onjob"), submission.name);
+        xml.writeTextElement(QStringLiteral("onlayer"), earlier.name);
+        xml.writeEndElement();
+    }
+}
+
+void writeJob(QXmlStreamWriter& xml, const _submission& submission) {
+    xml.writeStartElement(QStringLiteral("job"));
+    xml.writeAttribute(QStringLiteral("name"), submission.name);
+    xml.writeStartElement(QStringLiteral("layers"));
+    for (const auto& step : submission.steps) writeLayer(xml, step);
+    xml.writeEndElement();
+    xml.writeEndElement();
+    xml.writeStartElement(QStringLiteral("depends"));
+    for (const auto& step : submission.steps) writeWaits(xml, step, submission);
+    xml.writeEndElement();
+}
+
+QByteArray writeSpecification(const _submission& submission) {
+    QByteArray written;
+    QXmlStreamWriter xml{&written};
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(2);
+    xml.writeStartDocument();
+    xml.writeDTD(
+        QStringLiteral("<!DOCTYPE spec PUBLIC \"SPI Cue Specification Language\" "
+                       "\"http://localhost:8080/spcue/dtd/cjsl-1.15.dtd\">"));
+    xml.writeStartElement(QStringLiteral("spec"));
+    xml.writeTextElement(QStringLiteral("show"), show());
+    xml.writeTextElement(QStringLiteral("shot"), shot());
+    xml.writeTextElement(QStringLiteral("user"), user());
+    if (const auto uid = uidOf(user())) xml.writeTextElement(QStringLiteral("uid"), QString::number(*uid));
+    writeJob(xml, submission);
+    xml.writeEndElement();
+    xml.writeEndDocument();
+    return written;
+}
+
+}  // namespace
+
+const _engine openCue{
+    .name = QLatin1String{"opencue"},
+    .description = QLatin1String{"job specification of OpenCue, CJSL 1.15"},
+    .fileEnding = QLatin1String{".xml"},
+    .stepNames = {.leastLength = 3, .mostLength = 128, .marks = QLatin1String{"_.-"}},
+    .submissionNames = {.leastLength = 3, .mostLength = 128, .marks = QLatin1String{"_.-"}},
+    .faultOfStep = faultOfStep,
+    .faultOfSubmission = faultOfSubmission,
+    .write = writeSpecification,
+};
+
+}  // namespace vxH
