@@ -25,8 +25,6 @@ QString quotedWithoutTokens(const QString& text) {
     return posixQuoted(text).replace(tokenBegin, QStringLiteral("#''"));
 }
 
-constexpr _shellDialect inCommand{quotedWithoutTokens, QLatin1String{"#FRAME_START#"}, QLatin1String{"#FRAME_END#"}};
-
 // Whose job it is: what no scene says, from the variables that name a shot where this engine runs.
 
 QString variableOr(const char* variable, const QString& fallback) {
@@ -62,12 +60,10 @@ bool isName(const QString& text) {
 
 /// Whether a reader of the XML gets the text as it was given: a carriage return would come out as a line feed.
 bool isXmlText(const QString& text) {
-    const auto characters = text.toUcs4();
-    return std::all_of(characters.begin(), characters.end(), [](uint character) {
-        const bool isSurrogate = character >= 0xD800 && character <= 0xDFFF;
-        const bool isLayout = character == '\t' || character == '\n';
-        return isLayout || (character >= ' ' && !isSurrogate && (character & 0xFFFFU) < 0xFFFEU);
-    });
+    return text.isValidUtf16() && std::all_of(text.begin(), text.end(), [](QChar character) {
+               const bool isLayout = character == QLatin1Char('\t') || character == QLatin1Char('\n');
+               return isLayout || (character >= QLatin1Char(' ') && character.unicode() < 0xFFFE);
+           });
 }
 
 bool isXmlWord(const _taskWord& word) {
@@ -114,18 +110,20 @@ std::optional<QString> plainValue(const _taskWord& word) {
 /// The step's own, and the names that its layer's was cut from.
 std::vector<_taskSetting> environmentOf(const _farmStep& step) {
     auto settings = step.environment;
-    settings.push_back({QStringLiteral("VX_DRIVER"), {{step.driver}}});
-    if (!step.take.isEmpty()) settings.push_back({QStringLiteral("VX_TAKE"), {{step.take}}});
+    settings.push_back({QStringLiteral("VX_JOB_DRIVER"), {{step.driver}}});
+    if (!step.take.isEmpty()) settings.push_back({QStringLiteral("VX_JOB_TAKE"), {{step.take}}});
     return settings;
 }
 
 QString commandOf(const _farmStep& step, const std::vector<_taskSetting>& environment) {
+    const _shellDialect dialect{quotedWithoutTokens, QStringLiteral("#FRAME_START#"), QStringLiteral("#FRAME_END#"),
+                                QString::number(step.frames.step)};
     QString set;
     for (const auto& setting : environment) {
         if (plainValue(setting.value)) continue;
-        set += setting.name + QLatin1Char('=') + shellWord(setting.value, step, inCommand) + QLatin1Char(' ');
+        set += setting.name + QLatin1Char('=') + shellWord(setting.value, dialect) + QLatin1Char(' ');
     }
-    const QString command = shellCommand(step, inCommand);
+    const QString command = shellLine(step.command, dialect);
     return set.isEmpty() ? command : QLatin1String{"env "} + set + command;
 }
 

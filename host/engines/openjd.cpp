@@ -20,7 +20,6 @@ constexpr QLatin1String frameParameter{"Frame"};
 constexpr QLatin1String scriptFile{"Run"};
 constexpr int mostDescription = 2048;  ///< characters
 constexpr int mostLicence = 64;
-constexpr _shellDialect inScript{posixQuoted, QLatin1String{"\"$first\""}, QLatin1String{"\"$last\""}};
 
 QString text(QLatin1String latin) {
     return QString{latin};
@@ -91,15 +90,16 @@ QJsonObject parameterSpace(const _farmStep& step) {
 
 /// Runs one task: its argument is the first frame.
 QString taskScript(const _farmStep& step) {
-    const qint64 fullTask = (step.framesPerTask - 1) * step.frames.step;
+    const _shellDialect dialect{posixQuoted, QStringLiteral("\"$FIRST\""), QStringLiteral("\"$LAST\""),
+                                QString::number(step.frames.step)};
     const QString last = QString::number(step.frames.last);
-    QString lines = QStringLiteral("first=$1\nlast=$((first + %1))\n").arg(fullTask);
-    if (step.framesPerTask > 1) lines += QStringLiteral("[ \"$last\" -le %1 ] || last=%1\n").arg(last);
+    QString lines = QStringLiteral("FIRST=$1\nLAST=$((FIRST + %1))\n").arg((step.framesPerTask - 1) * step.frames.step);
+    if (step.framesPerTask > 1) lines += QStringLiteral("[ \"$LAST\" -le %1 ] || LAST=%1\n").arg(last);
     for (const auto& setting : step.environment) {
-        const QString value = shellWord(setting.value, step, inScript);
+        const QString value = shellWord(setting.value, dialect);
         lines += QLatin1String{"export "} + setting.name + QLatin1Char('=') + value + QLatin1Char('\n');
     }
-    return lines + QLatin1String{"exec "} + shellCommand(step, inScript) + QLatin1Char('\n');
+    return lines + QLatin1String{"exec "} + shellLine(step.command, dialect) + QLatin1Char('\n');
 }
 
 QJsonObject stepScript(const _farmStep& step) {

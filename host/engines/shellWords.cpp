@@ -12,28 +12,27 @@ bool isPlain(QChar character) {
     return character.unicode() < 128 && (character.isLetterOrNumber() || plainMarks.contains(character));
 }
 
-QString filled(const QString& value, int digits) {
-    return QLatin1String{"\"$(printf %0"} + QString::number(digits) + QLatin1String{"d "} + value +
-           QLatin1String{")\""};
-}
-
-QString shellPiece(const _wordPiece& piece, const _farmStep& step, const _shellDialect& dialect) {
-    QString value;
-    switch (piece.value) {
+QString valueIn(const _shellDialect& dialect, _taskValue value) {
+    switch (value) {
         case _taskValue::none:
-            return dialect.quoted(piece.text);
+            return {};
         case _taskValue::first:
         case _taskValue::frame:
-            value = dialect.first;
-            break;
+            return dialect.first;
         case _taskValue::last:
-            value = dialect.last;
-            break;
+            return dialect.last;
         case _taskValue::step:
-            value = QString::number(step.frames.step);
-            break;
+            return dialect.step;
     }
-    return piece.digits > 0 ? filled(value, piece.digits) : value;
+    return {};
+}
+
+QString shellPiece(const _wordPiece& piece, const _shellDialect& dialect) {
+    if (piece.value == _taskValue::none) return dialect.quoted(piece.text);
+    const QString value = valueIn(dialect, piece.value);
+    if (piece.digits == 0) return value;
+    return QLatin1String{"\"$(printf %0"} + QString::number(piece.digits) + QLatin1String{"d "} + value +
+           QLatin1String{")\""};
 }
 
 }  // namespace
@@ -45,17 +44,17 @@ QString posixQuoted(const QString& text) {
     return QLatin1Char('\'') + inner + QLatin1Char('\'');
 }
 
-QString shellWord(const _taskWord& word, const _farmStep& step, const _shellDialect& dialect) {
+QString shellWord(const _taskWord& word, const _shellDialect& dialect) {
     if (word.empty()) return dialect.quoted({});
     QString line;
-    for (const auto& piece : word) line += shellPiece(piece, step, dialect);
+    for (const auto& piece : word) line += shellPiece(piece, dialect);
     return line;
 }
 
-QString shellCommand(const _farmStep& step, const _shellDialect& dialect) {
-    QStringList words;
-    for (const auto& word : step.command) words += shellWord(word, step, dialect);
-    return words.join(QLatin1Char(' '));
+QString shellLine(const std::vector<_taskWord>& words, const _shellDialect& dialect) {
+    QStringList line;
+    for (const auto& word : words) line += shellWord(word, dialect);
+    return line.join(QLatin1Char(' '));
 }
 
 }  // namespace vxH

@@ -1,8 +1,8 @@
 // Commands of tasks as lines for a POSIX shell, which reads every word as it was meant.
 #pragma once
 
-#include <QLatin1String>
 #include <QString>
+#include <vector>
 
 #include "host/engines/submission.h"
 
@@ -12,17 +12,17 @@ namespace vxH {
 /// @param text  any characters but NUL
 QString posixQuoted(const QString& text);
 
-/// How a line names what only the running task knows.
+/// How a line writes the parts of a word, each as a part that another may follow.
 struct _shellDialect {
     QString (*quoted)(const QString& text);
-    QLatin1String first;  ///< first frame of the task, as a part of a word: `"$first"`
-    QLatin1String last;   ///< last frame of the task
+    QString first;  ///< first frame of the task: `"$FIRST"`
+    QString last;   ///< last frame of the task
+    QString step;
 };
 
-/// @param step  the step that the word belongs to: its frames' step is known before any task runs
-QString shellWord(const _taskWord& word, const _farmStep& step, const _shellDialect& dialect);
+QString shellWord(const _taskWord& word, const _shellDialect& dialect);
 
-/// The words of the step's command, with a blank between them.
-QString shellCommand(const _farmStep& step, const _shellDialect& dialect);
+/// The words with a blank between them.
+QString shellLine(const std::vector<_taskWord>& words, const _shellDialect& dialect);
 
 }  // namespace vxH
