@@ -6,8 +6,7 @@
 #include <QJsonObject>
 #include <QXmlStreamReader>
 
-#include "host/engines/opencue.h"
-#include "host/engines/openjd.h"
+#include "host/engines/engines.h"
 #include "tests/host/hostProgram.h"
 #include "tests/testText.h"
 
@@ -42,7 +41,7 @@ _submission submissionOf(std::vector<_farmStep> steps) {
 }
 
 QJsonObject firstTemplateStep(const _submission& submission) {
-    const auto made = QJsonDocument::fromJson(openJobDescription.write(submission)).object();
+    const auto made = QJsonDocument::fromJson(openjdEngine.write(submission)).object();
     return made.value(QLatin1String{"steps"}).toArray().at(0).toObject();
 }
 
@@ -76,7 +75,7 @@ QByteArray runTemplate(const _submission& submission, qint64 first) {
 }
 
 QByteArray runSpecification(const _submission& submission, qint64 first, qint64 last) {
-    const QByteArray written = openCue.write(submission);
+    const QByteArray written = opencueEngine.write(submission);
     QString command = elementOf(written, "cmd");
     // all tokens there are: what is none must not look like one
     command.replace(QLatin1String{"#FRAME_START#"}, QString::number(first));
@@ -114,7 +113,7 @@ TEST(FarmFormats, TasksHaveTheFramesOfTheirStep) {
         const auto space = firstTemplateStep(submission).value(QLatin1String{"parameterSpace"}).toObject();
         const auto parameters = space.value(QLatin1String{"taskParameterDefinitions"}).toArray();
         EXPECT_EQ(plain(parameters.at(0).toObject().value(QLatin1String{"range"}).toString()), range.firstFrames);
-        const QByteArray written = openCue.write(submission);
+        const QByteArray written = opencueEngine.write(submission);
         EXPECT_EQ(plain(elementOf(written, "range")), range.frameRange);
         EXPECT_EQ(plain(elementOf(written, "chunk")), range.chunk);
         const auto task = framesOfTask(step, step.taskCount() - 1);
@@ -153,13 +152,13 @@ TEST(FarmFormats, TextsArriveAsTheyWereGiven) {
         const QByteArray bytes{given};
         const QByteArray expected =
             QByteArrayList{bytes, "#0011 15{1", "", bytes, "11" + bytes + "000015", ""}.join('\0');
-        ASSERT_TRUE(openJobDescription.faultOfStep(step).isEmpty());
-        ASSERT_TRUE(openCue.faultOfStep(step).isEmpty());
+        ASSERT_TRUE(openjdEngine.faultOfStep(step).isEmpty());
+        ASSERT_TRUE(opencueEngine.faultOfStep(step).isEmpty());
         EXPECT_EQ(runTemplate(submission, 11), expected);
         EXPECT_EQ(runSpecification(submission, 11, 15), expected);
         EXPECT_EQ(plain(firstTemplateStep(submission).value(QLatin1String{"description"}).toString()),
                   plain(step.driver));
-        const QByteArray written = openCue.write(submission);
+        const QByteArray written = opencueEngine.write(submission);
         const QString kept = elementOf(written, "VX_JOB_DRIVER");
         const bool isInCommand = elementOf(written, "cmd").contains(QLatin1String{"VX_JOB_DRIVER='/out/a"});
         EXPECT_TRUE(isInCommand || kept == step.driver);
@@ -197,8 +196,8 @@ TEST(FarmFormats, RefuseWhatTheyCannotHold) {
         const auto beginsAs = [](const QString& said, const char* begin) {
             return *begin ? said.startsWith(QLatin1String{begin}) : said.isEmpty();
         };
-        EXPECT_TRUE(beginsAs(openJobDescription.faultOfStep(step), refusal.openJobDescriptionSays));
-        EXPECT_TRUE(beginsAs(openCue.faultOfStep(step), refusal.openCueSays));
+        EXPECT_TRUE(beginsAs(openjdEngine.faultOfStep(step), refusal.openJobDescriptionSays));
+        EXPECT_TRUE(beginsAs(opencueEngine.faultOfStep(step), refusal.openCueSays));
     }
 }
 
@@ -211,9 +210,9 @@ TEST(FarmFormats, NoSpecificationIsForRoot) {
     } cases[] = {{"root", nullptr}, {"nobody", "65534"}, {"no-user-of-this-machine", ""}, {" artist", nullptr}};
     for (const auto& entry : cases) {
         qputenv("USER", entry.user);
-        EXPECT_EQ(openCue.faultOfSubmission(submission).isEmpty(), entry.uid != nullptr) << entry.user;
+        EXPECT_EQ(opencueEngine.faultOfSubmission(submission).isEmpty(), entry.uid != nullptr) << entry.user;
         if (!entry.uid) continue;
-        EXPECT_EQ(plain(elementOf(openCue.write(submission), "uid")), entry.uid);
+        EXPECT_EQ(plain(elementOf(opencueEngine.write(submission), "uid")), entry.uid);
     }
     qputenv("USER", user);
 }

@@ -3,14 +3,13 @@
 //
 // Texts of the scene stand in descriptions, which nothing reads, and in the script of a step, quoted for the shell. An
 // engine looks for values in that script too: a text that holds their braces is refused.
-#include "host/engines/openjd.h"
-
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "host/engines/engines.h"
 #include "host/engines/shellWords.h"
 
 namespace vxH {
@@ -171,12 +170,12 @@ QByteArray writeTemplate(const _submission& submission) {
 
 }  // namespace
 
-const _engine openJobDescription{
+const _engine openjdEngine{
     .name = QLatin1String{"openjd"},
-    .description = QLatin1String{"job template of Open Job Description 2023-09"},
-    .fileEnding = QLatin1String{".json"},
-    .stepNames = {.leastLength = 1, .mostLength = 64, .marks = QLatin1String{"/._-+@:"}},
-    .submissionNames = {.leastLength = 1, .mostLength = 128, .marks = QLatin1String{"/._-+@:"}},
+    .description = QLatin1String{"job template of Open Job Description"},
+    .fileEnding = QLatin1String{".openjd.json"},
+    .stepNames = {.mostLength = 64},
+    .submissionNames = {.mostLength = 128},
     .faultOfStep = faultOfStep,
     .faultOfSubmission = faultOfSubmission,
     .write = writeTemplate,

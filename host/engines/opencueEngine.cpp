@@ -3,8 +3,6 @@
 //
 // A command is run by a POSIX shell. A value of the environment loses blanks at its ends and knows no tokens; where
 // that matters, the command sets it.
-#include "host/engines/opencue.h"
-
 #include <pwd.h>
 #include <unistd.h>
 
@@ -14,7 +12,9 @@
 #include <limits>
 #include <optional>
 
+#include "host/engines/engines.h"
 #include "host/engines/shellWords.h"
+#include "host/engines/taskWords.h"
 
 namespace vxH {
 namespace {
@@ -98,13 +98,9 @@ QString faultOfSubmission(const _submission&) {
 // The specification
 
 /// The value, where it is the same for all tasks and stays as it is in an element of its own.
-std::optional<QString> plainValue(const _taskWord& word) {
-    QString value;
-    for (const auto& piece : word) {
-        if (piece.value != _taskValue::none) return std::nullopt;
-        value += piece.text;
-    }
-    return value.isEmpty() || value != value.trimmed() ? std::nullopt : std::optional{value};
+std::optional<QString> elementText(const _taskWord& word) {
+    const auto text = plainText(word);
+    return text && !text->isEmpty() && *text == text->trimmed() ? text : std::nullopt;
 }
 
 /// The step's own, and the names that its layer's was cut from.
@@ -120,7 +116,7 @@ QString commandOf(const _farmStep& step, const std::vector<_taskSetting>& enviro
                                 QString::number(step.frames.step)};
     QString set;
     for (const auto& setting : environment) {
-        if (plainValue(setting.value)) continue;
+        if (elementText(setting.value)) continue;
         set += setting.name + QLatin1Char('=') + shellWord(setting.value, dialect) + QLatin1Char(' ');
     }
     const QString command = shellLine(step.command, dialect);
@@ -137,7 +133,7 @@ QString rangeOf(const _frameRange& frames) {
 void writeEnvironment(QXmlStreamWriter& xml, const std::vector<_taskSetting>& environment) {
     xml.writeStartElement(QStringLiteral("env"));
     for (const auto& setting : environment) {
-        const auto value = plainValue(setting.value);
+        const auto value = elementText(setting.value);
         if (!value) continue;
         xml.writeStartElement(QStringLiteral("key"));
         xml.writeAttribute(QStringLiteral("name"), setting.name);
@@ -220,12 +216,12 @@ QByteArray writeSpecification(const _submission& submission) {
 
 }  // namespace
 
-const _engine openCue{
+const _engine opencueEngine{
     .name = QLatin1String{"opencue"},
-    .description = QLatin1String{"job specification of OpenCue, CJSL 1.15"},
-    .fileEnding = QLatin1String{".xml"},
-    .stepNames = {.leastLength = 3, .mostLength = 128, .marks = QLatin1String{"_.-"}},
-    .submissionNames = {.leastLength = 3, .mostLength = 128, .marks = QLatin1String{"_.-"}},
+    .description = QLatin1String{"job specification of OpenCue"},
+    .fileEnding = QLatin1String{".opencue.xml"},
+    .stepNames = {.leastLength = 3, .mostLength = 128},
+    .submissionNames = {.leastLength = 3, .mostLength = 128},
     .faultOfStep = faultOfStep,
     .faultOfSubmission = faultOfSubmission,
     .write = writeSpecification,
