@@ -9,7 +9,6 @@
 #include <QRegularExpression>
 #include <QXmlStreamWriter>
 #include <algorithm>
-#include <limits>
 #include <optional>
 
 #include "host/engines/engines.h"
@@ -70,13 +69,7 @@ bool isXmlWord(const _taskWord& word) {
     return std::all_of(word.begin(), word.end(), [](const _wordPiece& piece) { return isXmlText(piece.text); });
 }
 
-bool isFrameNumber(qint64 frame) {
-    return frame >= std::numeric_limits<int>::min() && frame <= std::numeric_limits<int>::max();
-}
-
 QString faultOfStep(const _farmStep& step) {
-    if (!isFrameNumber(step.frames.first) || !isFrameNumber(step.frames.last) || !isFrameNumber(step.frames.step))
-        return QStringLiteral("frame numbers of more than 32 bits");
     const bool isXml = isXmlText(step.driver + step.take + step.licence) &&
                        std::all_of(step.command.begin(), step.command.end(), isXmlWord) &&
                        std::all_of(step.environment.begin(), step.environment.end(),

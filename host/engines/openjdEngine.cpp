@@ -74,8 +74,10 @@ QString faultOfSubmission(const _submission& submission) {
 QString firstFrames(const _farmStep& step) {
     const qint64 stride = step.frames.step * step.framesPerTask;
     const qint64 last = framesOfTask(step, step.taskCount() - 1).first;
-    const QString first = QString::number(step.frames.first);
-    return last == step.frames.first ? first : QStringLiteral("%1-%2:%3").arg(first).arg(last).arg(stride);
+    QString range = QString::number(step.frames.first);
+    if (last != step.frames.first) range += QLatin1Char('-') + QString::number(last);
+    if (last != step.frames.first && stride != 1) range += QLatin1Char(':') + QString::number(stride);
+    return range;
 }
 
 QJsonObject parameterSpace(const _farmStep& step) {
@@ -91,9 +93,11 @@ QJsonObject parameterSpace(const _farmStep& step) {
 QString taskScript(const _farmStep& step) {
     const _shellDialect dialect{posixQuoted, QStringLiteral("\"$FIRST\""), QStringLiteral("\"$LAST\""),
                                 QString::number(step.frames.step)};
-    const QString last = QString::number(step.frames.last);
-    QString lines = QStringLiteral("FIRST=$1\nLAST=$((FIRST + %1))\n").arg((step.framesPerTask - 1) * step.frames.step);
-    if (step.framesPerTask > 1) lines += QStringLiteral("[ \"$LAST\" -le %1 ] || LAST=%1\n").arg(last);
+    QString lines = QStringLiteral("FIRST=$1\nLAST=$1\n");
+    if (step.framesPerTask > 1)
+        lines = QStringLiteral("FIRST=$1\nLAST=$((FIRST + %1))\n[ \"$LAST\" -le %2 ] || LAST=%2\n")
+                    .arg((step.framesPerTask - 1) * step.frames.step)
+                    .arg(step.frames.last);
     for (const auto& setting : step.environment) {
         const QString value = shellWord(setting.value, dialect);
         lines += QLatin1String{"export "} + setting.name + QLatin1Char('=') + value + QLatin1Char('\n');

@@ -10,6 +10,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
 
@@ -20,26 +21,46 @@ GOLDEN = pathlib.Path(__file__).parent / "golden"
 SCHEMAS = ROOT / "../shared/engines"
 TEMPLATE_SCHEMA, DOCUMENT_TYPE = SCHEMAS / "jobtemplate-2023-09.schema.json", SCHEMAS / "cjsl-1.15.dtd"
 EXAMPLES = [ROOT / "examples/turntable.hip", ROOT / "examples/turntable_unfinished.hip"]
-REAL_SCENES = sorted((ROOT / "../shared/scenes").glob("*.hip*"))
+SCENES = [*EXAMPLES, *sorted((ROOT / "../shared/scenes").glob("*.hip*"))]
 FORMATS = {"openjd": ".json", "opencue": ".xml"}
 ENVIRONMENT = {**os.environ, "USER": "artist", "SHOW": "kettle", "SHOT": "shot010", "XDG_CONFIG_HOME": "/nowhere"}
 
+# One word each, of a command and of the environment. None of them may be taken for anything else.
+HOSTILE = ["it's a \"b\"", "; exit 1; #", "$(id)`id`$HOME", "a\nb\n", "]]><cmd>&amp;", " ends ", "#IFRAME##LAYER#",
+           "#FRAME_START#A#JOB#", "%s\\n\\", "{ {a} }", "-n", "", "*?[a]~!", "ü€🎬", "\ta", "<!--x--><![CDATA[", "A=b"]
+
+# What a format cannot hold: a word, and how the engine's reason begins; empty: it can.
+REFUSED = [("{{Param.A}}", {"openjd": "\"{{\" or \"}}\"", "opencue": ""}),
+           ("a}}", {"openjd": "\"{{\" or \"}}\"", "opencue": ""}),
+           ("a\x1b", {"openjd": "", "opencue": "control characters"}),
+           ("a\rb", {"openjd": "", "opencue": "control characters"})]
+
+# Options, then the frames of the first example's first job in both formats, and of its last task.
+RANGES = [("--frames 1001-1001", "1001", "1001", 1001, 1001),
+          ("--frames 1001-1095", "1001-1091:10", "1001-1095", 1091, 1095),
+          ("--frames 1001-1021x2 --chunk 4", "1001-1017:8", "1001-1021x2", 1017, 1021),
+          ("--chunk 1", "1001-1100", "1001-1100", 1100, 1100),
+          ("--chunk 500", "1001", "1001-1100", 1001, 1100)]
+
+
+def run_export(scene, form, *options, **variables):
+    command = [VXSCENE, "export", "--to", form, *options, scene]
+    return subprocess.run(command, env={**ENVIRONMENT, **variables}, capture_output=True, timeout=120)
+
 
 def exported(scene, form, *options):
-    command = [VXSCENE, "export", "--to", form, "--skip-invalid", *options, scene]
-    return subprocess.run(command, env=ENVIRONMENT, capture_output=True, timeout=120).stdout
+    text = run_export(scene, form, "--skip-invalid", *options).stdout
+    return text and (json.loads(text) if form == "openjd" else ElementTree.fromstring(text))
 
 
-def is_ascending(first, last, step):
-    return last is None or (int(first) <= int(last) and (step is None or int(step) >= 1))
-
-
-RANGE = r"(-?\d+)(?:-(-?\d+)(?:%s(-?\d+))?)?"
+def parameter_of(step):
+    return step["parameterSpace"]["taskParameterDefinitions"][0]
 
 
 def range_fault(text, step_mark):
-    found = re.fullmatch(RANGE % step_mark, text)
-    return [] if found and is_ascending(*found.groups()) else [f"range {text}"]
+    found = re.fullmatch(rf"(-?\d+)(?:-(-?\d+)(?:{step_mark}(-?\d+))?)?", text)
+    first, last, step = found.groups() if found else (1, 0, None)
+    return [] if int(last or first) >= int(first) and int(step or 1) >= 1 else [f"range {text}"]
 
 
 def template_faults(template):
@@ -48,120 +69,142 @@ def template_faults(template):
     for step in template["steps"]:
         waits = [entry["dependsOn"] for entry in step.get("dependencies", [])]
         faults += [f"depends on {name}" for name in waits if name not in earlier]  # so there is no cycle
-        faults += ["the same name or wait twice"] * (step["name"] in earlier or len(set(waits)) < len(waits))
+        faults += ["a name or a wait twice"] * (step["name"] in earlier or len(set(waits)) < len(waits))
         earlier.add(step["name"])
-        parameters = step["parameterSpace"]["taskParameterDefinitions"]
-        files = step["script"]["embeddedFiles"]
-        scope = {f"{{{{Task.Param.{entry['name']}}}}}" for entry in parameters}
-        scope |= {f"{{{{Task.File.{entry['name']}}}}}" for entry in files}
-        for parameter in parameters:
-            faults += range_fault(parameter["range"], ":")
-        action = step["script"]["actions"]["onRun"]
-        for text in [action["command"], *action["args"]]:
-            values = re.findall(r"\{\{.*?\}\}", text)
-            rest = re.sub(r"\{\{.*?\}\}", "", text)
-            if not set(values) <= scope or re.search(r"\{\{|\}\}|\n", rest):
-                faults.append(f"argument {text}")
-        faults += ["braces in a file" for entry in files if re.search(r"\{\{|\}\}", entry["data"])]
-    if not re.fullmatch(r"[^\x00-\x1f\x7f-\x9f{}]{1,128}", template["name"]):
-        faults.append("name")
-    return faults
+        file, action = step["script"]["embeddedFiles"][0], step["script"]["actions"]["onRun"]
+        scope = f"{{{{Task.Param.{parameter_of(step)['name']}}}}}", f"{{{{Task.File.{file['name']}}}}}"
+        for text in [action["command"], *action["args"], file["data"].replace("\n", " "), template["name"]]:
+            rest = text.replace(scope[0], "").replace(scope[1], "")
+            faults += [f"values or lines in {text}"] * bool(re.search(r"\{\{|\}\}|\n", rest))
+        faults += range_fault(parameter_of(step)["range"], ":")
+    return faults + ["name"] * (not re.fullmatch(r"[^\x00-\x1f\x7f-\x9f]{1,128}", template["name"]))
 
 
 def specification_faults(spec):
     """The rules of specifications that no document type holds."""
-    faults, job = [], spec.find("job")
-    names = [layer.get("name") for layer in job.iter("layer")]
-    faults += ["the same layer twice"] * (len(set(names)) < len(names))
+    job, names = spec.find("job"), [layer.get("name") for layer in spec.iter("layer")]
+    faults = ["the same layer twice"] * (len(set(names)) < len(names))
     faults += [f"name {name}" for name in [*names, job.get("name")] if not re.fullmatch(r"[\w.-]{3,}", name)]
     faults += ["root"] * (spec.findtext("uid") == "0" or spec.findtext("user") == "root")
     for layer in job.iter("layer"):
         faults += ["empty cmd"] * (not layer.findtext("cmd").strip())
-        faults += range_fault(layer.findtext("range"), "x")
-        faults += ["chunk"] * (int(layer.findtext("chunk")) < 1)
+        faults += range_fault(layer.findtext("range"), "x") + ["chunk"] * (int(layer.findtext("chunk")) < 1)
     for depend in spec.iter("depend"):
-        on = [depend.findtext(name) for name in ("deplayer", "onlayer")]
-        if on[0] == on[1] or not set(on) <= set(names) or {depend.findtext("depjob"),
-                                                          depend.findtext("onjob")} != {job.get("name")}:
-            faults.append(f"depend {on}")
+        layers, jobs = ([depend.findtext(name) for name in pair] for pair in (("deplayer", "onlayer"), ("depjob", "onjob")))
+        if len(set(layers)) != 2 or not set(layers) <= set(names) or set(jobs) != {job.get("name")}:
+            faults.append(f"depend {layers} {jobs}")
     return faults
 
 
-def spoilt(change):
-    def change_copy(document):
-        document = copy.deepcopy(document)
-        change(document)
-        return document
-    return change_copy
-
-
-def first_range(step):
-    return step["parameterSpace"]["taskParameterDefinitions"][0]
-
-
-# What each rule is there for: a sound document with one fault.
-SPOILT_TEMPLATES = [
-    spoilt(lambda t: t["steps"][1].update(name=t["steps"][0]["name"])),
-    spoilt(lambda t: t["steps"][0].update(dependencies=[{"dependsOn": t["steps"][0]["name"]}])),
-    spoilt(lambda t: t["steps"][0].update(dependencies=[{"dependsOn": "nobody"}])),
-    spoilt(lambda t: first_range(t["steps"][0]).update(range="10-1:1")),
-    spoilt(lambda t: first_range(t["steps"][0]).update(range="1-10:0")),
-    spoilt(lambda t: t["steps"][0]["script"]["actions"]["onRun"]["args"].append("{{Param.Frame}}")),
-    spoilt(lambda t: t["steps"][0]["script"]["embeddedFiles"][0].update(data="{{")),
-    spoilt(lambda t: t.update(name="a" * 129)),
+# Changes of a sound document, each against one rule.
+SPOIL_TEMPLATE = [
+    lambda t: t["steps"][1].update(name=t["steps"][0]["name"]),
+    lambda t: t["steps"][0].update(dependencies=[{"dependsOn": t["steps"][0]["name"]}]),
+    lambda t: parameter_of(t["steps"][0]).update(range="10-1:1"),
+    lambda t: parameter_of(t["steps"][0]).update(range="1-10:0"),
+    lambda t: t["steps"][0]["script"]["actions"]["onRun"]["args"].append("{{Param.Frame}}"),
+    lambda t: t.update(name="a" * 129),
 ]
-SPOILT_SPECIFICATIONS = [
-    spoilt(lambda s: [layer.set("name", "layer") for layer in s.iter("layer")]),
-    spoilt(lambda s: setattr(s.find("user"), "text", "root")),
-    spoilt(lambda s: setattr(next(s.iter("cmd")), "text", " ")),
-    spoilt(lambda s: setattr(next(s.iter("range")), "text", "10-1")),
-    spoilt(lambda s: setattr(next(s.iter("range")), "text", "1-10x0")),
-    spoilt(lambda s: setattr(next(s.iter("deplayer")), "text", "nobody")),
-    spoilt(lambda s: s.find("job").set("name", "ab")),
+SPOIL_SPECIFICATION = [
+    lambda s: [layer.set("name", "layer") for layer in s.iter("layer")],
+    lambda s: setattr(s.find("user"), "text", "root"),
+    lambda s: setattr(next(s.iter("cmd")), "text", " "),
+    lambda s: setattr(next(s.iter("range")), "text", "1-10x0"),
+    lambda s: setattr(next(s.iter("deplayer")), "text", "nobody"),
 ]
 
 
 def golden_text(scene, form):
-    return exported(scene, form).decode().replace(str(ROOT), "/project")
+    text = run_export(scene, form, "--skip-invalid", "--commands", GOLDEN / "commands.toml").stdout
+    return text.decode().replace(str(ROOT), "/project")
+
+
+def run_task(document, first, last):
+    """What the first step's task prints in a shell, as its engine would run it."""
+    environment = dict(ENVIRONMENT)
+    if isinstance(document, dict):
+        line = document["steps"][0]["script"]["embeddedFiles"][0]["data"]
+    else:
+        layer = next(document.iter("layer"))
+        environment.update({key.get("name"): key.text for key in layer.iter("key")})
+        line = layer.findtext("cmd").replace("#FRAME_START#", str(first)).replace("#FRAME_END#", str(last))
+        line = re.sub("#(IFRAME|ZFRAME|FRAME|LAYER|JOB|FRAMESPEC|FRAME_CHUNK)#", "replaced", line)
+    command = ["/bin/sh", "-c", line, "sh", str(first)]
+    return subprocess.run(command, env=environment, capture_output=True).stdout.decode().split("\0")[:-1]
 
 
 class Formats(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.table = pathlib.Path(folder.name) / "commands.toml"
+
+    def write_table(self, texts):
+        """A command that prints its words and the environment."""
+        names = [f"TEXT{number}" for number in range(len(texts))]
+        shown = "printf '%s\\0' \"$@\" " + " ".join(f'"${name}"' for name in names)
+        words = [text.replace("[", "[[") for text in texts]
+        command = ["/bin/sh", "-c", shown, "sh", *words, "#[First:6]-[Last]x[Step]"]
+        settings = ", ".join(f"{name} = {json.dumps(word, ensure_ascii=False)}" for name, word in zip(names, words))
+        self.table.write_text(f"[[task]]\napp = \"*\"\nframes-per-task = 10\nenvironment = {{{settings}}}\n"
+                              f"command = {json.dumps(command, ensure_ascii=False)}\n")
+        return "--jobs", "1", "--commands", self.table
+
     def test_examples_are_exported_as_reviewed(self):
         for scene in EXAMPLES:
             for form, ending in FORMATS.items():
                 with self.subTest(scene=scene.name, form=form):
-                    golden = GOLDEN / (scene.stem + ending)
-                    self.assertEqual(golden_text(scene, form), golden.read_text())
+                    self.assertEqual(golden_text(scene, form), (GOLDEN / (scene.stem + ending)).read_text())
+
+    def test_tasks_run_every_word_as_it_was_given(self):
+        options = self.write_table(HOSTILE)
+        for more, parameter, frames, first, last in RANGES:
+            template, spec = (exported(EXAMPLES[0], form, *options, *more.split()) for form in FORMATS)
+            self.assertEqual([parameter_of(template["steps"][0])["range"], spec.findtext(".//range")], [parameter, frames])
+            by = frames.partition("x")[2] or "1"
+            for document in (template, spec):
+                with self.subTest(options=more, form=type(document)):
+                    self.assertEqual(run_task(document, first, last), [*HOSTILE, f"#{first:06}-{last}x{by}", *HOSTILE])
+
+    def test_what_a_format_cannot_hold_is_refused(self):
+        for word, reasons in REFUSED:
+            options = self.write_table([word])
+            for form, reason in reasons.items():
+                with self.subTest(word=word, form=form):
+                    run = run_export(EXAMPLES[0], form, *options)
+                    self.assertEqual((run.returncode, run.stdout == b""), (1, True) if reason else (0, False))
+                    self.assertIn(reason and f"job 1 (/out/mantra_beauty): {reason}", run.stderr.decode())
+        for user, uid in {"root": None, "nobody": "65534", "no-user-of-this-machine": ""}.items():
+            text = run_export(EXAMPLES[0], "opencue", USER=user).stdout
+            self.assertEqual(text and ElementTree.fromstring(text).findtext("uid", ""), b"" if uid is None else uid)
+
+    def hold(self, form, schema_faults, rule_faults, spoil_by):
+        for scene in SCENES:
+            for options in ([], ["--resolve"], ["--chunk", "7"]):
+                document = exported(scene, form, *options)
+                with self.subTest(scene=scene.name, options=options):
+                    self.assertEqual(schema_faults(document) + rule_faults(document) if document else [], [])
+        for number, spoil in enumerate(spoil_by):
+            document = copy.deepcopy(exported(EXAMPLES[0], form))
+            spoil(document)
+            self.assertNotEqual(rule_faults(document), [], number)
 
     def test_templates_hold_the_rules(self):
         schema = json.loads(TEMPLATE_SCHEMA.read_text()) if TEMPLATE_SCHEMA.is_file() else True
-        for scene in [*EXAMPLES, *REAL_SCENES]:
-            for options in ([], ["--resolve"], ["--chunk", "7"]):
-                text = exported(scene, "openjd", *options)
-                with self.subTest(scene=scene.name, options=options):
-                    template = json.loads(text) if text else None
-                    faults = [fault.message[:300] for fault in Draft7Validator(schema).iter_errors(template)]
-                    self.assertEqual([] if template is None else faults + template_faults(template), [])
-        sound = json.loads(exported(EXAMPLES[0], "openjd"))
-        for number, spoil in enumerate(SPOILT_TEMPLATES):
-            self.assertNotEqual(template_faults(spoil(sound)), [], number)
+        validator = Draft7Validator(schema)
+        self.hold("openjd", lambda template: [fault.message[:300] for fault in validator.iter_errors(template)],
+                  template_faults, SPOIL_TEMPLATE)
         if schema is True:
             self.skipTest(f"{TEMPLATE_SCHEMA} is not there: held against the rules beside it only")
 
     def test_specifications_hold_the_rules(self):
-        for scene in [*EXAMPLES, *REAL_SCENES]:
-            for options in ([], ["--resolve"], ["--chunk", "7"]):
-                text = exported(scene, "opencue", *options)
-                with self.subTest(scene=scene.name, options=options):
-                    if text:
-                        self.assertEqual(specification_faults(ElementTree.fromstring(text)), [])
-                    if text and DOCUMENT_TYPE.is_file():
-                        command = ["xmllint", "--noout", "--nonet", "--dtdvalid", DOCUMENT_TYPE, "-"]
-                        checked = subprocess.run(command, input=text, capture_output=True)
-                        self.assertEqual((checked.returncode, checked.stderr), (0, b""))
-        sound = ElementTree.fromstring(exported(EXAMPLES[0], "opencue"))
-        for number, spoil in enumerate(SPOILT_SPECIFICATIONS):
-            self.assertNotEqual(specification_faults(spoil(sound)), [], number)
+        def faults(spec):
+            command = ["xmllint", "--noout", "--nonet", "--dtdvalid", DOCUMENT_TYPE, "-"]
+            checked = subprocess.run(command, input=ElementTree.tostring(spec), capture_output=True)
+            return checked.stderr.splitlines()
+
+        self.hold("opencue", faults if DOCUMENT_TYPE.is_file() else lambda spec: [], specification_faults,
+                  SPOIL_SPECIFICATION)
         if not DOCUMENT_TYPE.is_file():
             self.skipTest(f"{DOCUMENT_TYPE} is not there: held against the rules beside it only")
 
