@@ -5,24 +5,10 @@
 #include "host/engines/shellWords.h"
 
 namespace vxH {
-namespace {
-
-const _shellDialect& bash() {
-    static const _shellDialect dialect{shellQuoted, QStringLiteral("\"$FIRST\""), QStringLiteral("\"$LAST\""),
-                                       QStringLiteral("\"$STEP\"")};
-    return dialect;
-}
-
-}  // namespace
-
-QString bashWord(const _taskWord& word) {
-    return shellWord(word, bash());
-}
-
 QString bashCommand(const _farmStep& step) {
-    QStringList words{QStringLiteral("env")};
-    for (const auto& setting : step.environment) words += setting.name + QLatin1Char('=') + bashWord(setting.value);
-    return words.join(QLatin1Char(' ')) + QLatin1Char(' ') + shellLine(step.command, bash());
+    static const _shellDialect bash{shellQuoted, QStringLiteral("\"$FIRST\""), QStringLiteral("\"$LAST\""),
+                                    QStringLiteral("\"$STEP\"")};
+    return shellCommand(step.environment, step.command, bash);
 }
 
 QStringList bashWaits(const _farmStep& step) {

@@ -14,9 +14,12 @@
 #include "host/engines/engines.h"
 #include "host/engines/shellWords.h"
 #include "host/engines/taskWords.h"
+#include "shared/vxString.h"
 
 namespace vxH {
 namespace {
+
+constexpr int leastName = 3;
 
 /// With quotes in the middle of what would be taken for a token: `'#''IFRAME#'`.
 QString quotedWithoutTokens(const QString& text) {
@@ -52,9 +55,9 @@ std::optional<uid_t> uidOf(const QString& name) {
 
 // What no specification can say
 
-bool isName(const QString& text) {
-    static const QRegularExpression name{QStringLiteral("\\A[A-Za-z0-9_.-]{3,}\\z")};
-    return name.match(text).hasMatch();
+bool isName(const QString& text, vxS::_size leastLength) {
+    static const QRegularExpression name{QStringLiteral("\\A[A-Za-z0-9_.-]+\\z")};
+    return text.size() >= leastLength && name.match(text).hasMatch();
 }
 
 /// Whether a reader of the XML gets the text as it was given: a carriage return would come out as a line feed.
@@ -78,13 +81,11 @@ QString faultOfStep(const _farmStep& step) {
 }
 
 QString faultOfSubmission(const _submission&) {
-    if (!isName(show()) || !isName(shot()))
+    if (!isName(show(), leastName) || !isName(shot(), leastName))
         return QStringLiteral(
-            "the variables SHOW and SHOT have to be names of three letters, digits, \"_\", \".\", "
-            "\"-\" or more");
-    if (user().isEmpty() || !isXmlText(user()) || user() != user().trimmed() || user() == QLatin1String{"root"} ||
-        uidOf(user()) == 0U)
-        return QStringLiteral("root may have no jobs there: set the variable USER to who is to have them");
+            "names in SHOW and SHOT have three characters or more: letters, digits, \"_\", \".\", \"-\"");
+    if (!isName(user(), 1) || user() == QLatin1String{"root"} || uidOf(user()) == 0U)
+        return QStringLiteral("root may have no jobs there: USER has to be somebody else");
     return {};
 }
 
@@ -107,13 +108,10 @@ std::vector<_taskSetting> environmentOf(const _farmStep& step) {
 QString commandOf(const _farmStep& step, const std::vector<_taskSetting>& environment) {
     const _shellDialect dialect{quotedWithoutTokens, QStringLiteral("#FRAME_START#"), QStringLiteral("#FRAME_END#"),
                                 QString::number(step.frames.step)};
-    QString set;
-    for (const auto& setting : environment) {
-        if (elementText(setting.value)) continue;
-        set += setting.name + QLatin1Char('=') + shellWord(setting.value, dialect) + QLatin1Char(' ');
-    }
-    const QString command = shellLine(step.command, dialect);
-    return set.isEmpty() ? command : QLatin1String{"env "} + set + command;
+    std::vector<_taskSetting> set;
+    for (const auto& setting : environment)
+        if (!elementText(setting.value)) set.push_back(setting);
+    return shellCommand(set, step.command, dialect);
 }
 
 QString rangeOf(const _frameRange& frames) {
@@ -147,7 +145,7 @@ void writeLayer(QXmlStreamWriter& xml, const _farmStep& step) {
     xml.writeTextElement(QStringLiteral("range"), rangeOf(step.frames));
     xml.writeTextElement(QStringLiteral("chunk"), QString::number(chunk));
     xml.writeTextElement(QStringLiteral("cores"),
-                         QString::number(step.cores) + QLatin1String{".0"});  // without: percent
+                         QString::number(step.cores) + QLatin1String{".0"});  // without a point: hundredths
     xml.writeTextElement(QStringLiteral("threadable"), QLatin1String{step.cores > 1 ? "True" : "False"});
     if (step.memoryMB > 0)
         xml.writeTextElement(QStringLiteral("memory"), QString::number(step.memoryMB) + QLatin1Char('m'));
@@ -213,8 +211,8 @@ const _engine opencueEngine{
     .name = QLatin1String{"opencue"},
     .description = QLatin1String{"job specification of OpenCue"},
     .fileEnding = QLatin1String{".opencue.xml"},
-    .stepNames = {.leastLength = 3, .mostLength = 128},
-    .submissionNames = {.leastLength = 3, .mostLength = 128},
+    .stepNames = {.leastLength = leastName, .mostLength = 128},
+    .submissionNames = {.leastLength = leastName, .mostLength = 128},
     .faultOfStep = faultOfStep,
     .faultOfSubmission = faultOfSubmission,
     .write = writeSpecification,

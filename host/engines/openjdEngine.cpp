@@ -20,10 +20,6 @@ constexpr QLatin1String scriptFile{"Run"};
 constexpr int mostDescription = 2048;  ///< characters
 constexpr int mostLicence = 64;
 
-QString text(QLatin1String latin) {
-    return QString{latin};
-}
-
 // What no template can say
 
 bool isRefusedControl(QChar character) {
@@ -54,18 +50,17 @@ QString faultOfStep(const _farmStep& step) {
     const bool hasBraces = std::any_of(step.command.begin(), step.command.end(), holdsBraces) ||
                            std::any_of(step.environment.begin(), step.environment.end(),
                                        [](const _taskSetting& setting) { return holdsBraces(setting.value); });
-    if (hasBraces) return text(QLatin1String{"\"{{\" or \"}}\" in its command or environment"});
+    if (hasBraces) return QStringLiteral("\"{{\" or \"}}\" in its command or environment");
     if (!isDescription(stepDescription(step)))
-        return text(QLatin1String{"a driver path of more than 2048 characters, or with control characters"});
+        return QStringLiteral("a driver path of more than 2048 characters, or with control characters");
     if (!step.licence.isEmpty() && !isLicenceName(step.licence))
-        return text(
-            QLatin1String{"a licence whose name has other characters than letters, digits and \"_\", or over 64"});
+        return QStringLiteral("a licence whose name has other characters than letters, digits and \"_\", or over 64");
     return {};
 }
 
 QString faultOfSubmission(const _submission& submission) {
     if (isDescription(submission.scene)) return {};
-    return text(QLatin1String{"a scene path of more than 2048 characters, or with control characters"});
+    return QStringLiteral("a scene path of more than 2048 characters, or with control characters");
 }
 
 // Steps
@@ -98,11 +93,7 @@ QString taskScript(const _farmStep& step) {
         lines = QStringLiteral("FIRST=$1\nLAST=$((FIRST + %1))\n[ \"$LAST\" -le %2 ] || LAST=%2\n")
                     .arg((step.framesPerTask - 1) * step.frames.step)
                     .arg(step.frames.last);
-    for (const auto& setting : step.environment) {
-        const QString value = shellWord(setting.value, dialect);
-        lines += QLatin1String{"export "} + setting.name + QLatin1Char('=') + value + QLatin1Char('\n');
-    }
-    return lines + QLatin1String{"exec "} + shellLine(step.command, dialect) + QLatin1Char('\n');
+    return lines + QLatin1String{"exec "} + shellCommand(step.environment, step.command, dialect) + QLatin1Char('\n');
 }
 
 QJsonObject stepScript(const _farmStep& step) {

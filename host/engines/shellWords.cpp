@@ -51,10 +51,13 @@ QString shellWord(const _taskWord& word, const _shellDialect& dialect) {
     return line;
 }
 
-QString shellLine(const std::vector<_taskWord>& words, const _shellDialect& dialect) {
-    QStringList line;
-    for (const auto& word : words) line += shellWord(word, dialect);
-    return line.join(QLatin1Char(' '));
+QString shellCommand(const std::vector<_taskSetting>& environment, const std::vector<_taskWord>& command,
+                     const _shellDialect& dialect) {
+    QStringList words{QStringLiteral("env")};
+    for (const auto& setting : environment)
+        words += setting.name + QLatin1Char('=') + shellWord(setting.value, dialect);
+    for (const auto& word : command) words += shellWord(word, dialect);
+    return words.join(QLatin1Char(' '));
 }
 
 }  // namespace vxH

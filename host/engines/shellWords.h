@@ -22,7 +22,8 @@ struct _shellDialect {
 
 QString shellWord(const _taskWord& word, const _shellDialect& dialect);
 
-/// The words with a blank between them.
-QString shellLine(const std::vector<_taskWord>& words, const _shellDialect& dialect);
+/// A command with its environment: `env A=1 hython -c '...'`.
+QString shellCommand(const std::vector<_taskSetting>& environment, const std::vector<_taskWord>& command,
+                     const _shellDialect& dialect);
 
 }  // namespace vxH
