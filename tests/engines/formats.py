@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Holds what vxscene exports as templates and specifications against the engines' schemas and the rules beside them.
 
-Usage: formats.py ROOT VXSCENE [--write], which makes the golden files anew.
+Usage: formats.py ROOT VXSCENE
 """
 import copy
 import json
@@ -17,12 +17,11 @@ import xml.etree.ElementTree as ElementTree
 from jsonschema import Draft7Validator
 
 ROOT, VXSCENE = pathlib.Path(sys.argv[1]).resolve(), sys.argv[2]
-GOLDEN = pathlib.Path(__file__).parent / "golden"
 SCHEMAS = ROOT / "../shared/engines"
 TEMPLATE_SCHEMA, DOCUMENT_TYPE = SCHEMAS / "jobtemplate-2023-09.schema.json", SCHEMAS / "cjsl-1.15.dtd"
 EXAMPLES = [ROOT / "examples/turntable.hip", ROOT / "examples/turntable_unfinished.hip"]
 SCENES = [*EXAMPLES, *sorted((ROOT / "../shared/scenes").glob("*.hip*"))]
-FORMATS = {"openjd": ".json", "opencue": ".xml"}
+FORMATS = ["openjd", "opencue"]
 ENVIRONMENT = {**os.environ, "USER": "artist", "SHOW": "kettle", "SHOT": "shot010", "XDG_CONFIG_HOME": "/nowhere"}
 
 # One word each, of a command and of the environment. None of them may be taken for anything else.
@@ -114,11 +113,6 @@ SPOIL_SPECIFICATION = [
 ]
 
 
-def golden_text(scene, form):
-    text = run_export(scene, form, "--skip-invalid", "--commands", GOLDEN / "commands.toml").stdout
-    return text.decode().replace(str(ROOT), "/project")
-
-
 def run_task(document, first, last):
     """What the first step's task prints in a shell, as its engine would run it."""
     environment = dict(ENVIRONMENT)
@@ -146,18 +140,13 @@ class Formats(unittest.TestCase):
         words = [text.replace("[", "[[") for text in texts]
         command = ["/bin/sh", "-c", shown, "sh", *words, "#[First:6]-[Last]x[Step]"]
         settings = ", ".join(f"{name} = {json.dumps(word, ensure_ascii=False)}" for name, word in zip(names, words))
-        self.table.write_text(f"[[task]]\napp = \"*\"\nframes-per-task = 10\nenvironment = {{{settings}}}\n"
+        self.table.write_text(f"[[task]]\napp = \"*\"\nframes-per-task = 10\ncores = 2\nmemory-mb = 8192\n"
+                              f"minutes = 90\nlicence = \"houdini\"\nenvironment = {{{settings}}}\n"
                               f"command = {json.dumps(command, ensure_ascii=False)}\n")
-        return "--jobs", "1", "--commands", self.table
-
-    def test_examples_are_exported_as_reviewed(self):
-        for scene in EXAMPLES:
-            for form, ending in FORMATS.items():
-                with self.subTest(scene=scene.name, form=form):
-                    self.assertEqual(golden_text(scene, form), (GOLDEN / (scene.stem + ending)).read_text())
+        return "--commands", self.table
 
     def test_tasks_run_every_word_as_it_was_given(self):
-        options = self.write_table(HOSTILE)
+        options = ["--jobs", "1", *self.write_table(HOSTILE)]
         for more, parameter, frames, first, last in RANGES:
             template, spec = (exported(EXAMPLES[0], form, *options, *more.split()) for form in FORMATS)
             self.assertEqual([parameter_of(template["steps"][0])["range"], spec.findtext(".//range")], [parameter, frames])
@@ -168,7 +157,7 @@ class Formats(unittest.TestCase):
 
     def test_what_a_format_cannot_hold_is_refused(self):
         for word, reasons in REFUSED:
-            options = self.write_table([word])
+            options = ["--jobs", "1", *self.write_table([word])]
             for form, reason in reasons.items():
                 with self.subTest(word=word, form=form):
                     run = run_export(EXAMPLES[0], form, *options)
@@ -180,7 +169,7 @@ class Formats(unittest.TestCase):
 
     def hold(self, form, schema_faults, rule_faults, spoil_by):
         for scene in SCENES:
-            for options in ([], ["--resolve"], ["--chunk", "7"]):
+            for options in ([], ["--resolve", "--chunk", "1"], self.write_table(HOSTILE)):
                 document = exported(scene, form, *options)
                 with self.subTest(scene=scene.name, options=options):
                     self.assertEqual(schema_faults(document) + rule_faults(document) if document else [], [])
@@ -210,9 +199,4 @@ class Formats(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    if "--write" in sys.argv:
-        for example in EXAMPLES:
-            for name, suffix in FORMATS.items():
-                (GOLDEN / (example.stem + suffix)).write_text(golden_text(example, name))
-    else:
-        unittest.main(argv=sys.argv[:1])
+    unittest.main(argv=sys.argv[:1])
