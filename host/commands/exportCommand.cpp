@@ -40,7 +40,7 @@ std::vector<std::string> engineNames() {
 /// What the engines are: "shell: script for one machine; slurm: ...".
 std::string engineTexts() {
     QStringList texts;
-    for (const auto* const engine : engines) texts += engine->name + QLatin1String{": "} + engine->description;
+    for (const auto* const engine : engines) texts += QString{engine->name} + QLatin1String{": "} + engine->description;
     return texts.join(QLatin1String{"; "}).toStdString();
 }
 
@@ -100,7 +100,8 @@ class _writer {
     }
 
     std::string pathIn(const std::string& folder, const _exportedScene& scene) {
-        return (fs::path(folder) / (names.next(scene.name) + options.engine->fileEnding).toStdString()).native();
+        return (fs::path(folder) / (names.next(scene.name) + QString{options.engine->fileEnding}).toStdString())
+            .native();
     }
 
     static bool makeExecutable(const std::string& path) {

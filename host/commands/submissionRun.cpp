@@ -121,8 +121,9 @@ int exportScenes(const _submissionOptions& options, const _engine& engine, const
     const auto receive = [&](const QByteArray& packed) {
         const _exportedScene scene = unpacked(packed);
         for (const QString& line : scene.refused) tell(scene, line);
-        if (!scene.refused.isEmpty() && !options.skipsInvalid) {
-            tell(scene, QStringLiteral("nothing is written (--skip-invalid leaves such jobs out)"));
+        if (!scene.refused.isEmpty() && (!options.skipsInvalid || scene.text.isEmpty())) {
+            tell(scene, options.skipsInvalid ? QStringLiteral("nothing is left to run")
+                                             : QStringLiteral("refused (--skip-invalid leaves such jobs out)"));
             refused = exitFailed;
             return true;
         }

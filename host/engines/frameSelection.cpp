@@ -28,8 +28,10 @@ std::optional<_frameRange> readRange(const QString& text) {
 }  // namespace
 
 std::optional<std::vector<_frameRange>> readRanges(const QString& text) {
+    const auto parts = text.split(QLatin1Char(','));
     std::vector<_frameRange> ranges;
-    for (const QString& part : text.split(QLatin1Char(','))) {
+    ranges.reserve(static_cast<std::size_t>(parts.size()));
+    for (const QString& part : parts) {
         const auto range = readRange(part);
         if (!range) return std::nullopt;
         ranges.push_back(*range);

@@ -159,8 +159,10 @@ class _planner {
         pattern.take = job.channel;
         pattern.job = index + 1;
         fillFrom(row, texts, pattern);
+        const auto ranges = rangesOf(index);
         std::vector<_farmStep> steps;
-        for (const auto& range : rangesOf(index)) {
+        steps.reserve(ranges.size());
+        for (const auto& range : ranges) {
             auto& step = steps.emplace_back(pattern);
             step.frames = range;
             step.framesPerTask = framesPerTask(step, job, row, selection);
