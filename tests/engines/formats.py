@@ -89,7 +89,8 @@ def specification_faults(spec):
         faults += ["empty cmd"] * (not layer.findtext("cmd").strip())
         faults += range_fault(layer.findtext("range"), "x") + ["chunk"] * (int(layer.findtext("chunk")) < 1)
     for depend in spec.iter("depend"):
-        layers, jobs = ([depend.findtext(name) for name in pair] for pair in (("deplayer", "onlayer"), ("depjob", "onjob")))
+        layers, jobs = ([depend.findtext(name) for name in pair]
+                        for pair in (("deplayer", "onlayer"), ("depjob", "onjob")))
         if len(set(layers)) != 2 or not set(layers) <= set(names) or set(jobs) != {job.get("name")}:
             faults.append(f"depend {layers} {jobs}")
     return faults
@@ -149,7 +150,8 @@ class Formats(unittest.TestCase):
         options = ["--jobs", "1", *self.write_table(HOSTILE)]
         for more, parameter, frames, first, last in RANGES:
             template, spec = (exported(EXAMPLES[0], form, *options, *more.split()) for form in FORMATS)
-            self.assertEqual([parameter_of(template["steps"][0])["range"], spec.findtext(".//range")], [parameter, frames])
+            self.assertEqual(parameter_of(template["steps"][0])["range"], parameter)
+            self.assertEqual(spec.findtext(".//range"), frames)
             by = frames.partition("x")[2] or "1"
             for document in (template, spec):
                 with self.subTest(options=more, form=type(document)):
