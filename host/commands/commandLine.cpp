@@ -32,7 +32,7 @@ constexpr const char* examples =
     "  vxscene values --driven shot010.hip /out/mantra1\n"
     "  vxscene jobs --help\n";
 
-constexpr std::size_t widestOption = 34;  // columns of the help in front of what it says
+constexpr std::size_t widestOption = 36;  // columns of the help in front of what it says
 
 constexpr const char* environment =
     "Environment:\n"

@@ -2,47 +2,13 @@
 
 #include "host/base/displayText.h"
 #include "host/base/shellText.h"
+#include "host/engines/shellWords.h"
 
 namespace vxH {
-namespace {
-
-QString variableOf(_taskValue value) {
-    switch (value) {
-        case _taskValue::none:
-            return {};
-        case _taskValue::first:
-        case _taskValue::frame:
-            return QStringLiteral("$FIRST");
-        case _taskValue::last:
-            return QStringLiteral("$LAST");
-        case _taskValue::step:
-            return QStringLiteral("$STEP");
-    }
-    return {};
-}
-
-QString bashPiece(const _wordPiece& piece) {
-    if (piece.value == _taskValue::none) return shellQuoted(piece.text);
-    const QString value = QLatin1Char('"') + variableOf(piece.value) + QLatin1Char('"');
-    if (piece.digits == 0) return value;
-    return QLatin1String{"\"$(printf %0"} + QString::number(piece.digits) + QLatin1String{"d "} + value +
-           QLatin1String{")\""};
-}
-
-}  // namespace
-
-QString bashWord(const _taskWord& word) {
-    if (word.empty()) return shellQuoted({});
-    QString text;
-    for (const auto& piece : word) text += bashPiece(piece);
-    return text;
-}
-
 QString bashCommand(const _farmStep& step) {
-    QStringList words{QStringLiteral("env")};
-    for (const auto& setting : step.environment) words += setting.name + QLatin1Char('=') + bashWord(setting.value);
-    for (const auto& word : step.command) words += bashWord(word);
-    return words.join(QLatin1Char(' '));
+    static const _shellDialect bash{shellQuoted, QStringLiteral("\"$FIRST\""), QStringLiteral("\"$LAST\""),
+                                    QStringLiteral("\"$STEP\"")};
+    return shellCommand(step.environment, step.command, bash);
 }
 
 QStringList bashWaits(const _farmStep& step) {

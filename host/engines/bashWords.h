@@ -9,11 +9,8 @@
 
 namespace vxH {
 
-/// A word for bash, in which the variables FIRST, LAST and STEP hold the task's values:
-/// `'/a b/c.'"$(printf %04d "$FIRST")".ifd`. The text has no line end in it.
-QString bashWord(const _taskWord& word);
-
-/// The command with its environment: `env 'A=1' hython -c '...'`.
+/// The command with its environment, in which the variables FIRST, LAST and STEP hold the task's values. There is no
+/// line end in it.
 QString bashCommand(const _farmStep& step);
 
 /// The steps for a script with a function `step`: for each a comment, `step NUMBER NAME FIRST LAST STEP

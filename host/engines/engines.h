@@ -9,8 +9,10 @@ namespace vxH {
 
 extern const _engine shellEngine;
 extern const _engine slurmEngine;
+extern const _engine openjdEngine;
+extern const _engine opencueEngine;
 
 /// Pointers, as each engine is a constant of its own file.
-inline constexpr std::array engines{&shellEngine, &slurmEngine};
+inline constexpr std::array engines{&shellEngine, &slurmEngine, &openjdEngine, &opencueEngine};
 
 }  // namespace vxH

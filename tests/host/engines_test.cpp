@@ -254,7 +254,10 @@ TEST_F(Scripts, CancelWhatWasSubmittedWhenACallFails) {
 QByteArray exported(const std::vector<std::string>& arguments) {
     auto words = arguments;
     words.insert(words.begin(), "export");
-    auto text = run(VX_SCENE_PROGRAM, words, {"XDG_CONFIG_HOME=/nowhere", "XDG_CONFIG_DIRS=/nowhere"}).out;
+    auto text = run(VX_SCENE_PROGRAM, words,
+                    {"XDG_CONFIG_HOME=/nowhere", "XDG_CONFIG_DIRS=/nowhere", "SHOW=kettle", "SHOT=shot010",
+                     "USER=no-user-of-this-machine"})
+                    .out;
     return text.replace(QByteArray{VX_EXAMPLES}, "EXAMPLES");
 }
 
@@ -266,8 +269,12 @@ struct _goldenCase {
 constexpr _goldenCase goldens[] = {
     {"turntable_sh", "shell", "turntable.hip"},
     {"turntable_slurm", "slurm", "turntable.hip"},
+    {"turntable_openjd", "openjd", "turntable.hip"},
+    {"turntable_opencue", "opencue", "turntable.hip"},
     {"unfinished_sh", "shell", "turntable_unfinished.hip"},
     {"unfinished_slurm", "slurm", "turntable_unfinished.hip"},
+    {"unfinished_openjd", "openjd", "turntable_unfinished.hip"},
+    {"unfinished_opencue", "opencue", "turntable_unfinished.hip"},
 };
 class Golden : public testing::TestWithParam<_goldenCase> {};
 /// To renew them: run the test with VX_RENEW_GOLDEN=1, and read what changed.
