@@ -50,9 +50,13 @@ struct _override {
 constexpr std::array overrides{_override{"override_camerares", "res_override"},
                                _override{"RS_overrideCameraRes", "RS_overrideRes"}};
 
+/// By the name of a rule: one that ends with a TAB is a whole name. A driver has hundreds of parameters.
 bool isCalled(QLatin1String ruleName, std::string_view parameter) {
-    const QString line = textOfUtf8(parameter) + QLatin1Char('\t');
-    return line.startsWith(ruleName, Qt::CaseInsensitive);
+    std::string_view name(ruleName.data(), static_cast<std::size_t>(ruleName.size()));
+    const bool isWhole = name.ends_with('\t');
+    if (isWhole) name.remove_suffix(1);
+    const bool hasLength = isWhole ? parameter.size() == name.size() : parameter.size() >= name.size();
+    return hasLength && qstrnicmp(parameter.data(), name.data(), static_cast<uint>(name.size())) == 0;
 }
 
 bool isOutput(std::string_view parameter) {
