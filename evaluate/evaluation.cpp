@@ -25,7 +25,7 @@ bool isToken(const vxN::_value& stored) {
 _evaluation::_evaluation(const vxN::_scene& ofScene, _options with)
     : scene(ofScene), options(std::move(with)), menus(options.source) {
     const vxN::_timeline& timeline = scene.timeline();
-    clock = {timeline.fps, {}, timeline.globalRange, timeline.frameRange};
+    clock = {timeline.fps, {}, timeline.globalRange, timeline.frameRange, timeline.frameStep};
     clock.frame = options.frame;
     if (!clock.frame && timeline.currentTime) clock.frame = clock.frameAt(*timeline.currentTime);
 }

@@ -30,6 +30,9 @@ class _evaluation {
     /// A variable in a number or a text, not one that is kept.
     _valueOutcome variable(const vxN::_node& node, std::string_view name, double frame);
 
+    /// What it is outside of all that sets it: loops, renders, nodes that give those before them another value.
+    _valueOutcome contextOption(std::string_view name);
+
     /// Runs something from the outside: with all steps at its disposal.
     template <typename Work>
     auto begin(_dependence* dependence, Work work) {
