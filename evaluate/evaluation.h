@@ -66,6 +66,7 @@ class _evaluation {
     _valueOutcome computeChannel(const vxN::_node& node, const vxN::_channel& channel, double frame);
     _valueOutcome computeText(const vxN::_node& node, std::string_view parameter, double frame);
     _valueOutcome computeExpression(const vxN::_node& node, std::string_view expression, double frame);
+    _valueOutcome computePython(const vxN::_node& node, std::string_view script, double frame);
     _outcome<_tree> treeOf(std::string_view expression);
     _textOutcome variableText(const vxN::_node& node, const _variableUse& use, double frame);
     bool isKept(std::string_view name) const;

@@ -150,6 +150,40 @@ TEST_P(Expressions, HaveAValueOrAReason) {
 
 INSTANTIATE_TEST_SUITE_P(Table, Expressions, testing::ValuesIn(cases), vxTest::rowName);
 
+constexpr _case scripts[] = {
+    {"text_that_is_empty",
+     "import loputils\nfrom pxr import Usd\n\nlop = hou.node('.')\npath = lop.evalParm('empty')\n# none\n"
+     "if not path:\n    return 7\n\nreturn loputils.size(lop, path)",
+     "7"},
+    {"text_that_is_not", "n = hou.pwd()\np = n.evalParm(\"file\")\nif not p:\n    return 7\nreturn 8", "8"},
+    {"number_that_may_be_a_text", "p = hou.pwd().evalParm('zero')\nif not p:\n    return 7\nreturn 8", "python: "},
+    {"name_with_another_meaning", "p = hou.pwd().evalParm('empty')\np = q\nif not p:\n    return 7", "python: "},
+    {"no_such_parameter", "p = hou.pwd().evalParm('none')\nif not p:\n    return 7", "missingParameter: none"},
+    {"more_than_one_statement", "p = pwd().evalParm('empty')\nif not p:\n    p = 1\n    return 7", "python: "},
+    {"channel", "hou.ch('../b/tx')", "3"},
+    {"number", "-2.5", "-2.5"},
+    {"calculation", "1 / 2", "python: "},
+    {"other_node", "hou.node('../b').evalParm('tx')", "python: "},
+    {"itself", "ch('x')", "cycle: x"},
+};
+
+class Scripts : public testing::TestWithParam<_case> {};
+
+TEST_P(Scripts, HaveAValueWhereItIsCertain) {
+    const std::string script = GetParam().expression;
+    std::string escaped;
+    for (const char c : script) escaped += c == '"' ? std::string("\\\"") : std::string(1, c);
+    const vxTest::_smallScene small(
+        {nodeText("obj", "obj", ""), nodeText("obj/b", "geo", "tx=3"),
+         nodeText("obj/a", "geo", "x=[x 0]|empty=\"\"|file=/a.exr|zero=0",
+                  {{"x", "segment { length = 0 expr = \"" + escaped + "\" language = python }"}})});
+    _evaluator evaluator(small.scene, small.options());
+    const std::string value = shown(evaluator.channelValue(small.scene.find("/obj/a"), "x"));
+    EXPECT_EQ(value.substr(0, value.starts_with("python: ") ? 8 : value.size()), GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Scripts, testing::ValuesIn(scripts), vxTest::rowName);
+
 TEST(Expressions, AreBounded) {
     const auto reasonFor = [](const std::string& expression) {
         const auto tree = readExpression(expression);
