@@ -6,6 +6,7 @@
 #include "evaluate/interpreter.h"
 #include "evaluate/keys.h"
 #include "evaluate/nodeSurroundings.h"
+#include "evaluate/pythonScript.h"
 
 namespace vxV {
 
@@ -25,7 +26,7 @@ bool isToken(const vxN::_value& stored) {
 _evaluation::_evaluation(const vxN::_scene& ofScene, _options with)
     : scene(ofScene), options(std::move(with)), menus(options.source) {
     const vxN::_timeline& timeline = scene.timeline();
-    clock = {timeline.fps, {}, timeline.globalRange, timeline.frameRange};
+    clock = {timeline.fps, {}, timeline.globalRange, timeline.frameRange, timeline.frameStep};
     clock.frame = options.frame;
     if (!clock.frame && timeline.currentTime) clock.frame = clock.frameAt(*timeline.currentTime);
 }
@@ -122,7 +123,7 @@ _valueOutcome _evaluation::computeText(const vxN::_node& node, std::string_view 
 
 _valueOutcome _evaluation::computeChannel(const vxN::_node& node, const vxN::_channel& channel, double frame) {
     const auto expressionAt = [&](const vxN::_segment& segment, double at) -> _valueOutcome {
-        if (languageOf(node, segment) == "python") return unknown(_reason::python, std::string(segment.expression));
+        if (languageOf(node, segment) == "python") return computePython(node, segment.expression, at);
         return computeExpression(node, segment.expression, at);
     };
     if (channel.isExpression()) return expressionAt(channel.segments[0], frame);
@@ -148,6 +149,11 @@ _valueOutcome _evaluation::computeExpression(const vxN::_node& node, std::string
     if (!tree) return tree.why();
     _nodeSurroundings surroundings(*this, node, frame);
     return evaluateExpression(**tree, surroundings);
+}
+
+_valueOutcome _evaluation::computePython(const vxN::_node& node, std::string_view script, double frame) {
+    _nodeSurroundings surroundings(*this, node, frame);
+    return evaluatePython(script, surroundings);
 }
 
 _textOutcome _evaluation::expand(const vxN::_node& node, std::string_view text, double frame) {

@@ -30,6 +30,9 @@ class _evaluation {
     /// A variable in a number or a text, not one that is kept.
     _valueOutcome variable(const vxN::_node& node, std::string_view name, double frame);
 
+    /// What it is outside of all that sets it: loops, renders, nodes that give those before them another value.
+    _valueOutcome contextOption(std::string_view name);
+
     /// Runs something from the outside: with all steps at its disposal.
     template <typename Work>
     auto begin(_dependence* dependence, Work work) {
@@ -63,6 +66,7 @@ class _evaluation {
     _valueOutcome computeChannel(const vxN::_node& node, const vxN::_channel& channel, double frame);
     _valueOutcome computeText(const vxN::_node& node, std::string_view parameter, double frame);
     _valueOutcome computeExpression(const vxN::_node& node, std::string_view expression, double frame);
+    _valueOutcome computePython(const vxN::_node& node, std::string_view script, double frame);
     _outcome<_tree> treeOf(std::string_view expression);
     _textOutcome variableText(const vxN::_node& node, const _variableUse& use, double frame);
     bool isKept(std::string_view name) const;

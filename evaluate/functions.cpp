@@ -74,6 +74,7 @@ constexpr std::array needs{
     _need{"origin*", _reason::cooking},
     _need{"vtorigin*", _reason::cooking},
     _need{"objtransform*", _reason::cooking},
+    _need{"chi", _reason::uncertain},
     _need{"opselect*", _reason::session},
     _need{"opflag*", _reason::session},
     _need{"file*", _reason::session},

@@ -77,7 +77,7 @@ _valueOutcome _walk::valueOfForm(const _syntax& node) {
         case _form::variable:
             return surroundings.variable(node.text);
         case _form::contextOption:
-            return unknown(_reason::contextOption, node.text);
+            return surroundings.contextOption(std::string_view(node.text).substr(1));
         case _form::unary:
             return unary(node);
         case _form::binary:

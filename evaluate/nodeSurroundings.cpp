@@ -70,6 +70,16 @@ _textOutcome _nodeSurroundings::nodePathNearby(const std::string& path) {
     return beside ? _textOutcome(beside.path()) : nodePath(path);
 }
 
+/// The contents of a locked asset have no type in the scene.
+_textOutcome _nodeSurroundings::nodeType(const std::string& path) {
+    const _outcome<vxN::_node> found = nodeAt(node, path);
+    if (!found) return found.why();
+    const std::string_view type = found->type();
+    if (type.empty()) return unknown(_reason::lockedContents, path);
+    if (type.find("::") != std::string_view::npos) return unknown(_reason::uncertain, std::string(type));
+    return std::string(type);
+}
+
 _outcome<bool> _nodeSurroundings::hasNode(const std::string& path) {
     const _outcome<vxN::_node> found = nodeAt(node, path);
     if (found) return true;

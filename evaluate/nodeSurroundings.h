@@ -13,6 +13,7 @@ class _nodeSurroundings : public _surroundings {
 
     _effort& effort() override { return evaluation.effort; }
     _valueOutcome variable(std::string_view name) override;
+    _valueOutcome contextOption(std::string_view name) override { return evaluation.contextOption(name); }
     _textOutcome expanded(const std::string& text) override;
     _numberOutcome channel(const std::string& reference) override;
     _numberOutcome channelAt(const std::string& reference, double atFrame) override;
@@ -22,6 +23,7 @@ class _nodeSurroundings : public _surroundings {
     _outcome<bool> hasParameter(const std::string& reference) override;
     _textOutcome nodePath(const std::string& path) override;
     _textOutcome nodePathNearby(const std::string& path) override;
+    _textOutcome nodeType(const std::string& path) override;
     _outcome<bool> hasNode(const std::string& path) override;
     _textOutcome inputPath(const std::string& path, int input) override;
     _outcome<int> inputCount(const std::string& path) override;

@@ -56,6 +56,13 @@ _valueOutcome exists(const _call& call) {
     return there ? _valueOutcome(_value(*there ? 1.0 : 0.0)) : _valueOutcome(there.why());
 }
 
+/// At a time in seconds.
+_valueOutcome channelAtTime(const _call& call) {
+    const _valueOutcome fps = call.surroundings.variable("FPS");
+    const _numberOutcome rate = fps ? numberOf(*fps) : _numberOutcome(fps.why());
+    return rate ? asValue(call.surroundings.channelAt(call.text(0), call.number(1) * *rate + 1)) : rate.why();
+}
+
 /// A parameter where there is one, else the second argument.
 _valueOutcome property(const _call& call) {
     const _outcome<bool> there = call.surroundings.hasParameter(call.text(0));
@@ -77,6 +84,7 @@ constexpr std::array functions{
     _function{"chs", "t", [](_in c) { return asValue(c.surroundings.parameterText(c.text(0))); }},
     _function{"chsop", "t", [](_in c) { return asValue(c.surroundings.nodeOfParameter(c.text(0))); }},
     _function{"chsraw", "t", [](_in c) { return asValue(c.surroundings.rawParameterText(c.text(0))); }},
+    _function{"cht", "tn", channelAtTime},
     _function{"opcreator", "t", [](_in c) { return asValue(c.surroundings.creatorPath(c.text(0))); }},
     _function{"opdigits", "t", nodeDigits},
     _function{"opexist", "t", exists},
@@ -85,6 +93,7 @@ constexpr std::array functions{
     _function{"opinputpath", "tn", [](_in c) { return asValue(inputOf(c)); }},
     _function{"opname", "t", nodeName},
     _function{"opninputs", "t", inputCount},
+    _function{"optype", "t", [](_in c) { return asValue(c.surroundings.nodeType(c.text(0))); }},
     _function{"property", "tn", property},
     _function{"stamp", "ttn", stamp},
     _function{"stamps", "ttt", stamp},

@@ -29,6 +29,8 @@ class _surroundings {
 
     /// A variable, without the "$".
     virtual _valueOutcome variable(std::string_view name) = 0;
+    /// An option of the context in which nodes cook, without the "@".
+    virtual _valueOutcome contextOption(std::string_view name) = 0;
     /// A text with its variables replaced.
     virtual _textOutcome expanded(const std::string& text) = 0;
 
@@ -48,6 +50,8 @@ class _surroundings {
     virtual _textOutcome nodePath(const std::string& path) = 0;
     /// The same; a plain name may also mean a node beside the expression's own, itself included.
     virtual _textOutcome nodePathNearby(const std::string& path) = 0;
+    /// Name of its type, without namespace and version: `uncertain` where it has them.
+    virtual _textOutcome nodeType(const std::string& path) = 0;
     virtual _outcome<bool> hasNode(const std::string& path) = 0;
     /// Full path of the node that is wired to an input, from 0; empty where none is.
     virtual _textOutcome inputPath(const std::string& path, int input) = 0;

@@ -58,6 +58,32 @@ constexpr std::array variables{
                   [](const _clock& c) { return c.playbackRange ? _number(c.playbackRange->last) : _number(); }},
 };
 
+_number inBothRanges(_number global, _number playedBack) {
+    return global == playedBack ? global : _number();
+}
+
+_number rangeStart(const _clock& clock) {
+    return inBothRanges(firstFrame(clock), clock.playbackRange ? _number(clock.playbackRange->first) : _number());
+}
+
+_number rangeEnd(const _clock& clock) {
+    return inBothRanges(lastFrame(clock), clock.playbackRange ? _number(clock.playbackRange->last) : _number());
+}
+
+_number rangeStep(const _clock& clock) {
+    return clock.playbackStep;
+}
+
+constexpr std::array timeOptions{
+    _timeVariable{"fps", false, [](const _clock& c) { return c.fps; }},
+    _timeVariable{"fstart", false, rangeStart},
+    _timeVariable{"fend", false, rangeEnd},
+    _timeVariable{"finc", false, rangeStep},
+    _timeVariable{"ropstart", false, rangeStart},
+    _timeVariable{"ropend", false, rangeEnd},
+    _timeVariable{"ropinc", false, rangeStep},
+};
+
 /// Set for each point, primitive, copy, step or pixel.
 constexpr std::array<std::string_view, 63> cookingVariables{
     "AGE",     "ALPHA", "BBX",  "BBY",   "BBZ",    "C",      "CA",   "CB",       "CBP",     "CDEPTH", "CEX",
@@ -85,6 +111,12 @@ std::optional<double> _clock::frameAt(double seconds) const {
 const _timeVariable* timeVariableNamed(std::string_view name) {
     const auto row = std::find_if(variables.begin(), variables.end(), [&](const auto& v) { return v.name == name; });
     return row != variables.end() ? &*row : nullptr;
+}
+
+std::optional<double> timeOption(std::string_view name, const _clock& clock) {
+    const auto* const row =
+        std::find_if(timeOptions.begin(), timeOptions.end(), [&](const auto& v) { return v.name == name; });
+    return row != timeOptions.end() ? row->value(clock) : std::nullopt;
 }
 
 bool isCookingVariable(std::string_view name) {

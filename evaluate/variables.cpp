@@ -82,6 +82,17 @@ std::optional<_valueOutcome> _evaluation::timeVariable(std::string_view name, do
     return _valueOutcome(_value(*number));
 }
 
+_valueOutcome _evaluation::contextOption(std::string_view name) {
+    const auto list = scene.contextOptions();
+    const auto saved = std::find_if(list.begin(), list.end(), [&](const auto& one) { return one.name == name; });
+    if (saved != list.end()) {
+        double number = 0;
+        return saved->isNumber && readNumber(saved->value, number) ? _value(number) : _value(saved->value);
+    }
+    const auto number = timeOption(name, clock);
+    return number ? _valueOutcome(_value(*number)) : unknown(_reason::contextOption, '@' + std::string(name));
+}
+
 _valueOutcome _evaluation::variable(const vxN::_node& node, std::string_view name, double frame) {
     if (name == "OS") return _value(std::string(node.name()));
     if (auto ofTime = timeVariable(name, frame)) return std::move(*ofTime);

@@ -129,14 +129,15 @@ QList<_warning> warningsOf(const _loadedScene& scene, bool isCut, _explanationBu
 
 }  // namespace
 
-qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanation, _explanationBudget budget) {
+qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanation, _explanationBudget budget,
+                     _surveyBreadth breadth) {
     explanation = {};
     _sceneObservation observation(budget.sectionBytes);
     vxP::_sceneFacts facts;
     const qint32 result = vxP::loadScene(load, facts);
     if (result == vxP::resultCannotOpen || result == vxP::resultVersionMismatch) return result;
     observation.loadEnds();
-    const _sceneSurvey survey = surveyScene(load.sceneFileName->toQString(), observation, budget);
+    const _sceneSurvey survey = surveyScene(load.sceneFileName->toQString(), observation, budget, breadth);
     const bool isCut = vxP::formOf(vxP::_sceneFile(load.sceneFileName->toQString())).form == vxP::_sceneForm::cut;
     const _loadedScene scene{observation, survey, *load.jobArray, facts};
     _leftOut& leftOut = explanation.leftOut;

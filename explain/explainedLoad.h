@@ -13,6 +13,7 @@ namespace vxE {
 /// @param[out] explanation  what it held before is gone
 /// @param budget  what the explanation may use up; jobs and result do not depend on it
 /// @return one of `vxP::_result`
-qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanation, _explanationBudget budget = {});
+qint32 loadExplained(vxP::_dataPARS_LoadSceneFile& load, _explanation& explanation, _explanationBudget budget = {},
+                     _surveyBreadth breadth = _surveyBreadth::wholeScene);
 
 }  // namespace vxE

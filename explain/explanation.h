@@ -13,6 +13,12 @@
 
 namespace vxE {
 
+/// How much of a scene is read to explain it.
+enum class _surveyBreadth : quint8 {
+    wholeScene,
+    nodes,  ///< what it says of its nodes, as far as its form tells where that is: no section has a line then
+};
+
 /// A variable that names may hold.
 struct _variableFact {
     QString name;

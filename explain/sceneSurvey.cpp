@@ -11,6 +11,8 @@
 #include "input/asciiSpace.h"
 #include "input/sceneFile.h"
 #include "input/sectionFilter.h"
+#include "scan/scanBudget.h"
+#include "scene/limits.h"
 
 namespace vxE {
 
@@ -41,6 +43,11 @@ std::string_view trimmed(std::string_view text) {
 /// With NULs and all: Qt 5 alone would end the text at the first.
 QString decoded(std::string_view bytes) {
     return QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
+}
+
+/// Entries that tell something of a node.
+bool isSurveyed(std::string_view kind) {
+    return kind == "init" || kind == "chn" || kind == "parm";
 }
 
 /// What the entries of one node have told so far.
@@ -79,13 +86,15 @@ class _surveyor {
         survey.taken.resize(observation.sections.size());
     }
 
-    void read(const _surveyedLines& lines);
-    /// @param length  of the scene
-    _sceneSurvey finished(qint64 length);
+    void read(_surveyedLines lines);
+    /// Of a scene that tells how long its entries are. @return false for any other
+    bool readNodes(const vxP::_sceneFile& file);
+    _sceneSurvey finished();
 
  private:
     enum class _entry { ofNoInterest, channels, parameters };
 
+    void readLine(const _surveyedLines& lines);
     bool spend(qint64 steps, qint64 byte);
     _surveyedSection* takenAt(qint64 byte);
     void beginEntry(const _entryHeader& header, const _surveyedLines& lines, _surveyedSection* taken);
@@ -102,7 +111,9 @@ class _surveyor {
     _sceneSurvey survey;
     vxS::_size nextTaken = 0;  ///< of the sections that a reader took
     qint64 nextTakenByte = 0;  ///< before which none begins
-    qint64 cutAt = -1;         ///< where the steps were used up; -1: nowhere
+    bool hasLineNumbers = true;
+    qint64 length = 0;  ///< of the scene, as far as it was read
+    qint64 cutAt = -1;  ///< where the steps were used up; -1: nowhere
 
     _node node;
     _entry entry = _entry::ofNoInterest;
@@ -133,9 +144,32 @@ _surveyedSection* _surveyor::takenAt(qint64 byte) {
     return isTaken ? &survey.taken[at] : nullptr;
 }
 
-void _surveyor::read(const _surveyedLines& lines) {
+void _surveyor::read(_surveyedLines lines) {
+    while (lines.next()) readLine(lines);
+    length = lines.byte;
+}
+
+bool _surveyor::readNodes(const vxP::_sceneFile& file) {
+    if (vxN::archiveKindOf(file) != vxN::_archiveKind::open) return false;
+    hasLineNumbers = false;
+    vxP::beginBudget();
+    vxP::allowWorkFor(file.byteCount());
+    try {
+        vxN::_archive archive(file);
+        while (const auto next = archive.next()) {
+            if (!isSurveyed(vxN::splitEntryName(next->name).kind)) continue;
+            const qint64 size = next->body.offset + next->body.size - next->start;
+            const std::string text = archive.read({next->start, size}, vxN::largestBody);
+            read({text, next->start});
+        }
+    } catch (const vxP::_budgetExceeded&) {  // what was read of it is there
+    }
+    return true;
+}
+
+void _surveyor::readLine(const _surveyedLines& lines) {
     _surveyedSection* const taken = takenAt(lines.byte);
-    if (taken != nullptr) taken->line = lines.number;
+    if (taken != nullptr && hasLineNumbers) taken->line = lines.number;
     if (!spend(stepsPerLine - budget.surveyStepsPerByte * lines.length, lines.byte)) return;
     const std::string_view line = trimmedAtEnd(lines.back());
     if (const auto header = mayEndWithHeader(line) ? entryHeaderOf(line) : std::nullopt)
@@ -251,7 +285,7 @@ void _surveyor::addStranger() {
         ++survey.notTakenLeftOut;
 }
 
-_sceneSurvey _surveyor::finished(qint64 length) {
+_sceneSurvey _surveyor::finished() {
     endSection();
     if (cutAt >= 0) survey.bytesLeftOut = length - cutAt;
     return survey;
@@ -259,13 +293,13 @@ _sceneSurvey _surveyor::finished(qint64 length) {
 
 }  // namespace
 
-_sceneSurvey surveyScene(const QString& path, const _sceneObservation& observation, _explanationBudget& budget) {
+_sceneSurvey surveyScene(const QString& path, const _sceneObservation& observation, _explanationBudget& budget,
+                         _surveyBreadth breadth) {
     _surveyor surveyor(observation, budget);
     vxP::_sceneFile file(path);
-    if (!file.isOpen()) return surveyor.finished(0);
-    _surveyedLines lines(file);
-    while (lines.next()) surveyor.read(lines);
-    return surveyor.finished(lines.byte);
+    const bool isDone = !file.isOpen() || (breadth == _surveyBreadth::nodes && surveyor.readNodes(file));
+    if (!isDone) surveyor.read(_surveyedLines(file));
+    return surveyor.finished();
 }
 
 }  // namespace vxE

@@ -35,8 +35,9 @@ struct _sceneSurvey {
     qint64 bytesLeftOut = 0;  ///< at the scene's end, of which only the lines were counted
 };
 
-/// Reads the whole file. What cannot be read is left out: the load itself tells about it.
+/// What cannot be read is left out: the load itself tells about it.
 /// @param path  of the scene
-_sceneSurvey surveyScene(const QString& path, const _sceneObservation& observation, _explanationBudget& budget);
+_sceneSurvey surveyScene(const QString& path, const _sceneObservation& observation, _explanationBudget& budget,
+                         _surveyBreadth breadth);
 
 }  // namespace vxE

@@ -5,7 +5,8 @@
 namespace vxE {
 
 bool _surveyedLines::refill() {
-    const qint64 count = bytesOfScene.read(block.data(), static_cast<qint64>(block.size()));
+    if (bytesOfScene == nullptr) return false;
+    const qint64 count = bytesOfScene->read(block.data(), static_cast<qint64>(block.size()));
     rest = {block.data(), static_cast<std::size_t>(std::max<qint64>(count, 0))};
     return !rest.empty();
 }

@@ -1,4 +1,4 @@
-// The lines of a scene, one after the other, whatever their length.
+// The lines of a scene, or of a part of it, one after the other, whatever their length.
 #pragma once
 
 #include <QIODevice>
@@ -12,11 +12,14 @@ namespace vxE {
 class _surveyedLines {
  public:
     /// @param source  open for reading; must outlive the lines
-    explicit _surveyedLines(QIODevice& source) : bytesOfScene(source), block(blockBytes) {}
+    explicit _surveyedLines(QIODevice& source) : bytesOfScene(&source), block(blockBytes) {}
+    /// @param part  of the scene; must outlive the lines
+    /// @param start  its position in the scene
+    _surveyedLines(std::string_view part, qint64 start) : byte(start), rest(part) {}
 
-    qint64 byte = 0;    ///< position of the line's beginning
+    qint64 byte = 0;    ///< position of the line's beginning in the scene
     qint64 length = 0;  ///< in bytes, with its end
-    qint64 number = 0;  ///< from 1
+    qint64 number = 0;  ///< from 1, in what is read
 
     /// The line without its end: of a long one the first 4,096 bytes ...
     std::string_view front() const { return line.substr(0, longestEnd); }
@@ -43,7 +46,7 @@ class _surveyedLines {
     static constexpr std::size_t blockBytes = std::size_t{256} * 1024;
     static constexpr std::size_t longestEnd = 4096;
 
-    QIODevice& bytesOfScene;
+    QIODevice* bytesOfScene = nullptr;  ///< null: all is in `rest`
     std::vector<char> block;
     std::string_view rest;  ///< of the block
     std::string_view line;

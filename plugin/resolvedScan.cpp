@@ -42,7 +42,7 @@ QString linesOfScene(const vxN::_scene& scene) {
 
 /// The kind of section that a node has, by its type; by its path where the scene does not hold its type.
 const _sectionKind* kindOf(const vxN::_node& node, const _nodeType* type) {
-    if (type != nullptr && type->reader == _sectionReader::driver && !namesAnOutput(node, *type)) return nullptr;
+    if (type != nullptr && type->reader == _sectionReader::driver && outputOf(node, *type) == nullptr) return nullptr;
     if (type != nullptr) return &sectionKindOf(type->reader);
     if (!node.type().empty()) return nullptr;
     const QString header = textOfUtf8(node.path()).mid(1) + QLatin1String(".parm{");

@@ -15,68 +15,105 @@ constexpr std::array thirdParties{std::string_view{"labs"}, std::string_view{"ga
 constexpr std::string_view asGeometry{"sopoutput"};
 constexpr std::string_view asImage{"copoutput"};
 
+/// A driver of Houdini's own with one output.
+constexpr _nodeType writes(std::string_view name, _outputParameter output) {
+    return {.name = name, .reader = driver, .outputs = {{output}}};
+}
+
+constexpr _nodeType exports(std::string_view name, std::string_view output) {
+    return {.name = name, .reader = driver, .outputs = {{{output}}}, .traits = {.exportsOnly = true}};
+}
+
+/// Renders a stage with an image of its own, or with the one of the stage's settings.
+constexpr _nodeType rendersStage(std::string_view name) {
+    return {.name = name,
+            .reader = driver,
+            .outputs = {{{"outputimage"}}},
+            .stageFile = "lopoutput",
+            .rendersSettings = true};
+}
+
+constexpr _nodeType rendersOwnStage(std::string_view name) {
+    return {.name = name,
+            .reader = driver,
+            .outputs = {{{"picture"}}},
+            .traits = {.rendersStage = true},
+            .rendersSettings = true};
+}
+
+constexpr _nodeType caches(std::string_view space, std::string_view name) {
+    return {.space = space,
+            .name = name,
+            .reader = driver,
+            .outputs = {{{"sopoutput"}, {"file"}}},
+            .writes = _writes::unlessLoading};
+}
+
+/// Made with every simulation, whether or not anybody wants its files.
+constexpr _nodeType savesByHand(std::string_view name, _outputParameter output) {
+    return {.name = name, .reader = driver, .outputs = {{output}}, .writes = _writes::never};
+}
+
 constexpr std::array nodeTypes{
     // first match wins
-    _nodeType{.name = "ifd", .reader = driver, .outputs = {{{"vm_picture"}}}},
-    _nodeType{.name = "opengl", .reader = driver, .outputs = {{{"picture"}}}},
-    _nodeType{.name = "karma",
-              .reader = driver,
-              .outputs = {{{"picture"}}},
-              .traits = {.rendersStage = true},
-              .rendersSettings = true},
-    _nodeType{
-        .name = "usdrender", .reader = driver, .outputs = {{{"outputimage"}, {"lopoutput"}}}, .rendersSettings = true},
-    _nodeType{.name = "usdrender_rop",
-              .reader = driver,
-              .outputs = {{{"outputimage"}, {"lopoutput"}}},
-              .rendersSettings = true},
-    _nodeType{.name = "usd_rop", .reader = driver, .outputs = {{{"lopoutput"}}}, .traits = {.exportsOnly = true}},
-    _nodeType{.name = "usd", .reader = driver, .outputs = {{{"lopoutput"}}}, .traits = {.exportsOnly = true}},
-    _nodeType{.name = "usdexport", .reader = driver, .outputs = {{{"lopoutput"}}}, .traits = {.exportsOnly = true}},
-    _nodeType{.name = "ropusd", .reader = driver, .outputs = {{{"lopoutput"}}}, .traits = {.exportsOnly = true}},
-    _nodeType{.name = "geometry", .reader = driver, .outputs = {{{"sopoutput"}}}},
-    _nodeType{.name = "rop_geometry", .reader = driver, .outputs = {{{"sopoutput"}}}},
-    _nodeType{.name = "ropgeometry", .reader = driver, .outputs = {{{"sopoutput"}}}},
-    _nodeType{.name = "filmboxfbx", .reader = driver, .outputs = {{{"sopoutput"}}}},
-    _nodeType{.name = "rop_fbx", .reader = driver, .outputs = {{{"sopoutput"}}}},
-    _nodeType{.name = "ropfbx", .reader = driver, .outputs = {{{"sopoutput"}}}},
-    _nodeType{.name = "alembic", .reader = driver, .outputs = {{{"filename"}}}},
-    _nodeType{.name = "rop_alembic", .reader = driver, .outputs = {{{"filename"}}}},
-    _nodeType{.name = "ropalembic", .reader = driver, .outputs = {{{"filename"}}}},
-    _nodeType{.name = "comp", .reader = driver, .outputs = {{{"copoutput"}}}},
-    _nodeType{.name = "rop_comp", .reader = driver, .outputs = {{{"copoutput"}}}},
-    _nodeType{.name = "ropcomposite", .reader = driver, .outputs = {{{"copoutput"}}}},
-    _nodeType{.name = "rop_image", .reader = driver, .outputs = {{{"copoutput"}}}},
-    _nodeType{.name = "heightfield_output", .reader = driver, .outputs = {{{"output", asImage}}}},
-    _nodeType{.name = "arnold", .reader = driver, .outputs = {{{"ar_picture"}}}},
-    _nodeType{.name = "Redshift_ROP", .reader = driver, .outputs = {{{"RS_outputFileNamePrefix"}}}},
-    _nodeType{.name = "Redshift_Proxy_Output",
-              .reader = driver,
-              .outputs = {{{"RS_archive_file"}}},
-              .traits = {.exportsOnly = true}},
+    writes("ifd", {"vm_picture"}),
+    writes("ropmantra", {"vm_picture"}),
+    _nodeType{.name = "baketexture", .reader = driver, .outputs = {{{"vm_uvoutputpicture1", asImage}, {"vm_picture"}}}},
+    writes("opengl", {"picture"}),
+    rendersOwnStage("karma"),
+    rendersOwnStage("ropkarma"),
+    rendersStage("usdrender"),
+    rendersStage("usdrender_rop"),
+    exports("usd_rop", "lopoutput"),
+    exports("usd", "lopoutput"),
+    exports("usdexport", "lopoutput"),
+    exports("ropusd", "lopoutput"),
+    writes("geometry", {"sopoutput"}),
+    writes("rop_geometry", {"sopoutput"}),
+    writes("ropgeometry", {"sopoutput"}),
+    writes("filmboxfbx", {"sopoutput"}),
+    writes("rop_fbx", {"sopoutput"}),
+    writes("ropfbx", {"sopoutput"}),
+    writes("gltf", {"file"}),
+    writes("rop_gltf", {"file"}),
+    writes("mdd", {"file"}),
+    _nodeType{.space = "kinefx", .name = "rop_*", .reader = driver, .outputs = {{{"sopoutput"}, {"file"}}}},
+    writes("alembic", {"filename"}),
+    writes("rop_alembic", {"filename"}),
+    writes("ropalembic", {"filename"}),
+    writes("dop", {"dopoutput", asGeometry}),
+    writes("channel", {"chopoutput", asGeometry}),
+    writes("rop_channel", {"chopoutput", asGeometry}),
+    writes("comp", {"copoutput"}),
+    writes("rop_comp", {"copoutput"}),
+    writes("ropcomposite", {"copoutput"}),
+    writes("image", {"copoutput"}),
+    writes("rop_image", {"copoutput"}),
+    writes("heightfield_output", {"output", asImage}),
+    writes("arnold", {"ar_picture"}),
+    writes("Redshift_ROP", {"RS_outputFileNamePrefix"}),
+    exports("Redshift_Proxy_Output", "RS_archive_file"),
     _nodeType{.name = "vray_renderer",
               .reader = driver,
               .outputs = {{{"SettingsOutput_img_file_path"},
                            {"SettingsOutput.img_file_path", "SettingsOutput_img_file_path"}}}},
     _nodeType{.name = "ris", .reader = driver, .outputs = {{{"ri_display_0"}, {"ri_display"}}}},
-    _nodeType{.name = "filecache",
-              .reader = driver,
-              .outputs = {{{"sopoutput"}, {"file"}}},
-              .writes = _writes::unlessLoading},
-    _nodeType{.space = "labs",
-              .name = "filecache",
-              .reader = driver,
-              .outputs = {{{"sopoutput"}, {"file"}}},
-              .writes = _writes::unlessLoading},
-    _nodeType{.name = "vellumio", .reader = driver, .outputs = {{{"file"}}}, .writes = _writes::unlessLoading},
-    // made with every simulation, whether or not anybody wants its files
-    _nodeType{.name = "dopio", .reader = driver, .outputs = {{{"file"}}}, .writes = _writes::never},
-    _nodeType{.name = "output", .reader = driver, .outputs = {{{"dopoutput", asGeometry}}}, .writes = _writes::never},
-    _nodeType{.space = "qLib", .name = "waypoint_ql", .reader = driver, .outputs = {{{"sopoutput"}}}},
+    _nodeType{.name = "rib", .reader = driver, .outputs = {{{"ri_display_0"}, {"ri_display"}}}},
+    caches({}, "filecache"),
+    caches({}, "vellumio"),
+    caches({}, "rbdio"),
+    savesByHand("dopio", {"file"}),
+    savesByHand("output", {"dopoutput", asGeometry}),
+    caches("labs", "filecache"),
     _nodeType{.space = anyThirdParty,
               .name = "*",
               .reader = driver,
-              .outputs = {{{"sopoutput"}, {"output_picture", asImage}}}},
+              .outputs = {{{"sopoutput"},
+                           {"output_picture", asImage},
+                           {"outputpath", asGeometry},
+                           {"export_path", asGeometry},
+                           {"vm_picture"}}},
+              .writes = _writes::unlessLoading},
     _nodeType{.name = "cam", .reader = camera},
     _nodeType{.name = "vrcam", .reader = camera},
     _nodeType{.name = "switcher", .reader = camera},
@@ -107,10 +144,11 @@ const _nodeType* nodeTypeOf(std::string_view type) {
     return row == nodeTypes.end() ? nullptr : &*row;
 }
 
-bool namesAnOutput(const vxN::_node& node, const _nodeType& type) {
-    return std::any_of(type.outputs.begin(), type.outputs.end(), [&](const _outputParameter& output) {
-        return !output.name.empty() && node.parameter(output.name) != nullptr;
+const _outputParameter* outputOf(const vxN::_node& node, const _nodeType& type) {
+    const auto output = std::find_if(type.outputs.begin(), type.outputs.end(), [&](const _outputParameter& row) {
+        return !row.name.empty() && node.parameter(row.name) != nullptr;
     });
+    return output == type.outputs.end() ? nullptr : &*output;
 }
 
 bool isRenderSettings(std::string_view type) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <string_view>
 
 #include "grammar/paramSection.h"
@@ -28,7 +27,8 @@ struct _nodeType {
     std::string_view space{};                   ///< of names: "labs"; empty: Houdini's own
     std::string_view name{};                    ///< without namespace and version; a "*" at its end matches anything
     _sectionReader reader{};                    ///< who takes its section
-    std::array<_outputParameter, 2> outputs{};  ///< of a driver; of two the first is the file people look for
+    std::array<_outputParameter, 5> outputs{};  ///< of a driver; the first one that a node has is what it writes
+    std::string_view stageFile{};               ///< names a second file, of the stage that is rendered
     _writes writes = _writes::always;
     _nodeTraits traits{};
     bool rendersSettings = false;  ///< without an output of its own it writes what the settings of its stage name
@@ -38,8 +38,9 @@ struct _nodeType {
 /// @param type  whole name: "labs::filecache::2.0"
 const _nodeType* nodeTypeOf(std::string_view type);
 
-/// Nodes of several networks share the names of their types: a driver has what tells the file that it writes.
-bool namesAnOutput(const vxN::_node& node, const _nodeType& type);
+/// What tells the file that a driver writes. Null: nothing does, as nodes of several networks share the names of their
+/// types, and only some of them are drivers.
+const _outputParameter* outputOf(const vxN::_node& node, const _nodeType& type);
 
 /// True for the types of nodes that hold the settings of a stage's render.
 bool isRenderSettings(std::string_view type);

@@ -30,7 +30,7 @@ struct _stand {
     std::string_view parameter;
 };
 constexpr std::string_view wedgeDriver{"driver"};
-constexpr std::array stands{_stand{"fetch", "source"}, _stand{"wedge", wedgeDriver}};
+constexpr std::array stands{_stand{"fetch", "source"}, _stand{"ropfetch", "roppath"}, _stand{"wedge", wedgeDriver}};
 
 constexpr std::string_view switchType{"switch"};
 constexpr std::string_view chosenInput{"index"};

@@ -20,6 +20,8 @@ using vxS::textOfUtf8;
 // Parameters that more than their reader looks at.
 constexpr std::string_view frameRange{"f"};
 constexpr std::string_view rangeSwitch{"trange"};
+constexpr std::string_view otherRangeSwitch{"range_mode"};  ///< of a third party's driver without the usual one
+constexpr std::string_view wholeRange{"normal"};
 constexpr std::string_view loadSwitch{"loadfromdisk"};
 constexpr std::string_view settingsImage{"picture"};
 constexpr std::string_view stepsOfChannel{"steps"};  ///< of a wedge; its number follows
@@ -27,6 +29,18 @@ constexpr std::string_view cameraResolution{"res"};
 constexpr std::string_view resolutionFraction{"res_fraction"};
 constexpr double largestSide = 65535;  // pixels, as records count them
 constexpr std::array cameraNames{std::string_view{"camera"}, std::string_view{"RS_renderCamera"}};
+
+/// Toggles of a driver that its reader knows by their words; a channel gives them a number.
+constexpr std::array toggles{
+    std::string_view{"soho_outputmode"},    std::string_view{"ar_ass_export_enable"},
+    std::string_view{"RS_archive_enable"},  std::string_view{"rib_outputmode"},
+    std::string_view{"diskfile"},           std::string_view{"fileperframe"},
+    std::string_view{"override_camerares"}, std::string_view{"RS_overrideCameraRes"},
+};
+
+/// Images that only a window shows, and the one of them that readers know.
+constexpr QLatin1String otherViewer{"md"};
+constexpr QLatin1String viewer{"ip"};
 
 /// How a driver overrides its camera's resolution.
 struct _override {
@@ -36,14 +50,26 @@ struct _override {
 constexpr std::array overrides{_override{"override_camerares", "res_override"},
                                _override{"RS_overrideCameraRes", "RS_overrideRes"}};
 
+/// By the name of a rule: one that ends with a TAB is a whole name. A driver has hundreds of parameters.
 bool isCalled(QLatin1String ruleName, std::string_view parameter) {
-    const QString line = textOfUtf8(parameter) + QLatin1Char('\t');
-    return line.startsWith(ruleName, Qt::CaseInsensitive);
+    std::string_view name(ruleName.data(), static_cast<std::size_t>(ruleName.size()));
+    const bool isWhole = name.ends_with('\t');
+    if (isWhole) name.remove_suffix(1);
+    const bool hasLength = isWhole ? parameter.size() == name.size() : parameter.size() >= name.size();
+    return hasLength && qstrnicmp(parameter.data(), name.data(), static_cast<uint>(name.size())) == 0;
+}
+
+bool isOutput(std::string_view parameter) {
+    return roleOf(textOfUtf8(parameter) + QLatin1Char('\t')) == _parameterRole::output;
 }
 
 /// A line break within a value would end its line.
 QString onOneLine(QString text) {
     return text.replace(QLatin1Char('\n'), QLatin1Char(' ')).remove(QLatin1Char('\r'));
+}
+
+QString inQuotes(const QString& text) {
+    return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
 QString lineOf(std::string_view name, const QString& values) {
@@ -90,22 +116,29 @@ bool isRead(const _sectionKind& kind, std::string_view name) {
            std::any_of(names.begin(), names.end(), [&](QLatin1String known) { return isCalled(known, name); });
 }
 
+/// What a driver's reader knows by another word.
+QString inReadersWords(std::string_view name, const QString& text) {
+    const auto number = literalNumber(text.toStdString());
+    if (number && std::find(toggles.begin(), toggles.end(), name) != toggles.end())
+        return *number != 0 ? QStringLiteral("on") : QStringLiteral("off");
+    return text == otherViewer && isOutput(name) ? QString(viewer) : guardedFromFrames(text);
+}
+
 }  // namespace
 
 struct _sectionResolver::_target {
     const vxN::_node& node;
     const _sectionKind& kind;
-    const _nodeType* type;  ///< null: not known
+    const _nodeType* type;           ///< null: not known
+    const _outputParameter* output;  ///< of a driver of a known type
     QString& lines;
 };
 
 /// The name by which a reader gets a parameter; empty: another parameter names the output.
 std::string_view _sectionResolver::nameForReader(const _target& target, std::string_view name) {
-    if (target.kind.reader != _sectionReader::driver || target.type == nullptr) return name;
-    for (const _outputParameter& row : target.type->outputs)
-        if (!row.name.empty() && row.name == name) return row.readAs.empty() ? name : row.readAs;
-    const bool isOutput = roleOf(textOfUtf8(name) + QLatin1Char('\t')) == _parameterRole::output;
-    return isOutput ? std::string_view() : name;
+    if (target.output == nullptr || name == target.type->stageFile) return name;
+    if (target.output->name == name) return target.output->readAs.empty() ? name : target.output->readAs;
+    return isOutput(name) ? std::string_view() : name;
 }
 
 std::optional<bool> _sectionResolver::isOn(const vxN::_node& node, std::string_view parameter) {
@@ -193,8 +226,8 @@ void _sectionResolver::addParameter(const _target& target, const vxN::_parameter
             text = cameraPath(target.node, text);
         if (value.isDriven() && target.kind.reader == _sectionReader::wedge && name.starts_with(stepsOfChannel))
             text = wholeNumber(text);
-        if (target.kind.reader == _sectionReader::driver) text = guardedFromFrames(text);
-        values.append(value.isQuoted ? QLatin1Char('"') + text + QLatin1Char('"') : text);
+        if (target.kind.reader == _sectionReader::driver) text = inReadersWords(name, text);
+        values.append(value.isQuoted ? inQuotes(text) : text);
     }
     target.lines += lineOf(name, values.join(QLatin1Char('\t')));
 }
@@ -225,6 +258,7 @@ std::optional<_sectionResolver::_imageSize> _sectionResolver::overriddenSize(con
                                                                              std::string_view resolution,
                                                                              const std::optional<_imageSize>& camera) {
     const auto fraction = evaluator.text(driver, resolutionFraction);
+    if (driver.channel(resolutionFraction) != nullptr && fraction && literalNumber(*fraction)) return {};  // its place
     const auto factor = fraction ? literalNumber(*fraction) : std::nullopt;
     if (!factor || !camera) return sizeOf(driver, resolution);
     return _imageSize{(*camera)[0] * *factor, (*camera)[1] * *factor};
@@ -251,8 +285,7 @@ bool _sectionResolver::addStageImage(const _target& target, const vxN::_paramete
     const auto picture = settings.component(settingsImage);
     const auto text = picture ? textOf(settings, *picture) : vxV::_textOutcome(std::string());
     const QString why = !settings ? reason : text ? QString() : vxV::sentenceOf(text.why());
-    if (settings && text)
-        target.lines += lineOf(name, QLatin1Char('"') + guardedFromFrames(textOfUtf8(*text)) + QLatin1Char('"'));
+    if (settings && text) target.lines += lineOf(name, inQuotes(guardedFromFrames(textOfUtf8(*text))));
     if (scanObserver != nullptr)
         scanObserver->resolved({textOfUtf8(target.node.path()),
                                 textOfUtf8(parameter.name),
@@ -263,17 +296,29 @@ bool _sectionResolver::addStageImage(const _target& target, const vxN::_paramete
     return true;
 }
 
+/// Third parties' drivers have a range that always counts, or a switch of another name.
+void _sectionResolver::addRangeSwitch(const _target& target) {
+    const vxN::_node& node = target.node;
+    if (target.type == nullptr || target.type->space.empty() || node.parameter(rangeSwitch) != nullptr) return;
+    const bool hasOther = node.parameter(otherRangeSwitch) != nullptr;
+    const auto range = hasOther ? evaluator.text(node, otherRangeSwitch) : vxV::_textOutcome(std::string(wholeRange));
+    if (range) target.lines += lineOf(rangeSwitch, inQuotes(textOfUtf8(*range)));
+}
+
 void _sectionResolver::tellCurrentFrame(const vxN::_node& node) {
-    if (scanObserver == nullptr || node.parameter(rangeSwitch) == nullptr) return;
-    if (const auto range = evaluator.text(node, rangeSwitch); range && *range == "off")
-        tellOfSection(_remark::currentFrameOnly);
+    if (scanObserver == nullptr) return;
+    for (const std::string_view name : {rangeSwitch, otherRangeSwitch}) {
+        const auto range =
+            node.parameter(name) == nullptr ? vxV::_textOutcome(std::string()) : evaluator.text(node, name);
+        if (range && *range == "off") tellOfSection(_remark::currentFrameOnly);
+    }
 }
 
 void _sectionResolver::addLine(const _target& target, const vxN::_parameter& parameter, std::string_view name,
                                const _given& given) {
     const bool isFrames = target.kind.reader == _sectionReader::driver && name == frameRange;
     if (name == given.name)
-        target.lines += lineOf(name, QLatin1Char('"') + given.value + QLatin1Char('"'));
+        target.lines += lineOf(name, inQuotes(given.value));
     else if (isFrames)
         addFrames(target, parameter);
     else if (!addStageImage(target, parameter, name))
@@ -283,7 +328,9 @@ void _sectionResolver::addLine(const _target& target, const vxN::_parameter& par
 QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& kind, const _nodeType* type,
                                   const _given& given) {
     QString lines;
-    const _target target{node, kind, type, lines};
+    const bool isDriver = kind.reader == _sectionReader::driver;
+    const _target target{node, kind, type, isDriver && type != nullptr ? outputOf(node, *type) : nullptr, lines};
+    if (isDriver) addRangeSwitch(target);
     const auto parameters = node.parameters();
     for (const vxN::_parameter& parameter : parameters->all()) {
         const std::string_view name = nameForReader(target, parameter.name);
@@ -291,7 +338,7 @@ QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& ki
         spendWork(sectionCost);
         addLine(target, parameter, name, given);
     }
-    if (kind.reader == _sectionReader::driver) {
+    if (isDriver) {
         addResolution(target);
         tellCurrentFrame(node);
     }

@@ -53,6 +53,7 @@ class _sectionResolver {
     std::optional<_imageSize> overriddenSize(const vxN::_node& driver, std::string_view resolution,
                                              const std::optional<_imageSize>& camera);
     bool addStageImage(const _target& target, const vxN::_parameter& parameter, std::string_view name);
+    void addRangeSwitch(const _target& target);
     void tellCurrentFrame(const vxN::_node& node);
     vxV::_textOutcome textOf(const vxN::_node& node, const vxN::_value& value);
     QString valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value);

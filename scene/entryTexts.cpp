@@ -1,5 +1,9 @@
 #include "scene/entryTexts.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -38,6 +42,13 @@ std::string_view takeVariableValue(std::string_view& text) {
     const std::string_view value = text.substr(1, end - 1);
     text.remove_prefix(end + 1);
     return value;
+}
+
+/// The number behind an option of a command.
+std::optional<double> nextOption(_textTokens& words, std::string_view option) {
+    for (auto word = words.next(); word; word = words.next())
+        if (word->is(option)) return numberIn(nextText(words));
+    return {};
 }
 
 }  // namespace
@@ -86,6 +97,7 @@ _timeline parseTimeline(std::string_view text) {
         if (key == "tcur") timeline.currentTime = numberIn(nextText(words));
         if (key == "tset") timeline.globalRange = nextRange(words);
         if (key == "frange") timeline.frameRange = nextRange(words);
+        if (key == "fplayback") timeline.frameStep = nextOption(words, "-s");
     }
     if (timeline.fps && *timeline.fps <= 0) timeline.fps.reset();
     return timeline;
@@ -110,6 +122,22 @@ std::vector<_sceneVariable> parseVariables(std::string_view text) {
         variables.push_back(std::move(variable));
     }
     return variables;
+}
+
+std::vector<_contextOption> parseContextOptions(const std::string& text) {
+    std::vector<_contextOption> options;
+    const QJsonArray list = QJsonDocument::fromJson(QByteArray::fromStdString(text)).array();
+    for (const QJsonValue& item : list) {
+        const QJsonObject row = item.toObject();
+        const QJsonValue value = row[QLatin1String("value")].toObject()[QLatin1String("value")];
+        if (!value.isDouble() && !value.isString()) continue;
+        const QString written = value.isString() ? value.toString() : QString::number(value.toDouble(), 'g', 17);
+        _contextOption option{row[QLatin1String("name")].toString().toStdString(), written.toStdString(),
+                              value.isDouble()};
+        vxP::keepMemory(qint64{sizeof option} + static_cast<qint64>(option.name.capacity() + option.value.capacity()));
+        options.push_back(std::move(option));
+    }
+    return options;
 }
 
 }  // namespace vxN

@@ -24,5 +24,7 @@ _input parseDotInput(std::string_view text);
 _timeline parseTimeline(std::string_view text);
 /// ".variables". Throws `_budgetExceeded`.
 std::vector<_sceneVariable> parseVariables(std::string_view text);
+/// ".contextoptions", a list in JSON; of values other than numbers and texts nothing. Throws `_budgetExceeded`.
+std::vector<_contextOption> parseContextOptions(const std::string& text);
 
 }  // namespace vxN

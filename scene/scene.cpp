@@ -69,6 +69,8 @@ class _sceneReader {
     void readSceneEntry(const _entry& entry) {
         if (entry.name == ".start") store.timeline = parseTimeline(archive.read(entry.body, largestBody));
         if (entry.name == ".variables") readVariables(entry.body);
+        if (entry.name == ".contextoptions")
+            store.contextOptions = parseContextOptions(archive.read(entry.body, largestBody));
         if (entry.name == ".takes") store.takes = std::make_unique<_takes>(archive.read(entry.body, largestBody));
     }
 
@@ -226,6 +228,10 @@ std::span<const _sceneVariable> _scene::variables() const {
 std::optional<std::string_view> _scene::variable(std::string_view name) const {
     const _sceneVariable* const found = findLast(store->variables, store->variablesByName, name, nameOf);
     return found == nullptr ? std::nullopt : std::optional<std::string_view>(found->value);
+}
+
+std::span<const _contextOption> _scene::contextOptions() const {
+    return store->contextOptions;
 }
 
 std::string_view _scene::saveVersion() const {

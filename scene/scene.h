@@ -37,12 +37,20 @@ struct _timeline {
     std::optional<double> currentTime;  ///< seconds; 0 is frame 1
     std::optional<_range> globalRange;  ///< seconds, from the start of the first frame to the end of the last
     std::optional<_range> frameRange;   ///< played back, frames
+    std::optional<double> frameStep;    ///< of it
 };
 
 struct _sceneVariable {
     std::string name;
     std::string value;
     bool isGlobal = true;
+};
+
+/// What nodes can ask for while they cook, with the value that it has unless something sets another one.
+struct _contextOption {
+    std::string name;
+    std::string value;
+    bool isNumber = false;  ///< else a text
 };
 
 class _scene {
@@ -70,6 +78,8 @@ class _scene {
     std::span<const _sceneVariable> variables() const;
     /// The last one of this name; none: it is not saved with the scene.
     std::optional<std::string_view> variable(std::string_view name) const;
+    /// The entry ".contextoptions".
+    std::span<const _contextOption> contextOptions() const;
     std::string_view saveVersion() const;  ///< "20.0.547"; empty: unknown
 
     const _takes& takes() const;

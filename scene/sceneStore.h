@@ -58,6 +58,7 @@ struct _sceneStore {
     _timeline timeline;
     std::vector<_sceneVariable> variables;
     std::vector<quint32> variablesByName;
+    std::vector<_contextOption> contextOptions;
     std::unique_ptr<_takes> takes;
     qint32 shownTake = -1;
 

@@ -36,9 +36,9 @@ void addNotes(_explainedScene& explained) {
 
 }  // namespace
 
-_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments) {
+_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments, vxE::_surveyBreadth breadth) {
     _explainedScene explained;
-    const auto loader = [&](auto* load) { return vxE::loadExplained(*load, explained.explanation); };
+    const auto loader = [&](auto* load) { return vxE::loadExplained(*load, explained.explanation, {}, breadth); };
     static_cast<_sceneResult&>(explained) = loadScene(loader, scene, arguments);
     if (explained.code == hostNoScene) explained.explanation = {};
     if (explained.code == vxP::resultNoUsableOutput) explained.error = whyNoJobs(explained.explanation);
@@ -64,7 +64,7 @@ std::vector<std::string> readerNames() {
 }
 
 _sceneResult loadWithNotes(const QString& scene, const _submitterArguments& arguments) {
-    return explainScene(scene, arguments);
+    return explainScene(scene, arguments, vxE::_surveyBreadth::nodes);
 }
 
 _sceneLoader builtInLoader() {

@@ -14,7 +14,8 @@ namespace vxH {
 
 /// Loads the scene in this process and explains it.
 /// @param scene  absolute path of at most 500 characters
-_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments);
+_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments,
+                             vxE::_surveyBreadth breadth = vxE::_surveyBreadth::wholeScene);
 
 /// Whether a plug-in that says this of itself is the one that is built into this program, as far as it says.
 bool isOwnPlugin(const _pluginInfo& info);

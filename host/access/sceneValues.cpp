@@ -49,7 +49,7 @@ bool fits(const std::string& pattern, const _pathedNode& one) {
 
 bool isDriver(const vxN::_node& node) {
     const auto* const type = vxP::nodeTypeOf(node.type());
-    return type != nullptr && type->reader == vxP::_sectionReader::driver && vxP::namesAnOutput(node, *type);
+    return type != nullptr && type->reader == vxP::_sectionReader::driver && vxP::outputOf(node, *type) != nullptr;
 }
 
 std::vector<_pathedNode> allNodes(const vxN::_scene& scene) {

@@ -59,7 +59,10 @@ int run(const _options& options, const _submitterArguments& submitter) {
     const bool isOwn = options.plugin == options.ownPlugin && isOwnPlugin(answer.info);
     const bool resolves = asksToResolve(submitter);
     if (isOwn && options.printsTable()) {
-        const auto explain = [&](const QString& scene) { return explainAndLook(scene, submitter, options.scenes); };
+        const auto explain = [&](const QString& scene) {
+            return resolves ? explainScene(scene, submitter, vxE::_surveyBreadth::nodes)
+                            : explainAndLook(scene, submitter, options.scenes);
+        };
         return printJobs(options, submitter, fileFilter, explain);
     }
     _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork

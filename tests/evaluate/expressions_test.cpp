@@ -88,6 +88,7 @@ constexpr _case cases[] = {
      "34"},
     {"driven", "ch(\"../b/driven\")", "6"},
     {"at_another_frame", "chf(\"../b/driven\", 7)", "8"},
+    {"at_a_time", "cht(\"../b/driven\", 0.25)", "8"},
     {"toggles", "ch(\"../b/flag\") * 10 + ch(\"../b/unflag\")", "10"},
     {"shared_menus", "ch(\"../b/trange\") + ch(\"../b/ramp2interp\")", "3"},
     {"other_menu", "ch(\"../b/mode\")", "menuOrder: mode"},
@@ -100,6 +101,7 @@ constexpr _case cases[] = {
     {"no_node", "ch(\"../none/tx\")", "missingNode: ../none"},
     {"locked_contents", "ch(\"../asset/inside/tx\")", "lockedContents: ../asset/inside"},
     {"property", "property(\"../b/tx\", 9) + property(\"../b/none\", 9)", "10"},
+    {"type_of_a_node", "optype(\"../b\") + optype(\"../typed\")", "uncertain: labs::thing::2.0"},
     {"named_node", "chsop(\"../b/node\") + chsop(\"../b/empty\")", "'/obj/a'"},
     {"name_of_a_node", "opname(\"..\") + opfullpath(\"../b\")", "'obj/obj/b'"},
     {"digits", "opdigits(\"../mix12up3\") * 100 + opdigits($OS + \"7\")", "307"},
@@ -111,6 +113,9 @@ constexpr _case cases[] = {
     {"geometry", "1 + centroid(\"../b\", D_X)", "geometry: centroid"},
     {"random", "rand($F)", "random: rand"},
     {"attribute", "@N.x", "contextOption: @N.x"},
+    {"saved_options", "@kind + @shot.size * 2", "'far9'"},
+    {"range_of_no_render", "@fps * @ropinc", "48"},
+    {"range_that_may_be_either", "@ropstart", "contextOption: @ropstart"},
     {"unknown_function", "frobnicate(1)", "unknownFunction: frobnicate"},
     {"wrong_number_of_arguments", "sin(1, 2)", "wrongArguments: sin"},
     {"not_an_expression", "640 480 1", "syntax: 480"},
@@ -131,6 +136,7 @@ TEST_P(Expressions, HaveAValueOrAReason) {
                  {{"driven", "$F + 1"}, {"rOrd", "1"}}),
         {{"obj/asset.init", "type = thing\nmatchesdef = 1\n"}, {"obj/asset.def", ""}, {"obj/asset.parm", "{\n}\n"}},
         nodeText("obj/mix12up3", "geo", ""),
+        nodeText("obj/typed", "labs::thing::2.0", ""),
         nodeText("obj/a7", "geo", ""),
         nodeText("obj/dops", "dopnet", ""),
         nodeText("obj/dops/grav", "gravity", ""),
@@ -143,6 +149,40 @@ TEST_P(Expressions, HaveAValueOrAReason) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Expressions, testing::ValuesIn(cases), vxTest::rowName);
+
+constexpr _case scripts[] = {
+    {"text_that_is_empty",
+     "import loputils\nfrom pxr import Usd\n\nlop = hou.node('.')\npath = lop.evalParm('empty')\n# none\n"
+     "if not path:\n    return 7\n\nreturn loputils.size(lop, path)",
+     "7"},
+    {"text_that_is_not", "n = hou.pwd()\np = n.evalParm(\"file\")\nif not p:\n    return 7\nreturn 8", "8"},
+    {"number_that_may_be_a_text", "p = hou.pwd().evalParm('zero')\nif not p:\n    return 7\nreturn 8", "python: "},
+    {"name_with_another_meaning", "p = hou.pwd().evalParm('empty')\np = q\nif not p:\n    return 7", "python: "},
+    {"no_such_parameter", "p = hou.pwd().evalParm('none')\nif not p:\n    return 7", "missingParameter: none"},
+    {"more_than_one_statement", "p = pwd().evalParm('empty')\nif not p:\n    p = 1\n    return 7", "python: "},
+    {"channel", "hou.ch('../b/tx')", "3"},
+    {"number", "-2.5", "-2.5"},
+    {"calculation", "1 / 2", "python: "},
+    {"other_node", "hou.node('../b').evalParm('tx')", "python: "},
+    {"itself", "ch('x')", "cycle: x"},
+};
+
+class Scripts : public testing::TestWithParam<_case> {};
+
+TEST_P(Scripts, HaveAValueWhereItIsCertain) {
+    const std::string script = GetParam().expression;
+    std::string escaped;
+    for (const char c : script) escaped += c == '"' ? std::string("\\\"") : std::string(1, c);
+    const vxTest::_smallScene small(
+        {nodeText("obj", "obj", ""), nodeText("obj/b", "geo", "tx=3"),
+         nodeText("obj/a", "geo", "x=[x 0]|empty=\"\"|file=/a.exr|zero=0",
+                  {{"x", "segment { length = 0 expr = \"" + escaped + "\" language = python }"}})});
+    _evaluator evaluator(small.scene, small.options());
+    const std::string value = shown(evaluator.channelValue(small.scene.find("/obj/a"), "x"));
+    EXPECT_EQ(value.substr(0, value.starts_with("python: ") ? 8 : value.size()), GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Scripts, testing::ValuesIn(scripts), vxTest::rowName);
 
 TEST(Expressions, AreBounded) {
     const auto reasonFor = [](const std::string& expression) {

@@ -63,7 +63,10 @@ class _smallScene {
 
  private:
     static std::string archive(const std::vector<_entries>& parts) {
-        _entries all{{".start", "fps 24\ntcur 0.16666666666666666\ntset 0 2\nfrange 10 20\n"},
+        _entries all{{".start", "fps 24\ntcur 0.16666666666666666\ntset 0 2\nfrange 10 20\nfplayback -i on -s 2\n"},
+                     {".contextoptions",
+                      "[{\"name\":\"shot.size\",\"value\":{\"type\":\"float\",\"value\":4.5}},"
+                      "{\"name\":\"kind\",\"value\":{\"type\":\"string\",\"value\":\"far\"}},{\"name\":\"broken\"}]"},
                      {".variables",
                       "set -g HIP = '/old'\nset -g HIPNAME = 'before'\nset -g JOB = '/projects/kettle'\n"
                       "set -g PI = '3.1415926535897932384'\nset -l WEDGE = ''\n"}};
