@@ -42,36 +42,38 @@ _value valueOf(const _stored& stored) {
 }
 
 template <class _part, class _stored, class _value>
-void copyMember(const _record& record, _stored _part::*member, _value& value) {
-    value = valueOf<_value>(partOf(record, static_cast<const _part*>(nullptr)).*member);
+void copyMember(const _recordSource& source, _stored _part::*member, _value& value) {
+    value = valueOf<_value>(partOf(source.record, static_cast<const _part*>(nullptr)).*member);
 }
 
-void copyStructureIDs(const _record& record, _job& job) {
-    job.structureIDs.assign(std::begin(record.structureIDs), std::end(record.structureIDs));
+void copyStructureIDs(const _recordSource& source, _job& job) {
+    job.structureIDs.assign(std::begin(source.record.structureIDs), std::end(source.record.structureIDs));
 }
 
-void copyWaitForPreIDs(const _record& record, _job& job) {
+void copyWaitForPreIDs(const _recordSource& source, _job& job) {
+    const auto& record = source.record;
     const int used = std::min<int>(record.waitForPreIDCount, vxJ::waitForPreIDCapacity);
     job.waitForPreIDs.assign(record.waitForPreIDs, record.waitForPreIDs + used);
 }
 
-void copyChannels(const _record& record, _job& job) {
-    for (int slot = 0; slot < vxJ::channelCapacity; ++slot) {
-        const auto& channel = record.channels[slot];
+void copyChannels(const _recordSource& source, _job& job) {
+    const int end = vxJ::channelsEnd(source.record, source.pages);
+    for (int slot = 0; slot < end; ++slot) {
+        const auto& channel = source.record.channels[slot];
         if (channel.fileName.isEmpty()) continue;
         job.channels.push_back({slot, channel.fileName.toQString(), channel.extension.toQString()});
     }
 }
 
-void copyCustomData(const _record& record, _job& job) {
+void copyCustomData(const _recordSource& source, _job& job) {
     vxJ::_varValList list;
-    record.sceneSettings.customData_All(list);
+    source.record.sceneSettings.customData_All(list);
     for (const auto& entry : list) job.customData.push_back({entry.name, entry.value});
 }
 
 // ---- the list
 
-using _copy = void (*)(const _record&, _job&);
+using _copy = void (*)(const _recordSource&, _job&);
 
 /// A field that a function of its own copies.
 template <auto Member>
@@ -84,7 +86,7 @@ constexpr _jobField row(const char* name, _copy copy) {
 /// A field that is a member of the record.
 template <auto Member, auto Stored>
 constexpr _jobField row(const char* name) {
-    return row<Member>(name, [](const _record& record, _job& job) { copyMember(record, Stored, job.*Member); });
+    return row<Member>(name, [](const _recordSource& source, _job& job) { copyMember(source, Stored, job.*Member); });
 }
 
 using _settings = vxJ::_JobSettingsScene;
@@ -138,9 +140,9 @@ std::span<const _jobField> jobFields() {
     return fields;
 }
 
-_job jobFromRecord(const _record& record) {
+_job jobFromRecord(const _recordSource& source) {
     _job job;
-    for (const auto& field : fields) field.copyFromRecord(record, job);
+    for (const auto& field : fields) field.copyFromRecord(source, job);
     return job;
 }
 

@@ -21,8 +21,9 @@ void forEachRecord(const vxJ::_JobBasicsArray& records,
 }  // namespace
 
 std::vector<_job> jobsOf(const vxJ::_JobBasicsArray& records) {
+    const vxJ::_writtenPages pages;
     std::vector<_job> jobs;
-    forEachRecord(records, [&](const auto& record, int) { jobs.push_back(jobFromRecord(record)); });
+    forEachRecord(records, [&](const auto& record, int) { jobs.push_back(jobFromRecord({record, pages})); });
     findWaits(jobs);
     return jobs;
 }
