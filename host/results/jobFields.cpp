@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <type_traits>
+#include <utility>
 
 #include "host/results/jsonValues.h"
 
@@ -146,14 +147,45 @@ _job jobFromRecord(const _recordSource& source) {
     return job;
 }
 
-QJsonValue jsonOf(const _job& job) {
-    QJsonObject object;
-    for (const auto& field : fields) object.insert(field.name, field.toJson(job));
+namespace {
+
+using _member = std::pair<QLatin1String, QJsonValue>;
+
+/// All members of a job in the order of their names.
+std::vector<_member> membersOf(const _job& job) {
+    std::vector<_member> members;
+    members.reserve(std::size(fields) + 2);
+    for (const auto& field : fields) members.emplace_back(field.name, field.toJson(job));
     QJsonArray waitsFor;
     for (const int index : job.waitsFor) waitsFor.append(index == noJob ? QJsonValue{} : QJsonValue{index + 1});
-    object.insert(waitsForKey, waitsFor);
-    if (job.resolved) object.insert(resolvedKey, jsonOf(*job.resolved));
+    members.emplace_back(waitsForKey, waitsFor);
+    if (!job.resolved) return members;
+    const auto isBefore = [](QLatin1String name, const _member& member) { return name < member.first; };
+    const auto place = std::upper_bound(members.begin(), members.end(), resolvedKey, isBefore);
+    members.insert(place, {resolvedKey, jsonOf(*job.resolved)});
+    return members;
+}
+
+}  // namespace
+
+QJsonValue jsonOf(const _job& job) {
+    QJsonObject object;
+    for (const auto& [name, value] : membersOf(job)) object.insert(name, value);
     return object;
+}
+
+void writeJson(const std::vector<_job>& jobs, _jsonWriter& writer) {
+    writer.beginArray();
+    for (const auto& job : jobs) {
+        writer.element();
+        writer.beginObject();
+        for (const auto& [name, value] : membersOf(job)) {
+            writer.key(name);
+            writer.value(value);
+        }
+        writer.endObject();
+    }
+    writer.endArray();
 }
 
 void readJson(const QJsonValue& value, _job& job) {

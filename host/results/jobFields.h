@@ -5,6 +5,7 @@
 #include <span>
 
 #include "host/results/job.h"
+#include "host/results/jsonWriter.h"
 #include "jobs/VX_DataTypes_jobs0_Basics.h"
 #include "jobs/recordImage.h"
 
@@ -35,5 +36,7 @@ _job jobFromRecord(const _recordSource& source);
 /// that is no finite number is null, and so is, in `waitsFor`, a job that nobody knows.
 QJsonValue jsonOf(const _job& job);
 void readJson(const QJsonValue& value, _job& job);
+/// A list of such objects, each gone from memory before the next.
+void writeJson(const std::vector<_job>& jobs, _jsonWriter& writer);
 
 }  // namespace vxH
