@@ -25,7 +25,7 @@ constexpr long kilobytesBesideRecords = 64 * 1024;
 /// @param loads  that it counts for: an explained one for two
 void show(const char* what, const _measurement& load, std::size_t bytes, int loads) {
     const double allowed = loads * (secondsOfAnyScene + static_cast<double>(bytes) / bytesPerSecond);
-    const long kilobytes = load.peakKilobytes - static_cast<long>(vxJ::largePathRecordSize / 1024) * load.records;
+    const long kilobytes = load.peakKilobytes - load.recordKilobytes;
     std::printf("%-34s %6.1f MB %6.3f + %6.3f s of %5.2f %-6s %6ld KB %-6s code %2d, %d jobs\n", what,
                 static_cast<double>(bytes) / 1e6, load.ownSeconds, load.kernelSeconds, allowed,
                 load.ownSeconds <= allowed ? "ok" : "SLOW", kilobytes,

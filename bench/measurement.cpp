@@ -7,6 +7,8 @@
 #include <chrono>
 #include <cstdlib>
 
+#include "jobs/sparseMemory.h"
+
 namespace vxBench {
 
 namespace {
@@ -19,6 +21,13 @@ rusage used() {
 
 double secondsBetween(const timeval& start, const timeval& end) {
     return static_cast<double>(end.tv_sec - start.tv_sec) + static_cast<double>(end.tv_usec - start.tv_usec) * 1e-6;
+}
+
+long writtenKilobytes(const vxJ::_JobBasicsArray& jobs) {
+    std::size_t bytes = 0;
+    const auto block = static_cast<std::size_t>(jobs.allocated) * vxJ::largePathRecordSize;
+    for (const auto& [begin, end] : vxJ::_writtenPages{}.in(jobs.jobs, block)) bytes += end - begin;
+    return static_cast<long>(bytes / 1024);
 }
 
 }  // namespace
@@ -65,6 +74,7 @@ _measurement measuredLoad(const std::string& path, int records,
         timed(answer, [&] { answer.code = loadScene(load); });
         answer.jobs = jobs.count;
         answer.records = jobs.allocated;
+        answer.recordKilobytes = writtenKilobytes(jobs);
     });
 }
 

@@ -16,7 +16,8 @@ struct _measurement {
     long peakKilobytes = 0;    ///< above the start of the work
     int code = 0;
     int jobs = 0;
-    int records = 0;  ///< job records that stand in memory
+    int records = 0;           ///< job records that stand in memory
+    long recordKilobytes = 0;  ///< of those that were ever written
 };
 
 /// Runs the work in a child process; what it answers there is the result. Ends the program when the child fails.

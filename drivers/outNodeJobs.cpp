@@ -4,6 +4,7 @@
 #include "drivers/aovFiles.h"
 #include "drivers/outNodeNames.h"
 #include "grammar/houdiniVariables.h"
+#include "jobs/recordImage.h"
 #include "scan/scanBudget.h"
 #include "scan/scanObserver.h"
 #include "shared/vxLatin.h"
@@ -141,8 +142,7 @@ qint32 addJobOfExport(const _driver& driver, vxJ::_JobBasicsArray& jobs) {
     _JobBasics_largePath* job = nullptr;
     if (!jobs.getNewJob(job)) return noMoreJobs();
     const _JobBasics_largePath& exportJob = *jobs.at(jobs.count - 2);
-    static_cast<vxJ::_JobBasics_noSettings_largePath&>(*job) = exportJob;
-    job->sceneSettings = exportJob.sceneSettings;
+    vxJ::_recordImage(exportJob, vxJ::_writtenPages{}).copy(exportJob, *job);
     job->preID = numberOfLastJob(jobs);
     job->waitForPreIDCount = 1;
     job->waitForPreIDs[0] = static_cast<quint8>(jobs.count - 1);

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <span>
 #include <vector>
 
 #include "explain/warnings.h"
+#include "jobs/recordImage.h"
 
 namespace vxE {
 
@@ -29,7 +31,8 @@ QString pathOf(const _JobBasics_largePath& job) {
 QString writtenNamesOf(const _JobBasics_largePath& job) {
     static const QRegularExpression placeholder(QStringLiteral("<[^<>]*>"));
     QStringList names{pathOf(job)};
-    for (const auto& channel : job.channels)
+    const auto end = static_cast<std::size_t>(vxJ::channelsEnd(job, vxJ::_writtenPages{}));
+    for (const auto& channel : std::span(job.channels, end))
         if (!channel.fileName.isEmpty()) names.append(channel.fileName.toQString() + channel.extension.toQString());
     return names.join(QLatin1Char('\n')).remove(placeholder);
 }

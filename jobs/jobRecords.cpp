@@ -3,6 +3,8 @@
 #include <iterator>
 
 #include "jobs/VX_DataTypes_jobs0_Basics.h"
+#include "jobs/recordDefaults.h"
+#include "jobs/sparseMemory.h"
 
 namespace vxJ {
 
@@ -13,13 +15,9 @@ template <class Record>
 void clearToDefaults(Record& record) {
     quint16 headWords[std::size(record.structureIDs)];
     std::memcpy(headWords, record.structureIDs, sizeof headWords);
-    std::memset(static_cast<void*>(&record), 0, sizeof record);
+    clearPages(&record, sizeof record);
     std::memcpy(record.structureIDs, headWords, sizeof headWords);
-    record.jobKind = 2;
-    record.imagePadding = 4;
-    record.sceneSettings.seqStart = 1.0;
-    record.sceneSettings.seqEnd = 1.0;
-    record.sceneSettings.seqStep = 1;
+    setDefaults(record);
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
+#include "jobs/recordImage.h"
 #include "shared/vxNumber.h"
 #include "shared/vxPath.h"
 
@@ -313,7 +315,8 @@ void _JobBasics_largePath::splitImageFileInto_DirFileExt(const bool& printfPaddi
 }
 
 void _JobBasics_largePath::splitImageFileInto_DirFileExt_Channel(const bool& printfPadding) {
-    for (_channelSlot& slot : channels)
+    const int end = channelsEnd(*this, _writtenPages{});
+    for (_channelSlot& slot : std::span(channels, static_cast<std::size_t>(end)))
         if (!slot.fileName.isEmpty())
             slot.fileName = splitChannel<1000>(printfPadding, *this, slot.fileName, slot.extension).view();
 }

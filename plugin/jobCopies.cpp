@@ -46,19 +46,42 @@ _JobBasics_largePath* _jobCopier::newJob() {
 
 /// The waits of the new job are still those of its source.
 /// @return null when the array has no room
-_JobBasics_largePath* _jobCopier::append(const vxJ::_JobBasicsArray& from, qint32 index) {
+_JobBasics_largePath* _jobCopier::append(const vxJ::_JobBasicsArray& from, qint32 index, const _pattern& pattern) {
     _JobBasics_largePath* const job = newJob();
     if (job == nullptr) return nullptr;
-    const _JobBasics_largePath& source = *from.at(index);
-    static_cast<vxJ::_JobBasics_noSettings_largePath&>(*job) = source;
-    job->sceneSettings = source.sceneSettings;
+    pattern.image.copy(*from.at(index), *job);
     job->preID = static_cast<quint8>(jobs.count);
+    channelsEnds.resize(static_cast<std::size_t>(jobs.count), unknownEnd);
+    channelsEnds.back() = pattern.channelsEnd;
     return job;
+}
+
+_jobCopier::_pattern _jobCopier::patternOf(const _JobBasics_largePath& job) const {
+    return {{job, pages}, vxJ::channelsEnd(job, pages)};
+}
+
+/// A job of the array as a pattern; it stays the same while it is copied.
+const _jobCopier::_pattern& _jobCopier::patternAt(qint32 index) {
+    if (index != latestPattern) latest = patternOf(*jobs.at(index));
+    latestPattern = index;
+    return latest;
+}
+
+/// One past the last channel slot in use of a job of the array.
+int _jobCopier::channelsEndOf(qint32 index) const {
+    const auto place = static_cast<std::size_t>(index);
+    const bool isKnown = place < channelsEnds.size() && channelsEnds[place] != unknownEnd;
+    return isKnown ? channelsEnds[place] : vxJ::channelsEnd(*jobs.at(index), pages);
+}
+
+void _jobCopier::beginRound() {
+    copies.clear();
+    latestPattern = -1;
 }
 
 /// @return null when the array has no room
 _JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
-    _JobBasics_largePath* const job = append(jobs, pattern);
+    _JobBasics_largePath* const job = append(jobs, pattern, patternAt(pattern));
     if (job == nullptr) return nullptr;
     const bool isWired = waits.isWired(pattern);
     std::vector<qint32> before = copiesOf(waits.of(pattern), variant, isWired);
@@ -76,7 +99,7 @@ _JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
 qint32 _jobCopier::takeOver(const _resolvedDriver& driver, const vxJ::_JobBasicsArray& made, qint32 from, qint32 behind,
                             _size take, const QString& name) {
     for (qint32 i = from; i < std::min(behind, made.count); ++i) {
-        _JobBasics_largePath* const job = append(made, i);
+        _JobBasics_largePath* const job = append(made, i, patternOf(*made.at(i)));
         if (job == nullptr) return resultNoMoreJobs;
         job->channel = name;
         const auto exported = copies.find({driver.firstJob + i - 1, take});
@@ -120,7 +143,7 @@ qint32 _jobCopier::addDriversOfTakes(const QStringList& takes) {
 }
 
 qint32 _jobCopier::copyForTakes(const QStringList& takes) {
-    copies.clear();
+    beginRound();
     const qint32 patterns = jobs.count;
     const auto hasOwnTake = [](const _JobBasics_largePath& job) { return !nodeActiveTakes.value(job.layer).isEmpty(); };
     qint64 more = 0;
@@ -145,7 +168,7 @@ qint32 _jobCopier::copyForWedge(qint32 pattern, qint32 wedge) {
     for (qint32 index = 0; index < variants; ++index) {
         _JobBasics_largePath* const job = copy(pattern, wedgeVariant(wedge, index));
         if (job == nullptr) return resultNoMoreJobs;
-        nameWedgeVariant(*job, QString::number(index), node.getWedgeFileName(index));
+        nameWedgeVariant(*job, channelsEndOf(jobs.count - 1), QString::number(index), node.getWedgeFileName(index));
     }
     return resultSuccess;
 }
@@ -177,7 +200,7 @@ void _jobCopier::listWedges() {
 }
 
 qint32 _jobCopier::copyForWedges() {
-    copies.clear();
+    beginRound();
     listWedges();
     const qint32 patterns = jobs.count;
     qint64 more = 0;
@@ -188,7 +211,7 @@ qint32 _jobCopier::copyForWedges() {
     for (qint32 pattern = 0; pattern < patterns && result == resultSuccess; ++pattern)
         result = copyForWedgesOf(pattern);
     for (qint32 i = 0; i < jobs.count; ++i)
-        if (_JobBasics_largePath* const job = jobs.at(i)) removeWedgePlaceholders(*job);
+        if (_JobBasics_largePath* const job = jobs.at(i)) removeWedgePlaceholders(*job, channelsEndOf(i));
     return result;
 }
 

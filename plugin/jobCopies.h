@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "jobs/VX_DataTypes_plugin.h"
+#include "jobs/recordImage.h"
 #include "plugin/jobWaits.h"
 #include "plugin/takeJobs.h"
 
@@ -42,9 +43,19 @@ class _jobCopier {
         qint64 variants = 0;          ///< of all of them
     };
 
+    /// A job that is copied.
+    struct _pattern {
+        vxJ::_recordImage image;
+        int channelsEnd = 0;  ///< one past its last channel slot in use
+    };
+
+    void beginRound();
     void reserve(qint64 more);
     vxJ::_JobBasics_largePath* newJob();
-    vxJ::_JobBasics_largePath* append(const vxJ::_JobBasicsArray& from, qint32 index);
+    vxJ::_JobBasics_largePath* append(const vxJ::_JobBasicsArray& from, qint32 index, const _pattern& pattern);
+    _pattern patternOf(const vxJ::_JobBasics_largePath& job) const;
+    const _pattern& patternAt(qint32 index);
+    int channelsEndOf(qint32 index) const;
     vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
     std::vector<qint32> copiesOf(const std::vector<qint32>& patterns, qint64 variant, bool orPattern) const;
     qint32 copyForTake(qint32 pattern, _size take, const QString& name);
@@ -60,6 +71,11 @@ class _jobCopier {
     _jobWaits& waits;
     _takeJobs& ofTakes;
     qint32 firstClear = vxJ::jobArrayCapacity;  ///< records from here on were made for this round and never used
+    vxJ::_writtenPages pages;
+    _pattern latest;
+    qint32 latestPattern = -1;
+    std::vector<int> channelsEnds;  ///< of the copies, by their places in the array
+    static constexpr int unknownEnd = -1;
     // Qt's hash and list would end the process where they get no memory.
     std::map<QString, _driversWedges> wedgesOfDriver;
     std::map<_copyKey, qint32> copies;  ///< of this round

@@ -43,23 +43,23 @@ bool replacePlaceholders(_vxString<1000>& text, const _variant& variant) {
 
 /// Calls `change` for every name of the job that may hold a placeholder.
 template <typename Change>
-void forEachName(vxJ::_JobBasics_largePath& job, Change change) {
+void forEachName(vxJ::_JobBasics_largePath& job, int channelsEnd, Change change) {
     change(job.imageDir);
     change(job.imageFileName);
-    for (vxJ::_channelSlot& slot : job.channels)
-        if (!slot.fileName.isEmpty()) change(slot.fileName);
+    for (int slot = 0; slot < channelsEnd; ++slot)
+        if (!job.channels[slot].fileName.isEmpty()) change(job.channels[slot].fileName);
     if (job.app != appNameHoudini) change(job.sceneName);  // else the scene file itself
 }
 
 }  // namespace
 
-void nameWedgeVariant(vxJ::_JobBasics_largePath& job, const QString& number, const QString& name) {
+void nameWedgeVariant(vxJ::_JobBasics_largePath& job, int channelsEnd, const QString& number, const QString& name) {
     const _variant variant{number, name};
-    forEachName(job, [&](_vxString<1000>& text) { replacePlaceholders(text, variant); });
+    forEachName(job, channelsEnd, [&](_vxString<1000>& text) { replacePlaceholders(text, variant); });
 }
 
-void removeWedgePlaceholders(vxJ::_JobBasics_largePath& job) {
-    forEachName(job, [](_vxString<1000>& text) {
+void removeWedgePlaceholders(vxJ::_JobBasics_largePath& job, int channelsEnd) {
+    forEachName(job, channelsEnd, [](_vxString<1000>& text) {
         while (replacePlaceholders(text, {})) continue;
     });
 }

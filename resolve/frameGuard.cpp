@@ -1,5 +1,6 @@
 #include "resolve/frameGuard.h"
 
+#include "jobs/recordImage.h"
 #include "scan/scanState.h"
 
 namespace vxP {
@@ -45,8 +46,8 @@ QString guardedFromFrames(const QString& name) {
 void removeFrameGuards(vxJ::_JobBasics_largePath& job) {
     remove(job.imageDir);
     remove(job.imageFileName);
-    for (vxJ::_channelSlot& slot : job.channels)
-        if (!slot.fileName.isEmpty()) remove(slot.fileName);
+    const int end = vxJ::channelsEnd(job, vxJ::_writtenPages{});
+    for (int slot = 0; slot < end; ++slot) remove(job.channels[slot].fileName);
 }
 
 }  // namespace vxP

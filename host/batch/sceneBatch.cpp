@@ -57,6 +57,8 @@ class _batch {
             if (isStopped || isFinished()) break;
             const bool hasMore = readAhead();
             progress.update({finished, scenes.found(), scenes.isComplete()});
+            if (progress.wantsReading() && !running.empty())
+                progress.show(readingOf(running.front().child.process, places.front().outcome.scene));
             wait(hasMore ? milliseconds{0} : longestWait());
             if (_interrupts::takeChildEnded()) collectEnded();
             killLate();

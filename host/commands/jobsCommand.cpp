@@ -51,12 +51,15 @@ int printJobs(const _options& options, const _submitterArguments& submitter, con
 /// The table needs explanations. The readers that explain are those of the program's own plug-in: one load is enough.
 int run(const _options& options, const _submitterArguments& submitter) {
     const auto path = QString::fromStdString(options.plugin);
+    const bool isOwnFile = options.plugin == options.ownPlugin;
+    _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
+    if (isOwnFile && !options.printsTable()) plugin.load(path);  // another shows in a child first that it can be loaded
     const auto answer = askForInfo({path, options.scenes.timeout});
     if (answer.code != 0) return noPlugin(answer.failure);
     const auto infoProblem = problemOfInfo(answer.info);
     const auto fileFilter = infoProblem.isEmpty() ? answer.info.fileFilter : sceneFileFilter();
     if (!infoProblem.isEmpty()) writeError(QStringLiteral("%1: %2").arg(path, infoProblem));
-    const bool isOwn = options.plugin == options.ownPlugin && isOwnPlugin(answer.info);
+    const bool isOwn = isOwnFile && isOwnPlugin(answer.info);
     const bool resolves = asksToResolve(submitter);
     if (isOwn && options.printsTable()) {
         const auto explain = [&](const QString& scene) {
@@ -65,7 +68,6 @@ int run(const _options& options, const _submitterArguments& submitter) {
         };
         return printJobs(options, submitter, fileFilter, explain);
     }
-    _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
     if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
     const auto load = [&](const QString& scene) -> _explainedScene {
         if (isOwn && resolves) return {loadWithNotes(scene, submitter), {}, {}};

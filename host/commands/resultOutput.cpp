@@ -3,16 +3,15 @@
 #include <unistd.h>
 
 #include "host/base/descriptorWrite.h"
-#include "host/results/sceneJson.h"
 
 namespace vxH {
 
 _resultFormat jsonFormat() {
-    return {"json", jsonList, [](const auto& scene, const auto&) { return jsonText(explainedToJson(scene), true); }};
+    return {"json", jsonList, [](const auto& scene, const auto&) { return explainedText(scene, true); }};
 }
 
 _resultFormat jsonLinesFormat() {
-    return {"jsonl", lines, [](const auto& scene, const auto&) { return jsonText(explainedToJson(scene), false); }};
+    return {"jsonl", lines, [](const auto& scene, const auto&) { return explainedText(scene, false); }};
 }
 
 bool _resultOutput::print(const QByteArray& text) {

@@ -48,14 +48,14 @@ bool isDriverByPathOnly(const vxE::_explainedSection& section) {
 
 }  // namespace
 
-QJsonObject explainedToJson(const _explainedScene& scene) {
-    auto object = sceneToJson(scene);
+QString explainedText(const _explainedScene& scene, bool indented) {
+    auto object = jobsApartToJson(scene);
     auto explanation = explanationToJson(scene.explanation);
     removeParts(scene.filter.parts(), explanation);
     if (const auto filter = filterToJson(scene.filter); !filter.isEmpty()) object.insert(filterKey, filter);
     for (auto member = explanation.begin(); member != explanation.end(); ++member)
         object.insert(member.key(), member.value());
-    return object;
+    return jsonText(object, scene.jobs, indented);
 }
 
 bool isAside(const vxE::_explainedSection& section) {

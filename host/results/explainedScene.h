@@ -14,8 +14,9 @@ struct _explainedScene : _sceneResult {
     _explanationFilter filter{};    ///< which entries of it are there
 };
 
-/// The members of sceneJson.h and, of a scene that was read, those of explanationJson.h that were asked for.
-QJsonObject explainedToJson(const _explainedScene& scene);
+/// JSON of the members of sceneJson.h and, of a scene that was read, those of explanationJson.h that were asked for, as
+/// it is printed.
+QString explainedText(const _explainedScene& scene, bool indented);
 
 /// Why a scene has no jobs: its drivers, none of which gives one, or that there are none; and how many nodes look like
 /// drivers but were not recognised. One line.

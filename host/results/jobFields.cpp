@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <type_traits>
+#include <utility>
 
 #include "host/results/jsonValues.h"
 
@@ -42,36 +43,38 @@ _value valueOf(const _stored& stored) {
 }
 
 template <class _part, class _stored, class _value>
-void copyMember(const _record& record, _stored _part::*member, _value& value) {
-    value = valueOf<_value>(partOf(record, static_cast<const _part*>(nullptr)).*member);
+void copyMember(const _recordSource& source, _stored _part::*member, _value& value) {
+    value = valueOf<_value>(partOf(source.record, static_cast<const _part*>(nullptr)).*member);
 }
 
-void copyStructureIDs(const _record& record, _job& job) {
-    job.structureIDs.assign(std::begin(record.structureIDs), std::end(record.structureIDs));
+void copyStructureIDs(const _recordSource& source, _job& job) {
+    job.structureIDs.assign(std::begin(source.record.structureIDs), std::end(source.record.structureIDs));
 }
 
-void copyWaitForPreIDs(const _record& record, _job& job) {
+void copyWaitForPreIDs(const _recordSource& source, _job& job) {
+    const auto& record = source.record;
     const int used = std::min<int>(record.waitForPreIDCount, vxJ::waitForPreIDCapacity);
     job.waitForPreIDs.assign(record.waitForPreIDs, record.waitForPreIDs + used);
 }
 
-void copyChannels(const _record& record, _job& job) {
-    for (int slot = 0; slot < vxJ::channelCapacity; ++slot) {
-        const auto& channel = record.channels[slot];
+void copyChannels(const _recordSource& source, _job& job) {
+    const int end = vxJ::channelsEnd(source.record, source.pages);
+    for (int slot = 0; slot < end; ++slot) {
+        const auto& channel = source.record.channels[slot];
         if (channel.fileName.isEmpty()) continue;
         job.channels.push_back({slot, channel.fileName.toQString(), channel.extension.toQString()});
     }
 }
 
-void copyCustomData(const _record& record, _job& job) {
+void copyCustomData(const _recordSource& source, _job& job) {
     vxJ::_varValList list;
-    record.sceneSettings.customData_All(list);
+    source.record.sceneSettings.customData_All(list);
     for (const auto& entry : list) job.customData.push_back({entry.name, entry.value});
 }
 
 // ---- the list
 
-using _copy = void (*)(const _record&, _job&);
+using _copy = void (*)(const _recordSource&, _job&);
 
 /// A field that a function of its own copies.
 template <auto Member>
@@ -84,7 +87,7 @@ constexpr _jobField row(const char* name, _copy copy) {
 /// A field that is a member of the record.
 template <auto Member, auto Stored>
 constexpr _jobField row(const char* name) {
-    return row<Member>(name, [](const _record& record, _job& job) { copyMember(record, Stored, job.*Member); });
+    return row<Member>(name, [](const _recordSource& source, _job& job) { copyMember(source, Stored, job.*Member); });
 }
 
 using _settings = vxJ::_JobSettingsScene;
@@ -138,20 +141,51 @@ std::span<const _jobField> jobFields() {
     return fields;
 }
 
-_job jobFromRecord(const _record& record) {
+_job jobFromRecord(const _recordSource& source) {
     _job job;
-    for (const auto& field : fields) field.copyFromRecord(record, job);
+    for (const auto& field : fields) field.copyFromRecord(source, job);
     return job;
 }
 
-QJsonValue jsonOf(const _job& job) {
-    QJsonObject object;
-    for (const auto& field : fields) object.insert(field.name, field.toJson(job));
+namespace {
+
+using _member = std::pair<QLatin1String, QJsonValue>;
+
+/// All members of a job in the order of their names.
+std::vector<_member> membersOf(const _job& job) {
+    std::vector<_member> members;
+    members.reserve(std::size(fields) + 2);
+    for (const auto& field : fields) members.emplace_back(field.name, field.toJson(job));
     QJsonArray waitsFor;
     for (const int index : job.waitsFor) waitsFor.append(index == noJob ? QJsonValue{} : QJsonValue{index + 1});
-    object.insert(waitsForKey, waitsFor);
-    if (job.resolved) object.insert(resolvedKey, jsonOf(*job.resolved));
+    members.emplace_back(waitsForKey, waitsFor);
+    if (!job.resolved) return members;
+    const auto isBefore = [](QLatin1String name, const _member& member) { return name < member.first; };
+    const auto place = std::upper_bound(members.begin(), members.end(), resolvedKey, isBefore);
+    members.insert(place, {resolvedKey, jsonOf(*job.resolved)});
+    return members;
+}
+
+}  // namespace
+
+QJsonValue jsonOf(const _job& job) {
+    QJsonObject object;
+    for (const auto& [name, value] : membersOf(job)) object.insert(name, value);
     return object;
+}
+
+void writeJson(const std::vector<_job>& jobs, _jsonWriter& writer) {
+    writer.beginArray();
+    for (const auto& job : jobs) {
+        writer.element();
+        writer.beginObject();
+        for (const auto& [name, value] : membersOf(job)) {
+            writer.key(name);
+            writer.value(value);
+        }
+        writer.endObject();
+    }
+    writer.endArray();
 }
 
 void readJson(const QJsonValue& value, _job& job) {

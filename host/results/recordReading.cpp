@@ -1,5 +1,6 @@
 #include "host/results/recordReading.h"
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -21,8 +22,10 @@ void forEachRecord(const vxJ::_JobBasicsArray& records,
 }  // namespace
 
 std::vector<_job> jobsOf(const vxJ::_JobBasicsArray& records) {
+    const vxJ::_writtenPages pages;
     std::vector<_job> jobs;
-    forEachRecord(records, [&](const auto& record, int) { jobs.push_back(jobFromRecord(record)); });
+    jobs.reserve(static_cast<std::size_t>(std::clamp(records.count, 0, std::max(records.allocated, 0))));
+    forEachRecord(records, [&](const auto& record, int) { jobs.push_back(jobFromRecord({record, pages})); });
     findWaits(jobs);
     return jobs;
 }

@@ -1,10 +1,8 @@
 #include "host/results/sceneJson.h"
 
-#include <QJsonDocument>
-
-#include "host/base/displayText.h"
 #include "host/results/jobFields.h"
 #include "host/results/jsonValues.h"
+#include "host/results/jsonWriter.h"
 
 namespace vxH {
 namespace {
@@ -21,19 +19,6 @@ constexpr QLatin1String jobsKey{"jobs"};
 constexpr QLatin1String jobKey{"job"};
 constexpr QLatin1String layerKey{"layer"};
 constexpr QLatin1String variablesKey{"variables"};
-
-/// JSON with `\u` for what could steer a terminal or reorder a line. Outside its texts only line ends are of that kind.
-QString withEscapes(const QString& json) {
-    return withoutHarmful(json, [](QStringView character) {
-        QString escapes;
-        if (character.front() == QLatin1Char('\n')) return QStringLiteral("\n");
-        for (const QChar unit : character) {
-            const int code = unit.unicode();
-            escapes += QStringLiteral("\\u%1").arg(code, 4, 16, QLatin1Char('0'));
-        }
-        return escapes;
-    });
-}
 
 }  // namespace
 
@@ -64,9 +49,14 @@ _sceneHead headFromJson(const QJsonObject& object) {
 }
 
 QJsonObject sceneToJson(const _sceneResult& result) {
+    auto object = jobsApartToJson(result);
+    object.insert(jobsKey, jsonOf(result.jobs));
+    return object;
+}
+
+QJsonObject jobsApartToJson(const _sceneResult& result) {
     auto object = headToJson(result);
     object.insert(messageKey, result.message);
-    object.insert(jobsKey, jsonOf(result.jobs));
     return object;
 }
 
@@ -90,8 +80,25 @@ _sceneVariables variablesFromJson(const QJsonObject& object) {
 
 QString jsonText(QJsonObject object, bool indented) {
     object.insert(formatVersionKey, formatVersion);
-    const auto bytes = QJsonDocument(object).toJson(indented ? QJsonDocument::Indented : QJsonDocument::Compact);
-    return withEscapes(QString::fromUtf8(bytes).trimmed());
+    _jsonWriter writer{indented};
+    writer.value(object);
+    return QString::fromUtf8(writer.text());
+}
+
+QString jsonText(QJsonObject object, const std::vector<_job>& jobs, bool indented) {
+    object.insert(formatVersionKey, formatVersion);
+    object.insert(jobsKey, QJsonValue{});  // for its place
+    _jsonWriter writer{indented};
+    writer.beginObject();
+    for (auto member = object.begin(); member != object.end(); ++member) {
+        writer.key(member.key());
+        if (member.key() == jobsKey)
+            writeJson(jobs, writer);
+        else
+            writer.value(member.value());
+    }
+    writer.endObject();
+    return QString::fromUtf8(writer.text());
 }
 
 }  // namespace vxH

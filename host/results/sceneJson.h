@@ -15,6 +15,8 @@ _sceneHead headFromJson(const QJsonObject& object);
 
 /// The same with `message` and `jobs`, see jobFields.h.
 QJsonObject sceneToJson(const _sceneResult& result);
+/// The same without `jobs`.
+QJsonObject jobsApartToJson(const _sceneResult& result);
 _sceneResult sceneFromJson(const QJsonObject& object);
 
 /// The head with `jobs`: {job, layer, variables: [{name, value}]}.
@@ -24,5 +26,7 @@ _sceneVariables variablesFromJson(const QJsonObject& object);
 /// An object as it is printed, with the version of the format and without a line end. Characters that could steer a
 /// terminal or reorder a line are written as `\u`.
 QString jsonText(QJsonObject object, bool indented);
+/// The same with the jobs as a further member, `jobs`.
+QString jsonText(QJsonObject object, const std::vector<_job>& jobs, bool indented);
 
 }  // namespace vxH

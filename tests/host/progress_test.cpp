@@ -2,6 +2,9 @@
 #include "host/batch/progress.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QTemporaryFile>
 
 #include "tests/testText.h"
 
@@ -28,6 +31,24 @@ class ProgressLine : public testing::TestWithParam<_line> {};
 TEST_P(ProgressLine, TellsWhatIsKnownInTheWidth) {
     const auto& row = GetParam();
     EXPECT_EQ(vxTest::plain(vxH::progressLine(row.state, row.seconds, row.width)), row.text);
+}
+
+TEST(ReadingLine, TellsWhatIsKnownOfASingleScene) {
+    const auto line = [](const vxH::_sceneReading& reading, int width) {
+        return vxTest::plain(vxH::readingLine(reading, 3, width));
+    };
+    EXPECT_EQ(line({400'000'000, 1'300'000'000}, 45), "[=====>            ] 0.4 of 1.3 GB read  0:03");
+    EXPECT_EQ(line({70'000'000, 70'000'000}, 22), "70 of 70 MB read  0:03");
+    EXPECT_EQ(line({}, 80), "0:03");
+}
+
+TEST(Reading, IsThatOfTheProcessThatHasTheSceneOpen) {
+    QTemporaryFile scene;
+    ASSERT_TRUE(scene.open() && scene.write("0123456789") == 10 && scene.flush());
+    ASSERT_EQ(lseek(scene.handle(), 4, SEEK_SET), 4);
+    const auto found = vxH::readingOf(getpid(), scene.fileName());
+    EXPECT_EQ(std::pair(found.read, found.size), std::pair(qint64{4}, qint64{10}));
+    EXPECT_EQ(vxH::readingOf(getpid(), QStringLiteral("/dev/null/none")).size, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ProgressLine, testing::ValuesIn(lines), vxTest::rowName);

@@ -28,7 +28,7 @@ TEST(JobFields, ComeThroughJsonAsTheyAre) {
     record->sceneSettings.seqStart = -1.5;
     record->sceneSettings.seqEnd = std::numeric_limits<double>::infinity();
     record->sceneSettings.customDataSet_Str(QStringLiteral("HoudiniJob"), QStringLiteral("/job"));
-    auto job = jobFromRecord(*record);
+    auto job = jobFromRecord({*record, {}});
     job.waitsFor = {noJob, 0, 16383};
     _job read;
     readJson(jsonOf(job), read);
