@@ -10,13 +10,14 @@ namespace vxH {
 _command jobsCommand();
 _command explainCommand();
 _command reportCommand();
+_command filesCommand();
 _command varsCommand();
 _command diffCommand();
 _command valuesCommand();
 _command infoCommand();
 
 /// In the order in which the help shows them.
-inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, varsCommand,
-                                        diffCommand, valuesCommand,  infoCommand};
+inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, filesCommand,
+                                        varsCommand, diffCommand,    valuesCommand, infoCommand};
 
 }  // namespace vxH

@@ -29,13 +29,6 @@ QString inSceneFolder(QString rest, QString folder) {
     return folder + rest;
 }
 
-QString writtenOutFolder(const _job& job, const QString& scene) {
-    const QString& folder = job.imageDir;
-    if (folder.startsWith(sceneFolderMark))
-        return inSceneFolder(folder.mid(sceneFolderMark.size()), vxS::vxGetDirName(scene, separator));
-    return folder.startsWith(databaseMark) ? job.sceneDatabaseDir + folder.mid(databaseMark.size()) : folder;
-}
-
 }  // namespace
 
 QString rendererCell(const _job& job) {
@@ -52,10 +45,16 @@ QString framesCell(const _job& job) {
     return job.seqStep == 1 ? range : range + QStringLiteral(" x%1").arg(job.seqStep);
 }
 
+QString writtenOutFolder(const QString& folder, const _job& job, const QString& scene) {
+    if (folder.startsWith(sceneFolderMark))
+        return inSceneFolder(folder.mid(sceneFolderMark.size()), vxS::vxGetDirName(scene, separator));
+    return folder.startsWith(databaseMark) ? job.sceneDatabaseDir + folder.mid(databaseMark.size()) : folder;
+}
+
 QString outputCell(const _job& job, const QString& scene) {
     const bool hasDigits = !job.imageFileName.isEmpty() && !job.imageSingleOutputFile;
     const QString digits{hasDigits ? job.imagePadding : 0, QLatin1Char('#')};
-    QString output = writtenOutFolder(job, scene) + job.imageFileName + digits + job.imageExtension;
+    QString output = writtenOutFolder(job.imageDir, job, scene) + job.imageFileName + digits + job.imageExtension;
     return job.channel.isEmpty() ? output : output.replace(channelMark, job.channel);
 }
 
