@@ -49,11 +49,9 @@ class _foundSet {
           range(files->use == _frameUse::oneEach ? *files->frames : _frameRange{0, 0, 1}) {}
 
     void take(const _foundFile& file) {
-        const qint64 distance = file.frame - range.first;
-        if (distance < 0 || file.frame > range.last || distance % range.step != 0) return;
         const bool isOlder =
             question->asksForSizes && question->notOlderThan && isBefore(file.changed, *question->notOlderThan);
-        found.push_back({distance / range.step, file.bytes, isOlder});
+        found.push_back({file.place, file.bytes, isOlder});
     }
 
     _diskState state() {
@@ -117,7 +115,7 @@ class _foundSet {
 class _folderStates {
  public:
     void add(std::size_t at, const _outputFiles& files, const _diskQuestion& question) {
-        scan.add({files.prefix.toUtf8(), files.suffix.toUtf8(), files.padding});
+        scan.add({files.prefix.toUtf8(), files.suffix.toUtf8(), files.padding, files.frames.value_or(_frameRange{})});
         places.push_back(at);
         sets.emplace_back(files, question);
     }

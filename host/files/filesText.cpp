@@ -67,11 +67,12 @@ class _missingFolders {
         auto& folder = folders[files.folder];
         if (folder.isTold) return {};
         folder.isTold = true;
+        const bool isOne = folder.jobs.size() == 1 && folder.jobs.front().first == folder.jobs.front().last;
         const QString jobs = frameListText(foldedFrames({0, folder.jobs.back().last, 1}, folder.jobs));
         return rightAligned(QString::number(files.job), jobWidth) + QLatin1String("  ") +
                QStringLiteral("folder").leftJustified(wordWidth) +
                rightAligned(QString::number(folder.files), countWidth) + QLatin1String("  ") + printable(files.folder) +
-               QStringLiteral(" is not there: jobs %1\n").arg(jobs);
+               QStringLiteral(" is not there: %1 %2\n").arg(QLatin1String{isOne ? "job" : "jobs"}, jobs);
     }
 
  private:

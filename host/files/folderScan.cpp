@@ -117,13 +117,19 @@ class _folderScan::_reading {
             scan.numbered.constFind(numberedKey(name.substr(0, prefix), name.substr(name.size() - suffix)));
         if (found == scan.numbered.constEnd()) return;
         for (const auto place : *found)
-            if (isPadded(*text, scan.paddings[place])) hand(place, text->frame, file);
+            if (isPadded(*text, scan.numbers[place].padding)) handFrame(place, text->frame, file);
     }
 
-    void hand(std::size_t place, qint64 frame, _fileLook& look) const {
+    void handFrame(std::size_t wanted, qint64 frame, _fileLook& file) const {
+        const auto& [first, last, step] = scan.numbers[wanted].frames;
+        const bool isWanted = first <= frame && frame <= last && (frame - first) % step == 0;
+        if (isWanted) hand(wanted, (frame - first) / step, file);
+    }
+
+    void hand(std::size_t wanted, qint64 place, _fileLook& look) const {
         _foundFile file;
-        file.frame = frame;
-        if (look.fill(file)) take(place, file);
+        file.place = place;
+        if (look.fill(file)) take(wanted, file);
     }
 
     const _folderScan& scan;
@@ -131,8 +137,8 @@ class _folderScan::_reading {
 };
 
 void _folderScan::add(const _wantedName& name) {
-    const auto place = paddings.size();
-    paddings.push_back(name.padding);
+    const auto place = numbers.size();
+    numbers.push_back({name.padding, name.frames});
     if (name.padding == 0) {
         whole[name.prefix + name.suffix].push_back(place);
         return;

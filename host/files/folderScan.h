@@ -10,18 +10,21 @@
 #include <utility>
 #include <vector>
 
+#include "host/results/frameRange.h"
+
 namespace vxH {
 
 /// A name in a folder: one file, or one for each frame.
 struct _wantedName {
     QByteArray prefix;  ///< of one file the whole name
     QByteArray suffix;
-    int padding = 0;  ///< least digits of the frame number; 0: one file
+    int padding = 0;     ///< least digits of the frame number; 0: one file
+    _frameRange frames;  ///< that are wanted
 };
 
 /// What a file is found to be.
 struct _foundFile {
-    qint64 frame = 0;   ///< 0 where the name has none
+    qint64 place = 0;   ///< of its frame among those wanted, from 0
     qint64 bytes = -1;  ///< -1: nobody asked
     timespec changed{};
 };
@@ -45,11 +48,15 @@ class _folderScan {
 
  private:
     class _reading;
+    struct _frameNumbers {
+        int padding;
+        _frameRange frames;
+    };
 
     QHash<QByteArray, std::vector<std::size_t>> numbered;  // places by prefix, NUL and suffix
     QHash<QByteArray, std::vector<std::size_t>> whole;     // places by name
     std::set<std::pair<int, int>> lengths;                 // of the prefixes and suffixes of numbered ones
-    std::vector<int> paddings;                             // by place
+    std::vector<_frameNumbers> numbers;                    // by place
 };
 
 }  // namespace vxH
