@@ -23,6 +23,20 @@ QString framesText(const _outputFiles& files) {
     return files.frames ? frameListText({*files.frames}) : QString{};
 }
 
+/// A line for each fault.
+QStringList missingLines(const _outputFiles& files, const _diskState& state) {
+    const QString name = files.path().mid(files.folder.size());
+    if (state.isFolderMissing) return {QStringLiteral("%1: its folder is not there").arg(name)};
+    QStringList lines;
+    for (std::size_t i = 0; i < faultWords.size(); ++i) {
+        if (state.faults[i].empty()) continue;
+        const bool isOneEach = files.use == _frameUse::oneEach;
+        lines.append(name + QLatin1String(": ") + faultWords[i].word +
+                     (isOneEach ? QLatin1Char(' ') + frameListText(state.faults[i]) : QString{}));
+    }
+    return lines;
+}
+
 QJsonObject stateToJson(const _diskState& state) {
     QJsonObject faults;
     for (std::size_t i = 0; i < faultWords.size(); ++i)
@@ -70,6 +84,23 @@ _filesSum sumOf(const _sceneFiles& scene) {
         if (scene.states) sum.present += (*scene.states)[i].present;
     }
     return sum;
+}
+
+std::vector<_jobFilesThere> filesThereByJob(const _sceneFiles& scene) {
+    std::vector<_jobFilesThere> jobs(static_cast<std::size_t>(scene.jobs));
+    for (std::size_t i = 0; i < scene.files.size(); ++i) {
+        const auto& files = scene.files[i];
+        const auto& state = (*scene.states)[i];
+        auto& job = jobs[static_cast<std::size_t>(files.job) - 1];
+        if (!state.isTold()) {
+            ++job.unknown;
+            continue;
+        }
+        job.files += files.count();
+        job.present += state.present;
+        job.missing += missingLines(files, state);
+    }
+    return jobs;
 }
 
 _sceneFiles sceneFilesOf(const _explainedScene& scene, const std::optional<_diskQuestion>& question) {

@@ -1,6 +1,7 @@
 // What the files of a scene's jobs come to.
 #pragma once
 
+#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -25,6 +26,17 @@ struct _filesSum {
 };
 
 _filesSum sumOf(const _sceneFiles& scene);
+
+/// What of a job's files is there.
+struct _jobFilesThere {
+    qint64 files = 0;  ///< of sets whose state is known
+    qint64 present = 0;
+    int unknown = 0;      ///< sets of which nothing is known
+    QStringList missing;  ///< a line for each set and fault: "a.####.exr: absent 1041-1100"
+};
+
+/// An entry for each job. @pre the disk was looked at
+std::vector<_jobFilesThere> filesThereByJob(const _sceneFiles& scene);
 
 /// @param question  none: the disk is not looked at
 _sceneFiles sceneFilesOf(const _explainedScene& scene, const std::optional<_diskQuestion>& question);
