@@ -14,10 +14,11 @@ _command filesCommand();
 _command varsCommand();
 _command diffCommand();
 _command valuesCommand();
+_command exportCommand();
 _command infoCommand();
 
 /// In the order in which the help shows them.
-inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, filesCommand,
-                                        varsCommand, diffCommand,    valuesCommand, infoCommand};
+inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, filesCommand, varsCommand,
+                                        diffCommand, valuesCommand,  exportCommand, infoCommand};
 
 }  // namespace vxH

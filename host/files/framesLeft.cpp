@@ -1,6 +1,10 @@
 #include "host/files/framesLeft.h"
 
 #include <algorithm>
+#include <optional>
+
+#include "host/results/jobFrames.h"
+#include "host/results/jobWaits.h"
 
 namespace vxH {
 namespace {
@@ -57,6 +61,47 @@ class _jobLeft {
     std::vector<_frameRun> runs;
 };
 
+/// Runs of places that are in both lists.
+std::vector<_frameRun> common(const std::vector<_frameRun>& runs, const std::vector<_frameRun>& others) {
+    std::vector<_frameRun> both;
+    auto other = others.begin();
+    for (const auto& run : runs) {
+        while (other != others.end() && other->last < run.first) ++other;
+        for (auto one = other; one != others.end() && one->first <= run.last; ++one)
+            both.push_back({std::max(run.first, one->first), std::min(run.last, one->last)});
+    }
+    return both;
+}
+
+/// Places of the frames that are left of the jobs which render what the job writes.
+/// @return none: there are no such jobs, or it is not known
+std::optional<std::vector<_frameRun>> fedPlaces(const std::vector<_job>& jobs, std::size_t job,
+                                                const _frameRange& range, const std::vector<_framesLeft>& left) {
+    std::optional<std::vector<_frameRun>> places;
+    for (std::size_t other = job + 1; other < jobs.size(); ++other) {
+        const auto& waits = jobs[other].waitsFor;
+        if (std::find(waits.begin(), waits.end(), static_cast<int>(job)) == waits.end()) continue;
+        const bool isKnown = left[other].unknown.isEmpty() && rendersWhatIsWritten(jobs[other], jobs[job]) &&
+                             wholeFrames(jobs[other]) == range;
+        if (!isKnown) return std::nullopt;
+        if (!places) places.emplace();
+        addPlaces(left[other].frames, range, *places);
+    }
+    if (places) places = joined(std::move(*places));
+    return places;
+}
+
+/// Takes off the job what no job that it feeds has left.
+void leaveWhatIsFed(const std::vector<_job>& jobs, std::size_t job, std::vector<_framesLeft>& left) {
+    const auto range = wholeFrames(jobs[job]);
+    if (!range || left[job].frames.empty()) return;
+    const auto fed = fedPlaces(jobs, job, *range, left);
+    if (!fed || (jobs[job].imageSingleOutputFile && !fed->empty())) return;
+    std::vector<_frameRun> own;
+    addPlaces(left[job].frames, *range, own);
+    left[job].frames = foldedFrames(*range, common(joined(std::move(own)), *fed));
+}
+
 }  // namespace
 
 std::vector<_framesLeft> framesLeft(const std::vector<_outputFiles>& files, const std::vector<_diskState>& states) {
@@ -72,7 +117,9 @@ std::vector<_framesLeft> framesLeft(const std::vector<_outputFiles>& files, cons
 
 std::vector<_framesLeft> framesLeft(const _explainedScene& scene, const _diskQuestion& question) {
     const auto files = outputFilesOf(scene);
-    return framesLeft(files, diskStatesOf(files, question));
+    auto left = framesLeft(files, diskStatesOf(files, question));
+    for (auto job = left.size(); job > 0; --job) leaveWhatIsFed(scene.jobs, job - 1, left);
+    return left;
 }
 
 }  // namespace vxH

@@ -19,7 +19,9 @@ struct _framesLeft {
 /// @param states  of these
 std::vector<_framesLeft> framesLeft(const std::vector<_outputFiles>& files, const std::vector<_diskState>& states);
 
-/// The same of a scene, from the disk. Without sizes and times only what is absent is left.
+/// The same of a scene, from the disk. Without sizes and times only what is absent is left. Of a job that only feeds
+/// others, as one that exports scene descriptions does, no frame is left that is left of none of them: people remove
+/// such files once the images are there. A job that writes one file for all frames has all of them left, or none.
 std::vector<_framesLeft> framesLeft(const _explainedScene& scene, const _diskQuestion& question);
 
 }  // namespace vxH

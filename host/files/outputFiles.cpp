@@ -154,7 +154,7 @@ class _jobFiles {
         auto& added = files.emplace_back();
         added.job = number;
         added.driver = job.layer;
-        const QString front = filledIn(writtenOutFolder(name.front, job, scene.scene), job, side);
+        const QString front = filledIn(writtenOut(name.front, job, scene.scene), job, side);
         const auto folderEnd = front.lastIndexOf(separator) + 1;
         added.folder = front.left(folderEnd);
         added.prefix = front.mid(folderEnd);

@@ -23,15 +23,14 @@ QString framesText(const _outputFiles& files) {
     return files.frames ? frameListText({*files.frames}) : QString{};
 }
 
-/// A line for each fault.
-QStringList missingLines(const _outputFiles& files, const _diskState& state) {
-    const QString name = files.path().mid(files.folder.size());
-    if (state.isFolderMissing) return {QStringLiteral("%1: its folder is not there").arg(name)};
+/// A line for each fault. @param name  in front of it
+QStringList missingLines(const _outputFiles& files, const _diskState& state, const QString& name) {
+    if (state.isFolderMissing) return {name + QLatin1String("the folder is not there")};
     QStringList lines;
     for (std::size_t i = 0; i < faultWords.size(); ++i) {
         if (state.faults[i].empty()) continue;
         const bool isOneEach = files.use == _frameUse::oneEach;
-        lines.append(name + QLatin1String(": ") + faultWords[i].word +
+        lines.append(name + faultWords[i].word +
                      (isOneEach ? QLatin1Char(' ') + frameListText(state.faults[i]) : QString{}));
     }
     return lines;
@@ -98,7 +97,12 @@ std::vector<_jobFilesThere> filesThereByJob(const _sceneFiles& scene) {
         }
         job.files += files.count();
         job.present += state.present;
-        job.missing += missingLines(files, state);
+        const auto isOfJob = [&](std::size_t at) {
+            return at < scene.files.size() && scene.files[at].job == files.job;
+        };
+        const bool isAlone = !isOfJob(i + 1) && (i == 0 || !isOfJob(i - 1));
+        const QString name = files.path().mid(files.folder.size()) + QLatin1String(": ");
+        job.missing += missingLines(files, state, isAlone ? QString{} : name);
     }
     return jobs;
 }

@@ -31,8 +31,9 @@ _filesSum sumOf(const _sceneFiles& scene);
 struct _jobFilesThere {
     qint64 files = 0;  ///< of sets whose state is known
     qint64 present = 0;
-    int unknown = 0;      ///< sets of which nothing is known
-    QStringList missing;  ///< a line for each set and fault: "a.####.exr: absent 1041-1100"
+    int unknown = 0;  ///< sets of which nothing is known
+    QStringList
+        missing;  ///< a line for each set and fault: "absent 1041-1100"; the file is named where there are several sets
 };
 
 /// An entry for each job. @pre the disk was looked at
