@@ -17,6 +17,11 @@ namespace vxH {
 _explainedScene explainScene(const QString& scene, const _submitterArguments& arguments,
                              vxE::_surveyBreadth breadth = vxE::_surveyBreadth::wholeScene);
 
+/// The same for who needs the records too. @param use  gets the scene with its jobs, but not yet its code
+_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments,
+                             const std::function<void(const _explainedScene&, const vxJ::_JobBasicsArray&)>& use,
+                             vxE::_surveyBreadth breadth = vxE::_surveyBreadth::wholeScene);
+
 /// Whether a plug-in that says this of itself is the one that is built into this program, as far as it says.
 bool isOwnPlugin(const _pluginInfo& info);
 

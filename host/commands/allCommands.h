@@ -10,6 +10,7 @@ namespace vxH {
 _command jobsCommand();
 _command explainCommand();
 _command reportCommand();
+_command filesCommand();
 _command varsCommand();
 _command diffCommand();
 _command valuesCommand();
@@ -17,7 +18,7 @@ _command exportCommand();
 _command infoCommand();
 
 /// In the order in which the help shows them.
-inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, varsCommand,
+inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, filesCommand, varsCommand,
                                         diffCommand, valuesCommand,  exportCommand, infoCommand};
 
 }  // namespace vxH
