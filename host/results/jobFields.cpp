@@ -144,7 +144,7 @@ _job jobFromRecord(const _record& record) {
     return job;
 }
 
-QJsonValue jsonOf(const _job& job) {
+QJsonObject jobToJson(const _job& job) {
     QJsonObject object;
     for (const auto& field : fields) object.insert(field.name, field.toJson(job));
     QJsonArray waitsFor;
@@ -152,6 +152,10 @@ QJsonValue jsonOf(const _job& job) {
     object.insert(waitsForKey, waitsFor);
     if (job.resolved) object.insert(resolvedKey, jsonOf(*job.resolved));
     return object;
+}
+
+QJsonValue jsonOf(const _job& job) {
+    return jobToJson(job);
 }
 
 void readJson(const QJsonValue& value, _job& job) {

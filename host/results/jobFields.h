@@ -1,7 +1,7 @@
 // The fields of a job: what each is called, and its ways from the record, to JSON and back. The one list of them.
 #pragma once
 
-#include <QJsonValue>
+#include <QJsonObject>
 #include <span>
 
 #include "host/results/job.h"
@@ -26,6 +26,7 @@ _job jobFromRecord(const vxJ::_JobBasics_largePath& record);
 /// An object with all fields, `waitsFor` and, where it is there, `resolved`; texts untouched. `channels` holds {slot,
 /// name, extension}, `customData` {name, value}. `jobID` is a decimal text: it has 64 bits, a JSON number 53. A frame
 /// that is no finite number is null, and so is, in `waitsFor`, a job that nobody knows.
+QJsonObject jobToJson(const _job& job);
 QJsonValue jsonOf(const _job& job);
 void readJson(const QJsonValue& value, _job& job);
 

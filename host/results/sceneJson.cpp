@@ -1,8 +1,10 @@
 #include "host/results/sceneJson.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 
 #include "host/base/displayText.h"
+#include "host/results/jobCells.h"
 #include "host/results/jobFields.h"
 #include "host/results/jsonValues.h"
 
@@ -21,6 +23,8 @@ constexpr QLatin1String jobsKey{"jobs"};
 constexpr QLatin1String jobKey{"job"};
 constexpr QLatin1String layerKey{"layer"};
 constexpr QLatin1String variablesKey{"variables"};
+constexpr QLatin1String framesKey{"frames"};
+constexpr QLatin1String outputKey{"output"};
 
 /// JSON with `\u` for what could steer a terminal or reorder a line. Outside its texts only line ends are of that kind.
 QString withEscapes(const QString& json) {
@@ -33,6 +37,18 @@ QString withEscapes(const QString& json) {
         }
         return escapes;
     });
+}
+
+/// The fields, and what the table makes of them: nobody has to put names and frames together again.
+QJsonArray jobsToJson(const _sceneResult& result) {
+    QJsonArray jobs;
+    for (const _job& job : result.jobs) {
+        auto object = jobToJson(job);
+        object.insert(framesKey, framesCell(job));
+        object.insert(outputKey, outputCell(job, result.scene));
+        jobs.append(object);
+    }
+    return jobs;
 }
 
 }  // namespace
@@ -66,7 +82,7 @@ _sceneHead headFromJson(const QJsonObject& object) {
 QJsonObject sceneToJson(const _sceneResult& result) {
     auto object = headToJson(result);
     object.insert(messageKey, result.message);
-    object.insert(jobsKey, jsonOf(result.jobs));
+    object.insert(jobsKey, jobsToJson(result));
     return object;
 }
 

@@ -13,7 +13,7 @@ QJsonObject headToJson(const _sceneHead& head);
 /// What `headToJson` tells, and the message.
 _sceneHead headFromJson(const QJsonObject& object);
 
-/// The same with `message` and `jobs`, see jobFields.h.
+/// The same with `message` and `jobs`: their fields, see jobFields.h, and the table's cells `frames` and `output`.
 QJsonObject sceneToJson(const _sceneResult& result);
 _sceneResult sceneFromJson(const QJsonObject& object);
 
