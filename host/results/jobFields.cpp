@@ -5,6 +5,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "host/results/jobCells.h"
 #include "host/results/jsonValues.h"
 
 namespace vxH {
@@ -12,7 +13,11 @@ namespace {
 
 using _record = vxJ::_JobBasics_largePath;
 
+// Beside the fields.
 constexpr QLatin1String waitsForKey{"waitsFor"};
+constexpr QLatin1String framesKey{"frames"};
+constexpr QLatin1String outputKey{"output"};
+constexpr std::size_t mostBeside = 4;  // `resolved` is the last
 
 template <class _value>
 bool areEqual(const _value& left, const _value& right) {
@@ -151,18 +156,21 @@ namespace {
 
 using _member = std::pair<QLatin1String, QJsonValue>;
 
+/// Keeps the members in the order of their names.
+void insert(std::vector<_member>& members, QLatin1String name, const QJsonValue& value) {
+    const auto isBefore = [](QLatin1String one, const _member& member) { return one < member.first; };
+    members.insert(std::upper_bound(members.begin(), members.end(), name, isBefore), {name, value});
+}
+
 /// All members of a job in the order of their names.
 std::vector<_member> membersOf(const _job& job) {
     std::vector<_member> members;
-    members.reserve(std::size(fields) + 2);
+    members.reserve(std::size(fields) + mostBeside);
     for (const auto& field : fields) members.emplace_back(field.name, field.toJson(job));
     QJsonArray waitsFor;
     for (const int index : job.waitsFor) waitsFor.append(index == noJob ? QJsonValue{} : QJsonValue{index + 1});
-    members.emplace_back(waitsForKey, waitsFor);
-    if (!job.resolved) return members;
-    const auto isBefore = [](QLatin1String name, const _member& member) { return name < member.first; };
-    const auto place = std::upper_bound(members.begin(), members.end(), resolvedKey, isBefore);
-    members.insert(place, {resolvedKey, jsonOf(*job.resolved)});
+    insert(members, waitsForKey, waitsFor);
+    if (job.resolved) insert(members, resolvedKey, jsonOf(*job.resolved));
     return members;
 }
 
@@ -174,12 +182,15 @@ QJsonValue jsonOf(const _job& job) {
     return object;
 }
 
-void writeJson(const std::vector<_job>& jobs, _jsonWriter& writer) {
+void writeJson(const std::vector<_job>& jobs, const QString& scene, _jsonWriter& writer) {
     writer.beginArray();
     for (const auto& job : jobs) {
+        auto members = membersOf(job);
+        insert(members, framesKey, framesCell(job));
+        insert(members, outputKey, outputCell(job, scene));
         writer.element();
         writer.beginObject();
-        for (const auto& [name, value] : membersOf(job)) {
+        for (const auto& [name, value] : members) {
             writer.key(name);
             writer.value(value);
         }

@@ -1,7 +1,7 @@
 // The fields of a job: what each is called, and its ways from the record, to JSON and back. The one list of them.
 #pragma once
 
-#include <QJsonValue>
+#include <QJsonObject>
 #include <span>
 
 #include "host/results/job.h"
@@ -36,7 +36,8 @@ _job jobFromRecord(const _recordSource& source);
 /// that is no finite number is null, and so is, in `waitsFor`, a job that nobody knows.
 QJsonValue jsonOf(const _job& job);
 void readJson(const QJsonValue& value, _job& job);
-/// A list of such objects, each gone from memory before the next.
-void writeJson(const std::vector<_job>& jobs, _jsonWriter& writer);
+/// A list of such objects with the table's cells `frames` and `output` besides, so that nobody has to put names and
+/// frames together again; each object is gone from memory before the next. @param scene  absolute path
+void writeJson(const std::vector<_job>& jobs, const QString& scene, _jsonWriter& writer);
 
 }  // namespace vxH

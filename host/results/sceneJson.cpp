@@ -93,7 +93,7 @@ QString jsonText(QJsonObject object, const std::vector<_job>& jobs, bool indente
     for (auto member = object.begin(); member != object.end(); ++member) {
         writer.key(member.key());
         if (member.key() == jobsKey)
-            writeJson(jobs, writer);
+            writeJson(jobs, object[sceneKey].toString(), writer);
         else
             writer.value(member.value());
     }

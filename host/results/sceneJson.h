@@ -26,7 +26,7 @@ _sceneVariables variablesFromJson(const QJsonObject& object);
 /// An object as it is printed, with the version of the format and without a line end. Characters that could steer a
 /// terminal or reorder a line are written as `\u`.
 QString jsonText(QJsonObject object, bool indented);
-/// The same with the jobs as a further member, `jobs`.
+/// The same with the jobs as a further member, `jobs`, as they are printed (`writeJson` in jobFields.h).
 QString jsonText(QJsonObject object, const std::vector<_job>& jobs, bool indented);
 
 }  // namespace vxH

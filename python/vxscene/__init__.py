@@ -1,0 +1,36 @@
+"""The render jobs of Houdini scene files, without Houdini.
+
+    import vxscene
+
+    scene = vxscene.load("shot010.hip")
+    for job in scene.jobs:
+        print(job.driver, job.frames, job.output)
+
+The work is done by the program vxscene, which this package runs and talks to: a scene that is broken never takes the
+interpreter along. All functions may be used from several threads.
+"""
+
+from .differences import Diff, diff
+from .errors import FormatError, ProgramError, ProgramNotFound, SceneError, VxsceneError
+from .program import program_path
+from .scanning import PathWarning, scan
+from .scene import Explanation, Job, Scene, load
+from .version import VERSION as __version__
+
+__all__ = [
+    "Diff",
+    "Explanation",
+    "FormatError",
+    "Job",
+    "ProgramError",
+    "ProgramNotFound",
+    "PathWarning",
+    "Scene",
+    "SceneError",
+    "VxsceneError",
+    "__version__",
+    "diff",
+    "load",
+    "program_path",
+    "scan",
+]
