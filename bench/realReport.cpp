@@ -162,6 +162,7 @@ struct _workFolder {
 /// Writes the scenes without their outputs.
 _scenes writeEmptied(const _scenes& scenes, const fs::path& folder) {
     _scenes written;
+    written.reserve(scenes.size());
     for (const fs::path& scene : scenes) {
         written.push_back(folder / (std::to_string(written.size()) + ".hip"));
         std::ofstream(written.back(), std::ios::binary) << withoutOutputs(bytesOf(scene));
