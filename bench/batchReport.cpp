@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "bench/measurement.h"
+#include "bench/sceneFolder.h"
 #include "plugin/vxSceneParserHoudini.h"
 
 namespace {
@@ -39,11 +40,7 @@ struct _linkedScenes {
     std::uintmax_t bytes = 0;
 
     _linkedScenes(const fs::path& source, std::size_t count) {
-        std::vector<fs::path> found;
-        for (const auto& entry : fs::directory_iterator{source}) {
-            if (entry.path().extension().native().rfind(".hip", 0) == 0) found.push_back(fs::canonical(entry.path()));
-        }
-        std::sort(found.begin(), found.end());
+        const std::vector<fs::path> found = scenesIn(source);
         fs::create_directory(folder);
         while (!found.empty() && scenes.size() < count) {
             const auto& scene = found[scenes.size() % found.size()];
@@ -92,11 +89,6 @@ double programSeconds(const std::string& program, const _variant& variant, const
         std::exit(EXIT_FAILURE);
     }
     return seconds;
-}
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 }  // namespace

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <limits>
 #include <string>
 #include <vector>
 
 #include "bench/measurement.h"
+#include "bench/sceneFolder.h"
 #include "explain/explainedLoad.h"
 #include "plugin/vxSceneParserHoudini.h"
 
@@ -19,13 +19,6 @@ using namespace vxBench;
 namespace fs = std::filesystem;
 
 constexpr double mostTimes = 3;
-
-std::vector<fs::path> scenesOf(const fs::path& folder) {
-    std::vector<fs::path> scenes;
-    for (const auto& entry : fs::directory_iterator{folder})
-        if (entry.path().extension().native().rfind(".hip", 0) == 0) scenes.push_back(entry.path());
-    return scenes;
-}
 
 /// Least seconds of the runs: a load of a millisecond is easily held up.
 struct _times {
@@ -55,7 +48,7 @@ _times timesOf(const std::string& scene, int runs) {
 int main(int count, char** arguments) {
     const int runs = count > 2 ? std::atoi(arguments[2]) : 9;
     _times sum{0, 0};
-    for (const fs::path& scene : scenesOf(count > 1 ? arguments[1] : "examples")) {
+    for (const fs::path& scene : scenesIn(count > 1 ? arguments[1] : "examples")) {
         const _times times = timesOf(scene, runs);
         sum.plain += times.plain;
         sum.explained += times.explained;

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 
@@ -76,6 +77,11 @@ _measurement measuredLoad(const std::string& path, int records,
         answer.records = jobs.allocated;
         answer.recordKilobytes = writtenKilobytes(jobs);
     });
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
 }
 
 }  // namespace vxBench

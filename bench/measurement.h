@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "jobs/VX_DataTypes_plugin.h"
 
@@ -30,5 +31,8 @@ void timed(_measurement& answer, const std::function<void()>& work);
 /// @param records  that are there already: their memory costs any reader the same
 _measurement measuredLoad(const std::string& path, int records,
                           const std::function<qint32(vxP::_dataPARS_LoadSceneFile&)>& loadScene);
+
+/// @param values  at least one
+double median(std::vector<double> values);
 
 }  // namespace vxBench

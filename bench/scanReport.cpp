@@ -74,11 +74,6 @@ constexpr _comparison comparisons[] = {
     {"250 drivers", _sceneShape::drivers, 0, "plain scan", plain, true, 5, 0, 250, 1},
 };
 
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 void compare(const _comparison& row, const std::string& path, int runs) {
     std::vector<double> loads;
     std::vector<double> baselines;

@@ -8,7 +8,8 @@ namespace vxBench {
 
 /// What a scene consists of.
 enum class _sceneShape {
-    shortLines,  ///< lines of 36 bytes, a section header every 280 lines, 3.5 % of the bytes in sections that are read
+    shortLines,     ///< nodes of 39 parameters, their other entries and descriptions; every sixth is read and yields
+                    ///< nothing
     heavyGeometry,  ///< binary runs of 64 KB to 64 MB between few sections
     sectionHeavy,   ///< driver sections of 100 lines that yield nothing
     drivers,        ///< drivers of 130 lines and 200 scene variables

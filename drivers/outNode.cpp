@@ -50,4 +50,13 @@ qint32 readOutNode(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTe
         [&] { return addJobsOf(driver); });
 }
 
+bool isNothingWhenEmpty(const vxJ::_JobBasicsArray& jobs, std::string_view header) {
+    return jobs.count <= mostJobsBefore && header.find(karmaNode) == std::string_view::npos;
+}
+
+void passEmptyOutNode() {
+    restartFrameRange();
+    emptyNodesfound = true;
+}
+
 }  // namespace vxP

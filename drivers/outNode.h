@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTextStream>
+#include <string_view>
 
 #include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
@@ -25,5 +26,11 @@ qint32 loadOutNode(_dataPARS_LoadSceneFile* load, QTextStream& stream, QString& 
 /// The same for a node that is known.
 qint32 readOutNode(_dataPARS_LoadSceneFile* load, const _sectionNode& known, QTextStream& stream, QString& line,
                    bool& activeTakeUsed, const int& majorVersion, const QString& versionText);
+
+/// True when a section that holds none of the reader's parameters adds no job, and the path in its header nothing to
+/// the catalogues.
+bool isNothingWhenEmpty(const vxJ::_JobBasicsArray& jobs, std::string_view header);
+/// Does what reading such a section would.
+void passEmptyOutNode();
 
 }  // namespace vxP

@@ -1,5 +1,6 @@
 #include "input/lineParts.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vxP {
@@ -78,16 +79,35 @@ constexpr std::size_t foldedCode(char16_t character) {
     return character < letters ? character : code(foldedToAscii(character));
 }
 
+/// Characters that no part begins with: most of an archive's header is digits.
+constexpr auto beginsNone = []() consteval {
+    std::array<bool, letters> none{};
+    for (std::size_t letter = 0; letter < letters; ++letter)
+        none[letter] = exactAutomaton.next[0][letter] == 0 && foldedAutomaton.next[0][letter] == 0;
+    return none;
+}
+();
+
+template <typename Char>
+bool mayBegin(Char letter) {
+    const auto character = static_cast<char16_t>(letter);
+    return character >= letters || !beginsNone[character];
+}
+
 template <typename Char>
 _partSet search(std::basic_string_view<Char> text) {
     _partSet found = 0;
-    std::uint8_t exact = 0;
-    std::uint8_t folded = 0;
-    for (const Char letter : text) {
-        const auto character = static_cast<char16_t>(letter);
-        exact = exactAutomaton.next[exact][code(character)];
-        folded = foldedAutomaton.next[folded][foldedCode(character)];
-        found |= exactAutomaton.ends[exact] | foldedAutomaton.ends[folded];
+    const auto end = text.end();
+    for (auto at = std::find_if(text.begin(), end, mayBegin<Char>); at != end;
+         at = std::find_if(at, end, mayBegin<Char>)) {
+        std::uint8_t exact = 0;
+        std::uint8_t folded = 0;
+        do {
+            const auto character = static_cast<char16_t>(*at);
+            exact = exactAutomaton.next[exact][code(character)];
+            folded = foldedAutomaton.next[folded][foldedCode(character)];
+            found |= exactAutomaton.ends[exact] | foldedAutomaton.ends[folded];
+        } while (++at != end && (exact | folded) != 0);
     }
     return found;
 }

@@ -20,6 +20,9 @@ class _sceneDevice : public QIODevice {
     /// Tells that a reader takes the lines that follow, or no longer does. Which lines are wanted depends on it.
     void setSectionOpen(bool open) { lines->setSectionOpen(open); }
 
+    /// Leaves out sections that come to nothing, as long as nobody wants to know of them.
+    void passEmptySections(_emptySections& passer) { lines->passEmptySections(passer); }
+
     /// Position in the scene of the line read last (bytes from its beginning).
     qint64 positionOfLine() const { return lines->positionOfLine(); }
 

@@ -41,6 +41,15 @@ constexpr auto nodeTypeMarks = []() consteval {
 }
 ();
 
+/// Those that nothing rules out.
+constexpr _partSet sureMarks = []() consteval {
+    _partSet parts = 0;
+    for (const _markParts& mark : nodeTypeMarks)
+        if (mark.unless == 0) parts |= mark.part;
+    return parts;
+}
+();
+
 // ---- the same tests for bytes and for decoded text
 
 template <typename Char>
@@ -72,11 +81,14 @@ bool isVariable(_text<Char> line, _partSet parts) {
     return (parts & wanted) == wanted && (begins(line, variableCommand) || begins(line, archiveMagic));
 }
 
+bool hasTypeMark(_partSet parts) {
+    if ((parts & sureMarks) != 0) return true;
+    return std::any_of(nodeTypeMarks.begin(), nodeTypeMarks.end(),
+                       [&](const _markParts& mark) { return (parts & mark.part) != 0 && (parts & mark.unless) == 0; });
+}
+
 bool isOutput(_partSet parts) {
-    const bool hasMark = std::any_of(nodeTypeMarks.begin(), nodeTypeMarks.end(), [&](const _markParts& mark) {
-        return (parts & mark.part) != 0 && (parts & mark.unless) == 0;
-    });
-    return (parts & part(outRoot)) != 0 || ((parts & markedRootParts) != 0 && hasMark);
+    return (parts & part(outRoot)) != 0 || ((parts & markedRootParts) != 0 && hasTypeMark(parts));
 }
 
 /// The kind of the section that a header with these parts opens; null when no reader takes it.

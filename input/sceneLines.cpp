@@ -1,6 +1,7 @@
 #include "input/sceneLines.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "input/asciiSpace.h"
@@ -29,12 +30,16 @@ std::string_view trimmed(std::string_view line) {
 
 /// True when the line's text is its bytes: ASCII, and no carriage return that would be dropped from its middle.
 bool isPlain(std::string_view line) {
+    constexpr std::uint64_t ones = 0x0101010101010101;
+    constexpr std::uint64_t returns = ones * '\r';
+    std::uint64_t marks = 0;  // the upper bit of a byte that is one of the two; of those behind it, perhaps
+    std::uint64_t eight = 0;
+    for (; line.size() >= sizeof eight; line.remove_prefix(sizeof eight)) {
+        std::memcpy(&eight, line.data(), sizeof eight);
+        marks |= eight | ((eight ^ returns) - ones);
+    }
+    if ((marks & (ones << 7U)) != 0) return false;
     return std::all_of(line.begin(), line.end(), [](char byte) { return byte >= 0 && byte != '\r'; });
-}
-
-bool mattersToTheScan(std::string_view line) {
-    const std::string_view text = trimmed(line);
-    return !isPlain(text) || classifyAsciiLine(text).matters();
 }
 
 }  // namespace
@@ -119,6 +124,37 @@ void _sceneLines::beginLastLineBefore(std::size_t end) {
         beginLineAt(static_cast<std::size_t>(static_cast<const char*>(newline) - block.constData()) + 1);
 }
 
+/// @param line  the one before `position`
+bool _sceneLines::isWantedOutside(std::string_view line) {
+    const std::string_view text = trimmed(line);
+    if (!isPlain(text)) return true;
+    const _sceneLine meaning = classifyAsciiLine(text);
+    if (!meaning.matters()) return false;
+    const bool opensOnly = meaning.kind == _lineKind::section && !meaning.isFrameRange && !meaning.isVariable;
+    return !opensOnly || !hasPassed(*meaning.section, text);
+}
+
+/// Moves on behind the section when nothing in it may matter but its end.
+bool _sceneLines::hasPassed(const _sectionKind& kind, std::string_view header) {
+    if (emptySections == nullptr || !emptySections->mayPass(kind, header)) return false;
+    for (std::size_t start = position;;) {
+        const std::string_view rest = bytes().substr(start);
+        const std::size_t size = rest.find(lineEnd) + 1;
+        if (size == 0) return false;
+        const std::string_view line = rest.substr(0, size);
+        if (!mayMatterToASection(line)) {
+            start += size;
+            continue;
+        }
+        beginLineAt(start);  // what is in front of it need not be looked at again
+        const std::string_view end = trimmed(condensed(line));
+        if (end.front() != '}' || !isPlain(end)) return false;
+        beginLineAt(start + size);
+        emptySections->pass(header.size(), end.size());
+        return true;
+    }
+}
+
 /// Goes from candidate to candidate; the line ends between them are not looked at.
 std::string_view _sceneLines::nextOutside() {
     for (;;) {
@@ -129,7 +165,7 @@ std::string_view _sceneLines::nextOutside() {
             const std::size_t end = endOfLine(candidate);
             const std::string_view line = lineUpTo(end);
             beginLineAt(end);
-            if (mattersToTheScan(line)) return line;
+            if (isWantedOutside(line)) return line;
         } else if (complete) {
             return {};
         } else {

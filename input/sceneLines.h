@@ -8,6 +8,21 @@
 
 namespace vxP {
 
+struct _sectionKind;
+
+/// Someone who can tell beforehand what comes of a section that holds none of the parameters that readers know.
+class _emptySections {
+ public:
+    virtual ~_emptySections() = default;
+    /// True when such a section would be read to its end, and its reader do nothing that `pass` cannot do.
+    /// @param header  as plain text, trimmed
+    virtual bool mayPass(const _sectionKind& kind, std::string_view header) const = 0;
+    /// The section has been left out.
+    /// @param header  characters of its header ...
+    /// @param end     ... and of the line that closes it, trimmed
+    virtual void pass(std::size_t header, std::size_t end) = 0;
+};
+
 /// Reads a scene in large blocks and finds its next wanted line. While no section is open that is a line that
 /// `classifyLine` knows; while one is open, a line that may be its end or a parameter that a reader knows. Lines that
 /// may only possibly be wanted are handed out too: what cannot be told from the bytes alone is left to the scan.
@@ -21,6 +36,9 @@ class _sceneLines {
     explicit _sceneLines(QIODevice& source);
 
     void setSectionOpen(bool open) { sectionOpen = open; }
+
+    /// Leaves out the sections that are passed to `passer`. Only those that lie in one block are found: most are small.
+    void passEmptySections(_emptySections& passer) { emptySections = &passer; }
 
     /// The next wanted line with its line end, if it has one; empty at the end of the scene. It stays valid, and
     /// stays the answer, until it has been taken.
@@ -44,6 +62,8 @@ class _sceneLines {
     std::string_view nextInSection();
     std::string_view nextOutside();
     std::string_view lineUpTo(std::size_t end);
+    bool isWantedOutside(std::string_view line);
+    bool hasPassed(const _sectionKind& kind, std::string_view header);
     std::string_view condensed(std::string_view line);
 
     QIODevice& source;
@@ -59,6 +79,7 @@ class _sceneLines {
     QByteArray longLine;
     std::string parameter;
     std::string validLine;
+    _emptySections* emptySections = nullptr;
     bool sectionOpen = false;
     bool first = true;
     bool ended = false;

@@ -18,13 +18,14 @@ struct _searchedText {
     bool anyCase;
 };
 
+/// Without an "s" where letter case does not count: a long s, two bytes beyond ASCII, equals it.
 inline constexpr std::array searchedTexts{
-    _searchedText{sectionSuffix, 0, false},  _searchedText{saveVersionName, 0, true},
-    _searchedText{variableCommand, 4, true}, _searchedText{frameRangeCommand, 0, true},
+    _searchedText{sectionSuffix, 0, false},
+    _searchedText{saveVersionName.substr(0, saveVersionName.find('S')), 0, true},
+    _searchedText{variableCommand.substr(1), 3, true},
+    _searchedText{frameRangeCommand, 0, true},
     _searchedText{takeCommand, 1, false},
 };
-
-constexpr std::string_view longS{"\xC5\xBF"};  ///< equals an "s" where letter case does not count
 
 constexpr std::uint8_t code(char byte) {
     return static_cast<std::uint8_t>(byte);

@@ -2,6 +2,7 @@
 
 #include <QTextStream>
 
+#include "drivers/outNode.h"
 #include "grammar/paramSection.h"
 #include "input/sceneDevice.h"
 #include "input/sceneLine.h"
@@ -96,6 +97,25 @@ qint32 actOn(QString& line, _dataPARS_LoadSceneFile& load, QTextStream& stream, 
     return resultSuccess;
 }
 
+/// Drivers' sections that come to nothing take the same work as if they were read.
+class _emptyDrivers : public _emptySections {
+ public:
+    explicit _emptyDrivers(const vxJ::_JobBasicsArray& jobArray) : jobs(jobArray) {}
+
+    bool mayPass(const _sectionKind& kind, std::string_view header) const override {
+        return kind.reader == _sectionReader::driver && isNothingWhenEmpty(jobs, header);
+    }
+    void pass(std::size_t header, std::size_t end) override {
+        spendWork(sceneLineCost, static_cast<qint64>(header));
+        spendWork(sectionCost, static_cast<qint64>(header));
+        spendWork(parameterLineCost, static_cast<qint64>(end));
+        passEmptyOutNode();
+    }
+
+ private:
+    const vxJ::_JobBasicsArray& jobs;
+};
+
 void tellSection(bool open, qint64 byte, qint32 jobs) {
     if (scanObserver == nullptr) return;
     if (open)
@@ -153,6 +173,8 @@ qint32 scanStream(_dataPARS_LoadSceneFile& load, QTextStream& stream, _sceneFact
 
 qint32 scanScene(_dataPARS_LoadSceneFile& load, QIODevice& source, _sceneFacts& facts) {
     _sceneDevice device(source);
+    _emptyDrivers emptyDrivers(*load.jobArray);
+    if (scanObserver == nullptr) device.passEmptySections(emptyDrivers);
     ensureRoomForStream();
     QTextStream stream(&device);
     decodeAsUtf8(stream);

@@ -6,6 +6,8 @@
 #include <QTextStream>
 
 #include "plugin/sceneScan.h"
+#include "scan/scanBudget.h"
+#include "scan/scanObserver.h"
 #include "scan/scanState.h"
 #include "tests/support/pieces.h"
 #include "tests/support/sceneText.h"
@@ -101,6 +103,61 @@ TEST(SceneDevice, TellsAnErrorFromTheEnd) {
     _pieces firstLine("set -g JOB = '/pro", 50, false);
     EXPECT_EQ(scanScene(loader.record(), firstLine, facts), resultException);
     EXPECT_TRUE(hVariables.isEmpty());  // a second try finds no half value
+}
+
+class _listener : public _scanObserver {
+    void sectionBegins(qint64, qint32) override {}
+    void readerTakes(_sectionReader, const QString&) override {}
+    void parameter(const QString&) override {}
+    void remark(_remark, const QString&, const QString&) override {}
+    void sectionEnds(qint32) override {}
+};
+
+/// What a scan leaves that has so much less work to spend than it may; empty when that is too little.
+QString leftWithout(qint64 work, const QByteArray& scene) {
+    vxTest::freshScanState();
+    vxTest::_loader loader;
+    _sceneFacts facts;
+    _pieces source(scene, 1 << 20, true);
+    try {
+        spendWork({work}, 0);
+        scanScene(loader.record(), source, facts);
+    } catch (const _budgetExceeded&) {
+        return {};
+    }
+    return QStringLiteral("%1 jobs, %2 takes, frames %3 %4 %5, empty %6")
+        .arg(loader.count())
+        .arg(facts.takes.names.size())
+        .arg(GLseqStart)
+        .arg(seqStart)
+        .arg(trange)
+        .arg(emptyNodesfound);
+}
+
+/// With the work that the scan does not need.
+QString outcomeOf(const QByteArray& scene) {
+    qint64 spare = 0;
+    for (qint64 step = qint64{1} << 40; step > 0; step /= 2)
+        if (!leftWithout(spare + step, scene).isEmpty()) spare += step;
+    return QString::number(spare) + QLatin1String(" steps, ") + leftWithout(spare, scene);
+}
+
+/// Sections are only passed over where nobody listens.
+TEST(SceneDevice, PassesOverSectionsWithoutADifference) {
+    const QByteArray header("out/a.parm\0{\n", 13);
+    for (const QByteArray& section :
+         {vxTest::driver("tx=1"), vxTest::driver("tx=1", "obj/geo1/box1"), vxTest::driver("constraints_on=off"),
+          vxTest::driver("trange=on"), vxTest::driver("vm_picture=/i/a.exr"), vxTest::driver("tx=1", "stage/karma1"),
+          vxTest::driver("tx=1", "out/\xC5\xBF"), "frange 3 9 " + header + "}\n", header + "  } rest\r\n",
+          header + "} \xC3\xA9\n", header + "}\r}\n", header + "}" + QByteArray(40000, 'x') + "\n",
+          header + QByteArray("tx\t(1)\n").repeated(50000) + "}\n", header + "take name inner\n}\n", header + "tx"}) {
+        const QByteArray scene = "frange 5 6\n" + section + "take name a\n" + section + "frange 7 8\n";
+        const QString passed = outcomeOf(scene);
+        _listener listener;
+        scanObserver = &listener;
+        EXPECT_EQ(passed, outcomeOf(scene)) << section.left(200).data();
+        scanObserver = nullptr;
+    }
 }
 
 }  // namespace
