@@ -161,6 +161,16 @@ QString numberText(double number) {
     return QString::fromLatin1(digits.data(), static_cast<int>(written.ptr - digits.data()));
 }
 
+/// @param take  gets a channel and its value in the variant; false: the others are not wanted
+template <typename Take>
+void forEachValue(const _wedgeNode& wedge, int variant, Take take) {
+    for (const _wedgeParams& channel : wedge.params) {
+        spendWork(wedgeChannelCost);
+        if (!take(channel, channel.valueIdx(variant % channel.steps))) return;
+        variant /= channel.steps;
+    }
+}
+
 }  // namespace
 
 QList<_wedgeNode> wedges;
@@ -182,15 +192,27 @@ qint32 _wedgeNode::totalWedges() {
     return totalCache;
 }
 
+std::pair<qint32, qint32> _wedgeNode::variants() {
+    return onlyVariant ? std::pair(*onlyVariant, *onlyVariant + 1) : std::pair(0, totalWedges());
+}
+
+std::vector<double> _wedgeNode::valuesOf(int wedgeIndex) const {
+    std::vector<double> values;
+    values.reserve(static_cast<std::size_t>(params.size()));
+    forEachValue(*this, wedgeIndex, [&](const _wedgeParams&, double value) {
+        values.push_back(value);
+        return true;
+    });
+    return values;
+}
+
 QString _wedgeNode::getWedgeFileName(int wedgeIndex) const {
     QString name = prefix.left(longestVariantName);
-    int rest = wedgeIndex;
-    for (const _wedgeParams& channel : params) {
-        if (name.size() >= longestVariantName) break;
-        spendWork(wedgeChannelCost);
-        name += QLatin1Char('_') + channel.name + QLatin1Char('_') + numberText(channel.valueIdx(rest % channel.steps));
-        rest /= channel.steps;
-    }
+    if (name.size() >= longestVariantName) return name;
+    forEachValue(*this, wedgeIndex, [&](const _wedgeParams& channel, double value) {
+        name += QLatin1Char('_') + channel.name + QLatin1Char('_') + numberText(value);
+        return name.size() < longestVariantName;
+    });
     return name;
 }
 

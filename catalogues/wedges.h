@@ -4,7 +4,9 @@
 #include <QList>
 #include <QString>
 #include <QTextStream>
+#include <optional>
 #include <span>
+#include <vector>
 
 #include "grammar/paramSection.h"
 #include "jobs/VX_DataTypes_plugin.h"
@@ -29,10 +31,18 @@ struct _wedgeNode {
     QString wedgeMethod;
     QList<_wedgeParams> params;
     qint32 totalCache = -1;  ///< result of `totalWedges`; -1: not yet computed
+    // What a resolved load adds:
+    std::optional<qint32> onlyVariant{};  ///< the one that is rendered; none: all are
+    qint32 group = -1;                    ///< of the entries of one node, which repeat a driver each; -1: it is alone
 
     /// Number of variants: the product of all steps, which wraps around at 32 bits. 0 without channels. The first
     /// result stays, whatever becomes of the channels.
     qint32 totalWedges();
+    /// The variants that are rendered, from the first to the one behind the last.
+    std::pair<qint32, qint32> variants();
+    /// The value of each channel in a variant.
+    /// @param wedgeIndex  0 .. totalWedges() - 1; no channel may have 0 steps
+    std::vector<double> valuesOf(int wedgeIndex) const;
     /// Name of a variant: the prefix, then "_channel_value" for each channel with 6 digits after the point. The first
     /// channel changes fastest from one variant to the next. Channels beyond what a record can hold are left out.
     /// @param wedgeIndex  0 .. totalWedges() - 1; no channel may have 0 steps

@@ -32,7 +32,11 @@ constexpr std::array outcomeWords{
     _outcomeWords{_remark::bypassed, u"bypassed", u"node is bypassed"},
     _outcomeWords{_remark::loadsFromDisk, u"loadsFromDisk", u"cache loads from disk: it writes nothing"},
     _outcomeWords{_remark::savedByHand, u"savedByHand",
-                  u"names a file that is only written when somebody saves it by hand"},
+                  u"comes with every simulation: nothing tells that its file is wanted, and only somebody who saves by "
+                  u"hand writes it"},
+    _outcomeWords{_remark::stageNamesNoImage, u"stageNamesNoImage", u"output is empty, and its stage names none: %1"},
+    _outcomeWords{_remark::wedgeLeadsNowhere, u"wedgeWithoutDriver", u"wedge names no driver, and none is wired to it"},
+    _outcomeWords{_remark::wedgeOfIdleDriver, u"wedgeDriverWithoutJob", u"wedge leads to %1, which has no job"},
     _outcomeWords{_remark::notACamera, u"notACamera", u"camera name is excluded: holds '%1'"},
 };
 
@@ -54,6 +58,8 @@ struct _sectionNote {
 };
 constexpr std::array sectionNotes{
     _sectionNote{_remark::currentFrameOnly, u"renders the current frame only: it has no range of its own"},
+    _sectionNote{_remark::exportIsTemporary,
+                 u"exports %1 for one render and then removes it: Houdini renders the job itself"},
     _sectionNote{_remark::offInTake, u"writes nothing in take '%1'"},
 };
 

@@ -7,7 +7,7 @@
 #include "catalogues/lopList.h"
 #include "catalogues/usdRsList.h"
 #include "catalogues/wedges.h"
-#include "plugin/takeJobs.h"
+#include "plugin/layerJobs.h"
 #include "scan/scanState.h"
 
 namespace vxE {
@@ -61,9 +61,9 @@ QList<_variableFact> firstVariables(_share& bytes) {
     return list;
 }
 
-/// Without the names that drivers have in takes: no section has one of these.
+/// Without the names that drivers have in layers: no section has one of these.
 QStringList ofSections(QStringList drivers) {
-    drivers.erase(std::remove_if(drivers.begin(), drivers.end(), vxP::isNameInTake), drivers.end());
+    drivers.erase(std::remove_if(drivers.begin(), drivers.end(), vxP::isNameInLayer), drivers.end());
     return drivers;
 }
 
@@ -80,7 +80,7 @@ QList<_cameraFact> cameras(_share& bytes, qint64& leftOut) {
 QList<_lopFact> lops(_share& bytes, qint64& leftOut) {
     QList<_lopFact> list;
     for (const vxP::_LOPNode& node : vxP::LOPList.entries())
-        if (!vxP::isNameInTake(node.lopName))
+        if (!vxP::isNameInLayer(node.lopName))
             add(list, {node.lopName, node.imageName, node.renderer, ofSections(node.renderNodes)},
                 QStringList{node.lopName, node.imageName, node.renderer} + node.renderNodes, bytes, leftOut);
     return list;
@@ -97,7 +97,8 @@ QList<_usdRenderSettingsFact> usdRenderSettings(_share& bytes, qint64& leftOut) 
 QList<_wedgeFact> wedges(_share& bytes, qint64& leftOut) {
     QList<_wedgeFact> list;
     for (vxP::_wedgeNode& wedge : vxP::wedges) {
-        _wedgeFact fact{wedge.nodePath, wedge.driver, wedge.totalWedges(), {}};
+        const auto [first, behind] = wedge.variants();
+        _wedgeFact fact{wedge.nodePath, wedge.driver, behind - first, {}};
         QStringList texts{fact.node, fact.driver};
         for (const vxP::_wedgeParams& channel : wedge.params) {
             fact.channels.append({channel.name, channel.start, channel.end, channel.steps});

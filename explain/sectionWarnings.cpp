@@ -7,6 +7,7 @@
 #include "explain/warnings.h"
 #include "grammar/paramSection.h"
 #include "jobs/frameFault.h"
+#include "resolve/nodeTypes.h"
 #include "scan/scanState.h"
 #include "shared/vxLatin.h"
 
@@ -172,7 +173,7 @@ void warnOfAddedFrames(const _checkedSection& checked) {
 }
 
 void warnOfTemporaryExport(const _checkedSection& checked) {
-    constexpr QLatin1String temporary{"__render__.usd"};
+    const QLatin1String temporary = vxS::latin(vxP::temporaryExport);
     for (const _observedRemark& remark : checked.section.remarks)
         if (remark.what == _remark::nameTaken && parameterValue(remark.line).contains(temporary))
             checked.warn(u"temporaryExport",

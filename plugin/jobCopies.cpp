@@ -13,20 +13,42 @@ namespace {
 
 using vxJ::_JobBasics_largePath;
 
-qint64 wedgeVariant(qint32 wedge, qint32 index) {
-    return (qint64{wedge} << 32) + index;
+/// Names a copy for a take.
+std::function<void(_JobBasics_largePath&)> inTake(const QString& take) {
+    return [take](_JobBasics_largePath& job) { job.channel = take; };
+}
+
+/// The same for all entries of a wedge that repeats several drivers.
+qint32 groupOf(qint32 wedge) {
+    const qint32 group = wedges.at(wedge).group;
+    return group < 0 ? wedge : group;
 }
 
 }  // namespace
 
-/// @param orPattern  a job without a copy counts itself, else it is left out
-std::vector<qint32> _jobCopier::copiesOf(const std::vector<qint32>& patterns, qint64 variant, bool orPattern) const {
-    std::vector<qint32> copied;
-    for (const qint32 pattern : patterns) {
-        const auto found = copies.find({pattern, variant});
-        if (found != copies.end() || orPattern) copied.push_back(found == copies.end() ? pattern : found->second);
+_jobCopier::_jobCopier(vxJ::_JobBasicsArray& array, _jobWaits& waitsOfJobs, _layerJobs& jobsInLayers)
+    : jobs(array), waits(waitsOfJobs), inLayers(jobsInLayers), origins(static_cast<std::size_t>(array.count)) {
+    for (const _resolvedDriver& driver : inLayers.all().withJobs)
+        for (qint32 place = 0; place < driver.jobCount; ++place)
+            origins[static_cast<std::size_t>(driver.firstJob + place)] = {&driver, place, place + 1 == driver.jobCount,
+                                                                          -1};
+}
+
+/// @param other  where the pattern has no such copy
+qint32 _jobCopier::copyOr(qint32 other, qint32 pattern, const _copyLayer& round) const {
+    const auto found = copies.find({pattern, round});
+    return found == copies.end() ? other : found->second;
+}
+
+/// What the driver's first job waits for.
+std::vector<qint32> _jobCopier::waitsIn(const _resolvedDriver& driver, const _copyLayer& layer) const {
+    const _layerWaits* const changed = inLayer(driver.waitsInLayers, layer);
+    std::vector<qint32> before = changed == nullptr ? driver.before : changed->before;
+    for (qint32& job : before) {
+        if (layer.take >= 0) job = copyOr(job, job, {-1, layer.take, 0});
+        if (layer.wedge >= 0) job = copyOr(job, job, {layer.wedge, -1, layer.variant});
     }
-    return copied;
+    return before;
 }
 
 /// Makes room for copies in one step, which is quicker for thousands of them; where memory is short for all, each copy
@@ -74,76 +96,76 @@ int _jobCopier::channelsEndOf(qint32 index) const {
     return isKnown ? channelsEnds[place] : vxJ::channelsEnd(*jobs.at(index), pages);
 }
 
-void _jobCopier::beginRound() {
-    copies.clear();
-    latestPattern = -1;
-}
-
-/// @return null when the array has no room
-_JobBasics_largePath* _jobCopier::copy(qint32 pattern, qint64 variant) {
-    _JobBasics_largePath* const job = append(jobs, pattern, patternAt(pattern));
-    if (job == nullptr) return nullptr;
-    const bool isWired = waits.isWired(pattern);
-    std::vector<qint32> before = copiesOf(waits.of(pattern), variant, isWired);
-    if (isWired) {
-        waits.appendWired(std::move(before));
+qint32 _jobCopier::copyPattern(const _wanted& wanted) {
+    _JobBasics_largePath* const job = append(jobs, wanted.pattern, patternAt(wanted.pattern));
+    if (job == nullptr) return resultNoMoreJobs;
+    wanted.name(*job);
+    _origin origin = origins[static_cast<std::size_t>(wanted.pattern)];
+    origin.take = wanted.layer.take;
+    origins.push_back(origin);
+    std::vector<qint32> wired;
+    if (origin.driver != nullptr && origin.place == 0) wired = waitsIn(*origin.driver, wanted.layer);
+    if (!wired.empty() || waits.isWired(wanted.pattern)) {
+        waits.appendWired(std::move(wired));
     } else {
-        waits.append(before.empty() ? -1 : before.front());
-        if (!before.empty()) job->waitForPreIDs[0] = jobs.at(before.front())->preID;
+        const auto& before = waits.of(wanted.pattern);
+        const qint32 copied = before.empty() ? -1 : copyOr(-1, before.front(), wanted.round);
+        waits.append(copied);
+        if (copied >= 0) job->waitForPreIDs[0] = jobs.at(copied)->preID;
     }
-    copies[{pattern, variant}] = jobs.count - 1;
-    return job;
+    copies[{wanted.pattern, wanted.round}] = jobs.count - 1;
+    return resultSuccess;
 }
 
-/// Appends jobs of a driver as a take has them, from one of them to the one behind the last.
-qint32 _jobCopier::takeOver(const _resolvedDriver& driver, const vxJ::_JobBasicsArray& made, qint32 from, qint32 behind,
-                            _size take, const QString& name) {
-    for (qint32 i = from; i < std::min(behind, made.count); ++i) {
-        _JobBasics_largePath* const job = append(made, i, patternOf(*made.at(i)));
+/// Appends the driver's jobs in a layer that stand for the pattern: the one in its place, and behind the last pattern
+/// all that are left.
+qint32 _jobCopier::takeOver(const _wanted& wanted, const _resolvedDriver& driver, const _layerSection& section) {
+    const vxJ::_JobBasicsArray& made = inLayers.read(driver, section);
+    const bool hasPattern = wanted.pattern >= 0;
+    const _origin pattern = hasPattern ? origins[static_cast<std::size_t>(wanted.pattern)] : _origin{&driver, 0, true};
+    const qint32 behind = pattern.isLast ? made.count : std::min(pattern.place + 1, made.count);
+    for (qint32 place = pattern.place; place < behind; ++place) {
+        _JobBasics_largePath* const job = append(made, place, patternOf(*made.at(place)));
         if (job == nullptr) return resultNoMoreJobs;
-        job->channel = name;
-        const auto exported = copies.find({driver.firstJob + i - 1, take});
-        if (i == 0) {
-            waits.appendWired(copiesOf(driver.before, take, true));
+        wanted.name(*job);
+        origins.push_back({&driver, place, place + 1 == made.count, wanted.layer.take});
+        const bool isOfPattern = hasPattern && place == pattern.place;
+        if (place == 0) {
+            waits.appendWired(waitsIn(driver, wanted.layer));
         } else {
-            const qint32 before = i < driver.jobCount && exported != copies.end() ? exported->second : jobs.count - 2;
+            const bool hasExport = isOfPattern && !waits.of(wanted.pattern).empty();
+            const qint32 last = jobs.count - 2;
+            const qint32 before = hasExport ? copyOr(last, waits.of(wanted.pattern).front(), wanted.round) : last;
             waits.append(before);
             job->waitForPreIDs[0] = jobs.at(before)->preID;
         }
-        if (i < driver.jobCount) copies[{driver.firstJob + i, take}] = jobs.count - 1;
+        if (isOfPattern) copies[{wanted.pattern, wanted.round}] = jobs.count - 1;
     }
     return resultSuccess;
 }
 
-qint32 _jobCopier::copyForTake(qint32 pattern, _size take, const QString& name) {
-    const _resolvedDriver* const driver = ofTakes.driverOf(pattern);
-    const _takeSection* const section =
-        driver == nullptr ? nullptr : _takeJobs::sectionIn(*driver, static_cast<qint32>(take));
-    if (section != nullptr) {
-        const vxJ::_JobBasicsArray& made = ofTakes.read(*driver, *section);
-        const qint32 at = pattern - driver->firstJob;
-        const bool isLast = at + 1 == driver->jobCount;
-        return takeOver(*driver, made, at, isLast ? made.count : at + 1, take, name);
-    }
-    _JobBasics_largePath* const job = copy(pattern, take);
-    if (job == nullptr) return resultNoMoreJobs;
-    job->channel = name;
-    return resultSuccess;
+/// A section of the take alone is the pattern's already.
+qint32 _jobCopier::copy(const _wanted& wanted) {
+    const _resolvedDriver* const driver = origins[static_cast<std::size_t>(wanted.pattern)].driver;
+    const _layerSection* const section = driver == nullptr ? nullptr : inLayer(driver->inLayers, wanted.layer);
+    const bool isOfRound = section != nullptr && section->layer.wedge == wanted.round.wedge;
+    return isOfRound ? takeOver(wanted, *driver, *section) : copyPattern(wanted);
 }
 
 /// Drivers that write in takes alone have no job to be copied.
 qint32 _jobCopier::addDriversOfTakes(const QStringList& takes) {
-    for (const _resolvedDriver& driver : ofTakes.all().ofTakes)
-        for (const _takeSection& section : driver.takes) {
-            const vxJ::_JobBasicsArray& made = ofTakes.read(driver, section);
-            const qint32 added = takeOver(driver, made, 0, made.count, section.take, takes.at(section.take));
+    for (const _resolvedDriver& driver : inLayers.all().ofTakes)
+        for (const _layerSection& section : driver.inLayers) {
+            if (section.layer.wedge >= 0) continue;
+            const qint32 added =
+                takeOver({-1, section.layer, section.layer, inTake(takes.at(section.layer.take))}, driver, section);
             if (added != resultSuccess) return added;
         }
     return resultSuccess;
 }
 
 qint32 _jobCopier::copyForTakes(const QStringList& takes) {
-    beginRound();
+    latestPattern = -1;
     const qint32 patterns = jobs.count;
     const auto hasOwnTake = [](const _JobBasics_largePath& job) { return !nodeActiveTakes.value(job.layer).isEmpty(); };
     qint64 more = 0;
@@ -155,7 +177,8 @@ qint32 _jobCopier::copyForTakes(const QStringList& takes) {
         if (source == nullptr) return resultNoMoreJobs;
         if (hasOwnTake(*source)) continue;
         for (_size take = 0; take < takes.size(); ++take) {
-            const qint32 copied = copyForTake(pattern, take, takes.at(take));
+            const _copyLayer layer{-1, static_cast<qint32>(take), 0};
+            const qint32 copied = copy({pattern, layer, layer, inTake(takes.at(take))});
             if (copied != resultSuccess) return copied;
         }
     }
@@ -164,11 +187,18 @@ qint32 _jobCopier::copyForTakes(const QStringList& takes) {
 
 qint32 _jobCopier::copyForWedge(qint32 pattern, qint32 wedge) {
     _wedgeNode& node = wedges[wedge];
-    const qint32 variants = node.totalWedges();
-    for (qint32 index = 0; index < variants; ++index) {
-        _JobBasics_largePath* const job = copy(pattern, wedgeVariant(wedge, index));
-        if (job == nullptr) return resultNoMoreJobs;
-        nameWedgeVariant(*job, channelsEndOf(jobs.count - 1), QString::number(index), node.getWedgeFileName(index));
+    const auto [first, behind] = node.variants();
+    const QString take = jobs.at(pattern)->channel.toQString();
+    for (qint32 index = first; index < behind; ++index) {
+        const auto nameVariant = [&, variant = index](_JobBasics_largePath& job) {
+            job.channel = take;
+            nameWedgeVariant(job, channelsEndOf(jobs.count - 1), QString::number(variant),
+                             node.getWedgeFileName(variant));
+        };
+        const _copyLayer round{groupOf(wedge), -1, index};
+        const _copyLayer layer{round.wedge, origins[static_cast<std::size_t>(pattern)].take, index};
+        const qint32 copied = copy({pattern, round, layer, nameVariant});
+        if (copied != resultSuccess) return copied;
     }
     return resultSuccess;
 }
@@ -195,12 +225,13 @@ void _jobCopier::listWedges() {
         const auto found = wedgesOfDriver.find(wedges.at(wedge).driver);
         if (found == wedgesOfDriver.end()) continue;
         found->second.numbers.push_back(wedge);
-        found->second.variants += std::max(wedges[wedge].totalWedges(), 0);
+        const auto [first, behind] = wedges[wedge].variants();
+        found->second.variants += std::max(behind - first, 0);
     }
 }
 
 qint32 _jobCopier::copyForWedges() {
-    beginRound();
+    latestPattern = -1;
     listWedges();
     const qint32 patterns = jobs.count;
     qint64 more = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStringList>
+#include <functional>
 #include <map>
 #include <utility>
 #include <vector>
@@ -9,22 +10,20 @@
 #include "jobs/VX_DataTypes_plugin.h"
 #include "jobs/recordImage.h"
 #include "plugin/jobWaits.h"
-#include "plugin/takeJobs.h"
+#include "plugin/layerJobs.h"
 
 namespace vxP {
 
 /// Appends copies to a job array. Its patterns are the jobs that are in the array when a round of copies begins, in
 /// order; they stay. A copy takes the next number of the array; where its pattern waits for other jobs, it waits for
 /// the copies of these made for the same take or variant; where its driver is wired to one that has no such copy, for
-/// the pattern.
+/// the pattern. Where a driver is something else in a take or variant, its jobs there are the copies.
 class _jobCopier {
  public:
     /// All have to outlive it.
-    _jobCopier(vxJ::_JobBasicsArray& array, _jobWaits& waitsOfJobs, _takeJobs& jobsOfTakes)
-        : jobs(array), waits(waitsOfJobs), ofTakes(jobsOfTakes) {}
+    _jobCopier(vxJ::_JobBasicsArray& array, _jobWaits& waitsOfJobs, _layerJobs& jobsInLayers);
 
     /// One copy of each job for every take, with the take as `channel`. A driver with a take of its own gets none.
-    /// Where a take changes a driver, its jobs in that take are the copies.
     /// @param takes  each once
     /// @return resultSuccess, or resultNoMoreJobs; the copies made before stay
     qint32 copyForTakes(const QStringList& takes);
@@ -35,8 +34,22 @@ class _jobCopier {
     qint32 copyForWedges();
 
  private:
-    /// A pattern and the take or variant that it was copied for.
-    using _copyKey = std::pair<qint32, qint64>;
+    /// A pattern, and the take or variant that it was copied for.
+    using _copyKey = std::pair<qint32, _copyLayer>;
+    /// A job of a resolved load.
+    struct _origin {
+        const _resolvedDriver* driver = nullptr;  ///< null: a plain load, or it was in the array before the load
+        qint32 place = 0;                         ///< among its driver's jobs in its take
+        bool isLast = false;                      ///< of these
+        qint32 take = -1;                         ///< that it is a copy for
+    };
+    /// A round's copy of one pattern.
+    struct _wanted {
+        qint32 pattern;    ///< -1: the driver has no job without the layer
+        _copyLayer round;  ///< what the round copies for
+        _copyLayer layer;  ///< the same with the take of the pattern
+        std::function<void(vxJ::_JobBasics_largePath&)> name;
+    };
     /// The wedges that repeat a driver.
     struct _driversWedges {
         std::vector<qint32> numbers;  ///< in list order
@@ -49,18 +62,17 @@ class _jobCopier {
         int channelsEnd = 0;  ///< one past its last channel slot in use
     };
 
-    void beginRound();
     void reserve(qint64 more);
     vxJ::_JobBasics_largePath* newJob();
     vxJ::_JobBasics_largePath* append(const vxJ::_JobBasicsArray& from, qint32 index, const _pattern& pattern);
     _pattern patternOf(const vxJ::_JobBasics_largePath& job) const;
     const _pattern& patternAt(qint32 index);
     int channelsEndOf(qint32 index) const;
-    vxJ::_JobBasics_largePath* copy(qint32 pattern, qint64 variant);
-    std::vector<qint32> copiesOf(const std::vector<qint32>& patterns, qint64 variant, bool orPattern) const;
-    qint32 copyForTake(qint32 pattern, _size take, const QString& name);
-    qint32 takeOver(const _resolvedDriver& driver, const vxJ::_JobBasicsArray& made, qint32 from, qint32 behind,
-                    _size take, const QString& name);
+    qint32 copy(const _wanted& wanted);
+    qint32 copyPattern(const _wanted& wanted);
+    qint32 copyOr(qint32 other, qint32 pattern, const _copyLayer& round) const;
+    std::vector<qint32> waitsIn(const _resolvedDriver& driver, const _copyLayer& layer) const;
+    qint32 takeOver(const _wanted& wanted, const _resolvedDriver& driver, const _layerSection& section);
     qint32 addDriversOfTakes(const QStringList& takes);
     qint32 copyForWedge(qint32 pattern, qint32 wedge);
     qint32 copyForWedgesOf(qint32 pattern);
@@ -69,7 +81,7 @@ class _jobCopier {
 
     vxJ::_JobBasicsArray& jobs;
     _jobWaits& waits;
-    _takeJobs& ofTakes;
+    _layerJobs& inLayers;
     qint32 firstClear = vxJ::jobArrayCapacity;  ///< records from here on were made for this round and never used
     vxJ::_writtenPages pages;
     _pattern latest;
@@ -78,7 +90,8 @@ class _jobCopier {
     static constexpr int unknownEnd = -1;
     // Qt's hash and list would end the process where they get no memory.
     std::map<QString, _driversWedges> wedgesOfDriver;
-    std::map<_copyKey, qint32> copies;  ///< of this round
+    std::map<_copyKey, qint32> copies;  ///< of all rounds
+    std::vector<_origin> origins;       ///< by job
 };
 
 }  // namespace vxP

@@ -87,8 +87,8 @@ qint32 finishJobs(_dataPARS_LoadSceneFile& load, const _sceneFacts& facts, const
     completeJobs(jobs, scene);
     _jobWaits waits(jobs);
     wireJobs(waits, drivers);
-    _takeJobs jobsOfTakes(load, facts, drivers, [&](vxJ::_JobBasicsArray& taken) { completeJobs(taken, scene); });
-    _jobCopier copier(jobs, waits, jobsOfTakes);
+    _layerJobs jobsInLayers(load, facts, drivers, [&](vxJ::_JobBasicsArray& taken) { completeJobs(taken, scene); });
+    _jobCopier copier(jobs, waits, jobsInLayers);
     const bool knewOfExports = mantraIFDJob;
     const bool knewOfLocalFiles = HIPFound_DisableLocalScene;
     const qint32 copied = copyForTakes(facts, copier);

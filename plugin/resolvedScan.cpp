@@ -3,8 +3,10 @@
 #include <cmath>
 #include <map>
 
+#include "catalogues/wedges.h"
 #include "drivers/outNode.h"
 #include "input/sceneLine.h"
+#include "plugin/driverLayers.h"
 #include "plugin/sceneScan.h"
 #include "resolve/frameGuard.h"
 #include "resolve/renderOrder.h"
@@ -23,6 +25,9 @@ using vxS::textOfUtf8;
 constexpr std::string_view takeOfDriver{"take"};
 constexpr std::string_view anyTake{"_current_"};
 constexpr std::string_view driverOfWedge{"driver"};
+constexpr std::string_view variantsOfWedge{"wrange"};
+constexpr std::string_view oneVariant{"single"};
+constexpr std::string_view variantOfWedge{"wedgenum"};
 
 /// What the scene says as a whole, as the plain scan would meet it.
 QString linesOfScene(const vxN::_scene& scene) {
@@ -49,6 +54,11 @@ const _sectionKind* kindOf(const vxN::_node& node, const _nodeType* type) {
     return classifyLine(header).section;
 }
 
+bool isDriver(const vxN::_node& node) {
+    const _nodeType* const type = nodeTypeOf(node.type());
+    return type != nullptr && type->reader == _sectionReader::driver && namesAnOutput(node, *type);
+}
+
 /// A damaged scene may have lost a node's parameters, and with them what would be read.
 bool hasSection(const vxN::_node& node) {
     return node.isSaved() && (node.parametersStart() > 0 || !node.parameters()->all().empty());
@@ -67,29 +77,6 @@ _remark remarkOf(_idle idle) {
     return _remark::savedByHand;
 }
 
-/// Shows the scene as one of its takes has it, for as long as it lives.
-class _shownTake {
- public:
-    _shownTake(vxN::_scene& ofScene, vxV::_evaluator& ofValues, qint32 take)
-        : scene(ofScene), values(ofValues), before(scene.shownTake()) {
-        show(take);
-    }
-    _shownTake(const _shownTake&) = delete;
-    _shownTake& operator=(const _shownTake&) = delete;
-    ~_shownTake() { show(before); }
-
- private:
-    void show(qint32 take) {
-        const qint32 shown = scene.shownTake();
-        scene.showTake(take);
-        if (scene.shownTake() != shown) values.forgetValues();
-    }
-
-    vxN::_scene& scene;
-    vxV::_evaluator& values;
-    const qint32 before;
-};
-
 class _resolvedScan {
  public:
     _resolvedScan(_dataPARS_LoadSceneFile& hostsLoad, const _sceneFile& source, _sceneFacts& sceneFacts,
@@ -100,7 +87,8 @@ class _resolvedScan {
           scene(source),
           evaluator(sectionEvaluator(scene, source, load.sceneFileName->toQString().toStdString())),
           sections(*evaluator),
-          order(scene, *evaluator) {}
+          order(scene, *evaluator),
+          layers(computed, sections, [this](qint32 node) { return jobsBefore(order.before(node, hasJobs)); }) {}
 
     qint32 run();
 
@@ -115,21 +103,16 @@ class _resolvedScan {
         const _nodeTraits* traits() const { return type == nullptr ? nullptr : &type->traits; }
     };
 
-    struct _otherTake {
-        qint32 index;  ///< in the scene
-        qint32 place;  ///< in the facts
-    };
-
     qint32 readFacts();
-    void findTakes();
     qint32 readNode(const vxN::_node& node, const _nodeType* type);
     qint32 readLines(const _section& section, QString lines);
     qint32 readSection(const _section& section);
     qint32 readDriver(const _section& section);
     qint32 readWedge(const _section& section);
-    std::optional<QString> ownTake(const vxN::_node& node);
-    void readTakes(const _section& section, const std::optional<QString>& lines, _resolvedDriver& driver);
-    std::vector<qint32> jobsBefore(qint32 node);
+    qint32 readWedgeOf(const _section& section, qint32 driver, qint32 group);
+    std::optional<qint32> onlyVariant(const vxN::_node& wedge, qint32 variants);
+    std::optional<qint32> ownTake(const vxN::_node& node);
+    std::vector<qint32> jobsBefore(const _nodesBefore& before);
 
     _dataPARS_LoadSceneFile& load;
     _sceneFacts& facts;
@@ -138,8 +121,9 @@ class _resolvedScan {
     std::unique_ptr<vxV::_evaluator> evaluator;
     _sectionResolver sections;
     _renderOrder order;
-    std::vector<_otherTake> otherTakes;  ///< that change anything in the scene as it was saved
-    std::map<qint32, qint32> lastJobs;   ///< of drivers, by node
+    const _computedScene computed{scene, *evaluator, order};
+    _driverLayers layers;
+    std::map<qint32, qint32> lastJobs;  ///< of drivers, by node
     const std::function<bool(qint32)> hasJobs = [this](qint32 node) { return lastJobs.count(node) > 0; };
 };
 
@@ -151,74 +135,40 @@ qint32 _resolvedScan::readFacts() {
     return result;
 }
 
-void _resolvedScan::findTakes() {
-    std::map<QString, qint32> places;
-    for (const QString& name : facts.takes.names) places.emplace(name, static_cast<qint32>(places.size()));
-    const auto takes = scene.takes().all();
-    const qint32 active = scene.activeTake();
-    std::vector<bool> isOther(takes.size());
-    for (std::size_t i = 0; i < takes.size(); ++i) {
-        const auto index = static_cast<qint32>(i);
-        const qint32 parent = takes[i].parent;
-        const bool isParentOther = parent >= 0 && isOther[static_cast<std::size_t>(parent)];
-        isOther[i] = index != active && (isParentOther || !takes[i].overrides.empty());
-        const auto place = places.find(textOfUtf8(takes[i].name));
-        if (place == places.end()) continue;
-        if (isOther[i]) otherTakes.push_back({index, place->second});
-        places.erase(place);  // of two takes of a name the first one counts
-    }
-}
-
 qint32 _resolvedScan::readLines(const _section& section, QString lines) {
     QTextStream stream(&lines, QIODevice::ReadOnly);
     QString line;
     return section.kind.readNode(load, {section.path, section.traits()}, stream, line, facts);
 }
 
-/// The take that a driver asks for; none: any.
-std::optional<QString> _resolvedScan::ownTake(const vxN::_node& node) {
+/// The take that a driver asks for, in the scene's list; none: any.
+std::optional<qint32> _resolvedScan::ownTake(const vxN::_node& node) {
     if (node.parameter(takeOfDriver) == nullptr) return {};
     const auto name = evaluator->text(node, takeOfDriver);
-    return name && !name->empty() && *name != anyTake ? std::optional<QString>(textOfUtf8(*name)) : std::nullopt;
+    return name && !name->empty() && *name != anyTake ? std::optional(scene.takes().find(*name)) : std::nullopt;
 }
 
-/// @param lines  of the driver as the scene was saved; none: it writes nothing then
-void _resolvedScan::readTakes(const _section& section, const std::optional<QString>& lines, _resolvedDriver& driver) {
-    for (const _otherTake& take : otherTakes) {
-        spendWork(shownTakeCost);
-        const _shownTake shown(scene, *evaluator, take.index);
-        std::optional<QString> taken;
-        if (sections.idleness(section.node, section.type) == _idle::no) {
-            const _unobserved silence;
-            taken = sections.linesOf(section.node, section.kind, section.type);
-        }
-        if (taken == lines) continue;
-        if (!taken) tellOfSection(_remark::offInTake, facts.takes.names.at(take.place));
-        keepMemory(bytesOf(taken.value_or(QString())) + static_cast<qint64>(sizeof(_takeSection)));
-        driver.takes.push_back({take.place, taken.has_value(), taken.value_or(QString())});
-    }
-}
-
-std::vector<qint32> _resolvedScan::jobsBefore(qint32 node) {
+std::vector<qint32> _resolvedScan::jobsBefore(const _nodesBefore& before) {
     std::vector<qint32> jobs;
-    for (const qint32 driver : order.before(node, hasJobs)) jobs.push_back(lastJobs[driver]);
+    jobs.reserve(before.nodes.size());
+    for (const qint32 driver : before.nodes) jobs.push_back(lastJobs[driver]);
     std::sort(jobs.begin(), jobs.end());
     return jobs;
 }
 
 qint32 _resolvedScan::readDriver(const _section& section) {
     if (load.jobArray->count > mostJobsBefore) return readLines(section, {});
-    const auto own = ownTake(section.node);
-    std::optional<QString> lines;
+    _resolvedDriver driver{section.path, section.traits(), section.node.index(), ownTake(section.node)};
+    driver.firstJob = load.jobArray->count;
     _idle idle = _idle::no;
     {
-        const _shownTake shown(scene, *evaluator, own ? scene.takes().find(own->toStdString()) : -1);
+        const _shownLayer shown(computed, {driver.ownTake.value_or(-1), {}});
         idle = sections.idleness(section.node, section.type);
-        if (idle == _idle::no) lines = sections.linesOf(section.node, section.kind, section.type);
+        if (idle == _idle::no) driver.lines = sections.linesOf(section.node, section.kind, section.type);
     }
-    _resolvedDriver driver{section.path, section.traits(), load.jobArray->count, 0, {}, {}};
-    if (lines) {
-        const qint32 result = readLines(section, *lines);
+    if (driver.lines) {
+        keepMemory(bytesOf(*driver.lines));
+        const qint32 result = readLines(section, *driver.lines);
         if (result != resultSuccess) return result;
         for (qint32 i = driver.firstJob; i < load.jobArray->count; ++i) removeFrameGuards(*load.jobArray->at(i));
     } else {
@@ -226,25 +176,59 @@ qint32 _resolvedScan::readDriver(const _section& section) {
         tellOfSection(remarkOf(idle));
     }
     driver.jobCount = load.jobArray->count - driver.firstJob;
-    driver.before = jobsBefore(section.node.index());
-    if (!own) readTakes(section, lines, driver);
-    if (driver.jobCount > 0) lastJobs[section.node.index()] = load.jobArray->count - 1;
+    const _nodesBefore before = order.before(driver.node, hasJobs);
+    driver.before = jobsBefore(before);
+    driver.hasChoices = before.isChosen;
+    if (!driver.ownTake) layers.readTakes(driver, facts.takes.names);
+    if (driver.jobCount > 0) lastJobs[driver.node] = load.jobArray->count - 1;
     if (driver.jobCount > 0)
         drivers.withJobs.push_back(std::move(driver));
-    else if (!driver.takes.empty())
+    else if (!driver.inLayers.empty())
         drivers.ofTakes.push_back(std::move(driver));
     return resultSuccess;
+}
+
+/// The one variant that a wedge is set to; none: it renders all, or the number cannot be told.
+std::optional<qint32> _resolvedScan::onlyVariant(const vxN::_node& wedge, qint32 variants) {
+    const auto range = wedge.parameter(variantsOfWedge);
+    if (range == nullptr || range->values.empty() || range->values.front().text != oneVariant) return {};
+    const auto number = evaluator->number(wedge, variantOfWedge);
+    const bool isVariant = number && *number >= 0 && *number < variants;
+    return isVariant ? std::optional(static_cast<qint32>(*number)) : std::nullopt;
+}
+
+/// @param driver  that it repeats
+/// @param group   of its entries
+qint32 _resolvedScan::readWedgeOf(const _section& section, qint32 driver, qint32 group) {
+    const auto known = wedges.size();
+    const _given given{driverOfWedge, textOfUtf8(scene.node(driver).path())};
+    const qint32 result = readLines(section, sections.linesOf(section.node, section.kind, section.type, given));
+    if (wedges.size() == known) return result;
+    const auto entry = static_cast<int>(known);
+    wedges[entry].group = group;
+    wedges[entry].onlyVariant = onlyVariant(section.node, wedges[entry].totalWedges());
+    layers.addWedge(entry, section.node.index(), driver);
+    return result;
 }
 
 /// A wedge repeats each of the drivers that are wired to it.
 qint32 _resolvedScan::readWedge(const _section& section) {
     const auto repeated = order.repeatedBy(section.node, hasJobs);
-    if (repeated.empty()) return readLines(section, sections.linesOf(section.node, section.kind, section.type));
+    const auto group = static_cast<qint32>(wedges.size());
     for (const qint32 driver : repeated) {
-        const _given given{driverOfWedge, textOfUtf8(scene.node(driver).path())};
-        const qint32 result = readLines(section, sections.linesOf(section.node, section.kind, section.type, given));
+        const qint32 result = readWedgeOf(section, driver, group);
         if (result != resultSuccess) return result;
     }
+    if (!repeated.empty()) return resultSuccess;
+    const auto idle = order.repeatedBy(section.node, [this](qint32 node) { return isDriver(scene.node(node)); });
+    const auto name = evaluator->text(section.node, driverOfWedge);
+    if (idle.empty() && !(name && name->empty()))
+        return readLines(section, sections.linesOf(section.node, section.kind, section.type));
+    tellReader(section.kind.reader, section.path);
+    if (idle.empty())
+        tellOfSection(_remark::wedgeLeadsNowhere);
+    else
+        tellOfSection(_remark::wedgeOfIdleDriver, textOfUtf8(scene.node(idle.front()).path()));
     return resultSuccess;
 }
 
@@ -274,7 +258,7 @@ qint32 _resolvedScan::readNode(const vxN::_node& node, const _nodeType* type) {
 
 qint32 _resolvedScan::run() {
     if (const qint32 read = readFacts(); read != resultSuccess) return read;
-    findTakes();
+    layers.findTakes(facts.takes.names);
     for (qint32 index = 0; index < scene.nodeCount(); ++index) {
         if (order.isHandedOut(index)) continue;
         const _nodeType* const type = nodeTypeOf(scene.node(index).type());
@@ -286,6 +270,7 @@ qint32 _resolvedScan::run() {
             if (read != resultSuccess) return read;
         }
     }
+    layers.finish(drivers);
     return resultSuccess;
 }
 

@@ -34,6 +34,9 @@ struct _nodeType {
     bool rendersSettings = false;  ///< without an output of its own it writes what the settings of its stage name
 };
 
+/// What a render of a stage exports for itself: a file in a temporary folder, which is removed behind it.
+constexpr std::string_view temporaryExport{"__render__.usd"};
+
 /// The row of a type; null: a node of that type is nothing that a farm has to know.
 /// @param type  whole name: "labs::filecache::2.0"
 const _nodeType* nodeTypeOf(std::string_view type);

@@ -44,6 +44,13 @@ std::string_view typeName(const _node& node) {
     return vxN::splitNodeType(node.type()).name;
 }
 
+/// A value decides what is rendered before it.
+bool isChoice(const _node& node) {
+    const std::string_view type = typeName(node);
+    return type == switchType ||
+           std::any_of(stands.begin(), stands.end(), [&](const _stand& stand) { return stand.type == type; });
+}
+
 /// Assets of drivers hold more of the network that they are in.
 bool isInDriverNetwork(const _node& node) {
     for (_node around = node.parent(); around; around = around.parent()) {
@@ -53,6 +60,10 @@ bool isInDriverNetwork(const _node& node) {
         if (outer && !outer.parent()) return isOneOf(driverRoots, around.name());
     }
     return false;
+}
+
+qint64 bytesIn(std::size_t sources) {
+    return bytesAroundPosition + static_cast<qint64>(sources * sizeof(qint32));
 }
 
 /// Nodes in a network that no other one in it waits for.
@@ -112,28 +123,47 @@ const std::vector<qint32>& _renderOrder::sourcesOf(qint32 index) {
     if (!isNew) return place->second;
     spendWork(wireCost);
     const auto nodes = readSources(scene.node(index));
-    keepMemory(bytesAroundPosition + static_cast<qint64>(nodes.size() * sizeof(qint32)));
+    keepMemory(bytesIn(nodes.size()));
     for (const _node& node : nodes) place->second.push_back(node.index());
+    if (isChoice(scene.node(index))) choices.push_back(index);
     return place->second;
+}
+
+void _renderOrder::forgetChoices() {
+    for (const qint32 node : choices) {
+        const auto place = sources.find(node);
+        keepMemory(-bytesIn(place->second.size()));
+        sources.erase(place);
+    }
+    choices.clear();
+}
+
+std::vector<qint32> _renderOrder::possibleSources(qint32 index) {
+    const _node node = scene.node(index);
+    if (typeName(node) != switchType || !isInDriverNetwork(node)) return sourcesOf(index);
+    std::vector<qint32> all;
+    for (const _node& input : node.inputNodes()) all.push_back(input.index());
+    return all;
 }
 
 std::vector<qint32> _renderOrder::upTo(qint32 node) {
     struct _step {
         qint32 node;
-        std::size_t next;  ///< of its sources
+        std::vector<qint32> sources;
+        std::size_t next = 0;  ///< of its sources
     };
     std::vector<qint32> order;
     std::vector<_step> way;
     const auto enter = [&](qint32 index) {
         if (isDone[static_cast<std::size_t>(index)]) return;
         isDone[static_cast<std::size_t>(index)] = true;
-        way.push_back({index, 0});
+        way.push_back({index, possibleSources(index)});
     };
     enter(node);
     while (!way.empty()) {
-        const std::vector<qint32>& first = sourcesOf(way.back().node);
-        if (way.back().next < first.size()) {
-            enter(first[way.back().next++]);
+        _step& last = way.back();
+        if (last.next < last.sources.size()) {
+            enter(last.sources[last.next++]);
         } else {
             order.push_back(way.back().node);
             way.pop_back();
@@ -142,12 +172,13 @@ std::vector<qint32> _renderOrder::upTo(qint32 node) {
     return order;
 }
 
-std::vector<qint32> _renderOrder::before(qint32 node, const std::function<bool(qint32)>& isWanted) {
-    std::vector<qint32> found;
+_nodesBefore _renderOrder::before(qint32 node, const std::function<bool(qint32)>& isWanted) {
+    _nodesBefore found;
     std::set<qint32> known{node};
     std::vector<qint32> ahead;  // the next one is the last
     const auto follow = [&](qint32 index) {
         const std::vector<qint32>& first = sourcesOf(index);
+        found.isChosen |= isChoice(scene.node(index));
         for (auto source = first.rbegin(); source != first.rend(); ++source) ahead.push_back(*source);
     };
     follow(node);
@@ -157,7 +188,7 @@ std::vector<qint32> _renderOrder::before(qint32 node, const std::function<bool(q
         spendWork(wireCost);
         if (!known.insert(next).second) continue;
         if (isWanted(next))
-            found.push_back(next);
+            found.nodes.push_back(next);
         else
             follow(next);
     }
@@ -166,10 +197,10 @@ std::vector<qint32> _renderOrder::before(qint32 node, const std::function<bool(q
 
 std::vector<qint32> _renderOrder::repeatedBy(const _node& wedge, const std::function<bool(qint32)>& isWanted) {
     const auto path = evaluator.text(wedge, wedgeDriver);
-    if (path && path->empty()) return before(wedge.index(), isWanted);
+    if (path && path->empty()) return before(wedge.index(), isWanted).nodes;
     const _node driver = named(wedge, wedgeDriver);
     if (!driver) return {};
-    return isWanted(driver.index()) ? std::vector<qint32>{driver.index()} : before(driver.index(), isWanted);
+    return isWanted(driver.index()) ? std::vector<qint32>{driver.index()} : before(driver.index(), isWanted).nodes;
 }
 
 }  // namespace vxP

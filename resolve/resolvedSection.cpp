@@ -27,7 +27,8 @@ constexpr std::string_view settingsImage{"picture"};
 constexpr std::string_view stepsOfChannel{"steps"};  ///< of a wedge; its number follows
 constexpr std::string_view cameraResolution{"res"};
 constexpr std::string_view resolutionFraction{"res_fraction"};
-constexpr double largestSide = 65535;  // pixels, as records count them
+constexpr std::size_t mostReadNames = 10'000;  ///< that are kept
+constexpr double largestSide = 65535;          // pixels, as records count them
 constexpr std::array cameraNames{std::string_view{"camera"}, std::string_view{"RS_renderCamera"}};
 
 /// Toggles of a driver that its reader knows by their words; a channel gives them a number.
@@ -49,15 +50,6 @@ struct _override {
 };
 constexpr std::array overrides{_override{"override_camerares", "res_override"},
                                _override{"RS_overrideCameraRes", "RS_overrideRes"}};
-
-/// By the name of a rule: one that ends with a TAB is a whole name. A driver has hundreds of parameters.
-bool isCalled(QLatin1String ruleName, std::string_view parameter) {
-    std::string_view name(ruleName.data(), static_cast<std::size_t>(ruleName.size()));
-    const bool isWhole = name.ends_with('\t');
-    if (isWhole) name.remove_suffix(1);
-    const bool hasLength = isWhole ? parameter.size() == name.size() : parameter.size() >= name.size();
-    return hasLength && qstrnicmp(parameter.data(), name.data(), static_cast<uint>(name.size())) == 0;
-}
 
 bool isOutput(std::string_view parameter) {
     return roleOf(textOfUtf8(parameter) + QLatin1Char('\t')) == _parameterRole::output;
@@ -107,13 +99,15 @@ void tellValue(const vxN::_node& node, std::string_view name, const vxN::_value&
 }
 
 /// True for a parameter that the reader looks at. A driver's size is told by other means.
-bool isRead(const _sectionKind& kind, std::string_view name) {
+bool isAmongParameters(const _sectionKind& kind, std::string_view name) {
     const auto names = kind.parameters();
+    const QString line = textOfUtf8(name) + QLatin1Char('\t');
     const bool isSize =
         kind.reader == _sectionReader::driver &&
         std::any_of(overrides.begin(), overrides.end(), [&](const _override& way) { return way.resolution == name; });
-    return !name.empty() && !isSize &&
-           std::any_of(names.begin(), names.end(), [&](QLatin1String known) { return isCalled(known, name); });
+    return !name.empty() && !isSize && std::any_of(names.begin(), names.end(), [&](QLatin1String known) {
+        return line.startsWith(known, Qt::CaseInsensitive);
+    });
 }
 
 /// What a driver's reader knows by another word.
@@ -134,10 +128,21 @@ struct _sectionResolver::_target {
     QString& lines;
 };
 
+/// Nodes of a type have the same names, and a driver is looked at in many takes and variants.
+bool _sectionResolver::isRead(const _sectionKind& kind, std::string_view name) {
+    spendWork(parameterNameCost, static_cast<qint64>(name.size()));
+    auto& known = readNames[static_cast<std::size_t>(kind.reader)];
+    if (known.size() >= mostReadNames) known.clear();
+    const auto [place, isNew] = known.try_emplace(std::string(name));
+    if (isNew) place->second = isAmongParameters(kind, name);
+    return place->second;
+}
+
 /// The name by which a reader gets a parameter; empty: another parameter names the output.
 std::string_view _sectionResolver::nameForReader(const _target& target, std::string_view name) {
     if (target.output == nullptr || name == target.type->stageFile) return name;
     if (target.output->name == name) return target.output->readAs.empty() ? name : target.output->readAs;
+    if (!isRead(target.kind, name)) return {};
     return isOutput(name) ? std::string_view() : name;
 }
 
@@ -293,6 +298,7 @@ bool _sectionResolver::addStageImage(const _target& target, const vxN::_paramete
                                 {},
                                 text ? textOfUtf8(*text) : QString(),
                                 why});
+    if (!settings) tellOfSection(_remark::stageNamesNoImage, why);
     return true;
 }
 
@@ -303,6 +309,16 @@ void _sectionResolver::addRangeSwitch(const _target& target) {
     const bool hasOther = node.parameter(otherRangeSwitch) != nullptr;
     const auto range = hasOther ? evaluator.text(node, otherRangeSwitch) : vxV::_textOutcome(std::string(wholeRange));
     if (range) target.lines += lineOf(rangeSwitch, inQuotes(textOfUtf8(*range)));
+}
+
+/// True for a scene description that is gone when the render is done: no job exports it.
+bool _sectionResolver::isTemporary(const _target& target, const vxN::_parameter& parameter) {
+    if (target.type == nullptr || !target.type->rendersSettings || parameter.name != target.type->stageFile)
+        return false;
+    const QString file = valueOf(target, parameter, parameter.values.front());
+    const bool isIt = file.mid(file.lastIndexOf(QLatin1Char('/')) + 1) == vxS::latin(temporaryExport);
+    if (isIt) tellOfSection(_remark::exportIsTemporary, file);
+    return isIt;
 }
 
 void _sectionResolver::tellCurrentFrame(const vxN::_node& node) {
@@ -332,11 +348,12 @@ QString _sectionResolver::linesOf(const vxN::_node& node, const _sectionKind& ki
     const _target target{node, kind, type, isDriver && type != nullptr ? outputOf(node, *type) : nullptr, lines};
     if (isDriver) addRangeSwitch(target);
     const auto parameters = node.parameters();
-    for (const vxN::_parameter& parameter : parameters->all()) {
-        const std::string_view name = nameForReader(target, parameter.name);
-        if (parameter.values.empty() || !isRead(kind, name)) continue;
+    for (const vxN::_parameter& own : parameters->all()) {
+        const std::string_view name = nameForReader(target, own.name);
+        if (own.values.empty() || !isRead(kind, name)) continue;
         spendWork(sectionCost);
-        addLine(target, parameter, name, given);
+        const auto parameter = node.parameter(own.name);  // with what a layer says of it
+        if (!isTemporary(target, *parameter)) addLine(target, *parameter, name, given);
     }
     if (isDriver) {
         addResolution(target);

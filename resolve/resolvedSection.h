@@ -5,6 +5,8 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <string>
+#include <unordered_map>
 
 #include "evaluate/evaluator.h"
 #include "input/sectionKinds.h"
@@ -47,13 +49,15 @@ class _sectionResolver {
     void addFrames(const _target& target, const vxN::_parameter& parameter);
     void addLine(const _target& target, const vxN::_parameter& parameter, std::string_view name, const _given& given);
     void addResolution(const _target& target);
-    static std::string_view nameForReader(const _target& target, std::string_view name);
+    bool isRead(const _sectionKind& kind, std::string_view name);
+    std::string_view nameForReader(const _target& target, std::string_view name);
     vxN::_node cameraOf(const vxN::_node& driver);
     std::optional<_imageSize> sizeOf(const vxN::_node& node, std::string_view name);
     std::optional<_imageSize> overriddenSize(const vxN::_node& driver, std::string_view resolution,
                                              const std::optional<_imageSize>& camera);
     bool addStageImage(const _target& target, const vxN::_parameter& parameter, std::string_view name);
     void addRangeSwitch(const _target& target);
+    bool isTemporary(const _target& target, const vxN::_parameter& parameter);
     void tellCurrentFrame(const vxN::_node& node);
     vxV::_textOutcome textOf(const vxN::_node& node, const vxN::_value& value);
     QString valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value);
@@ -63,6 +67,8 @@ class _sectionResolver {
     std::optional<double> frame(const vxN::_node& node, const vxN::_value& value);
 
     vxV::_evaluator& evaluator;
+    std::array<std::unordered_map<std::string, bool>, sectionReaderCount>
+        readNames;  ///< whether the reader looks at it
 };
 
 }  // namespace vxP

@@ -54,7 +54,8 @@ constexpr _workCost nodeInputCost{0, 1};         ///< inputs of a node; inputs
 constexpr _workCost takeRecordCost{300};         ///< a record of the scene's takes
 constexpr _workCost dialogScriptCost{0, 5};      ///< the script that tells the menus of a type; bytes
 constexpr _workCost evaluationStepCost{100};     ///< a step of computing an expression
-constexpr _workCost shownTakeCost{5000};         ///< a driver looked at as a take has it
+constexpr _workCost parameterNameCost{30, 1};    ///< a parameter of a node, its name looked up; characters
+constexpr _workCost shownLayerCost{5000};        ///< a driver looked at as a take or a variant has it
 constexpr _workCost wireCost{200};               ///< a wire, or a node on the ways that lead to a driver
 constexpr _workCost customDataCost{2000, 8};     ///< a value put into a job's custom data; characters of old and new
 

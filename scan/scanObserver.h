@@ -40,7 +40,11 @@ enum class _remark : quint8 {
     loadsFromDisk,         ///< no job: the cache reads what was written before
     savedByHand,           ///< no job: the node writes only when somebody saves by hand
     offInTake,             ///< no copy for a take, in which the node writes nothing; detail: the take
+    stageNamesNoImage,     ///< no job: the output is empty, and so is the stage's; detail: why
+    exportIsTemporary,     ///< the exported scene description is removed after the render; detail: its name
     currentFrameOnly,      ///< Houdini renders the current frame alone: the driver has no range of its own
+    wedgeOfIdleDriver,     ///< no wedge: the driver that it leads to has no job; detail: the driver
+    wedgeLeadsNowhere,     ///< ... it names no driver, and none is wired to it
     wedgeWithoutDriver,    ///< no wedge: it names no driver ...
     wedgeWithoutVariants,  ///< ... its step counts give no variant
     wedgeOfOtherMethod,    ///< ... its method is another one; detail: the method

@@ -18,6 +18,25 @@ std::shared_ptr<const Part> partOf(const std::shared_ptr<const Whole>& whole, co
     return part == nullptr ? nullptr : std::shared_ptr<const Part>(whole, part);
 }
 
+/// The layer keeps the text alive.
+_value valueOf(const _fixedNumber& fixed) {
+    return {fixed.text, {}, false, true};
+}
+
+/// A parameter with numbers of a layer among its values, and what keeps its texts alive.
+struct _layeredParameter {
+    std::shared_ptr<const _parameters> own;
+    std::shared_ptr<const _layer> layer;
+    std::vector<_value> values;
+    _parameter parameter;
+};
+
+/// The same of one value.
+struct _layeredValue {
+    std::shared_ptr<const _layer> layer;
+    _value value;
+};
+
 std::string_view takeName(std::string_view& path) {
     const std::size_t end = std::min(path.find('/'), path.size());
     const std::string_view name = path.substr(0, end);
@@ -42,7 +61,16 @@ std::string _sceneStore::textOf(qint32 index, _nodeEntry entry) const {
 
 /// Of the take that is shown.
 std::vector<_takeOverride> _sceneStore::overridesOf(const _node& node) const {
-    return shownTake < 0 ? std::vector<_takeOverride>() : takes->overridesOf(shownTake, node.path());
+    return layer->take < 0 ? std::vector<_takeOverride>() : takes->overridesOf(layer->take, node.path());
+}
+
+const _fixedNumber* _sceneStore::fixedFor(const _node& node, const _parameters& all, const _value* component) const {
+    for (const _fixedNumber& fixed : layer->fixed) {
+        if (fixed.node != node.index() || all.component(fixed.channel) != component) continue;
+        isFixedRead = true;
+        return &fixed;
+    }
+    return nullptr;
 }
 
 std::string_view _node::name() const {
@@ -137,17 +165,30 @@ std::shared_ptr<const _channels> _node::channels() const {
 
 std::shared_ptr<const _parameter> _node::parameter(std::string_view name) const {
     const auto all = parameters();
-    return partOf(all, all->find(name));
+    const _parameter* const own = all->find(name);
+    if (own == nullptr || scene->layer->fixed.empty()) return partOf(all, own);
+    const auto layered = std::make_shared<_layeredParameter>();
+    *layered = {all, scene->layer, {own->values.begin(), own->values.end()}, *own};
+    for (std::size_t i = 0; i < layered->values.size(); ++i)
+        if (const auto* const fixed = scene->fixedFor(*this, *all, &own->values[i]))
+            layered->values[i] = valueOf(*fixed);
+    layered->parameter.values = layered->values;
+    return std::shared_ptr<const _parameter>(layered, &layered->parameter);
 }
 
 std::shared_ptr<const _value> _node::component(std::string_view channel) const {
     const auto all = parameters();
-    return partOf(all, all->component(channel));
+    const _value* const own = all->component(channel);
+    const _fixedNumber* const fixed = own == nullptr ? nullptr : scene->fixedFor(*this, *all, own);
+    if (fixed == nullptr) return partOf(all, own);
+    const auto layered = std::make_shared<const _layeredValue>(_layeredValue{scene->layer, valueOf(*fixed)});
+    return std::shared_ptr<const _value>(layered, &layered->value);
 }
 
 std::shared_ptr<const _channel> _node::channel(std::string_view name) const {
-    if (scene != nullptr && scene->shownTake >= 0)
-        if (const auto value = component(name); value != nullptr && value->isOfTake) return nullptr;
+    if (scene != nullptr && scene->hasLayer())
+        if (const auto value = component(name); value != nullptr && value->isOverride && !value->isDriven())
+            return nullptr;
     const auto all = channels();
     return partOf(all, all->find(name));
 }

@@ -65,7 +65,7 @@ class _parameterReader {
         const std::size_t ownValues = into.values.size();
         tokens = _textTokens(source.substr(ownBytes));
         while (!tokens.rest().empty() && readBlock()) continue;
-        for (std::size_t i = ownValues; i < into.values.size(); ++i) into.values[i].isOfTake = true;
+        for (std::size_t i = ownValues; i < into.values.size(); ++i) into.values[i].isOverride = true;
         setSpans();
         into.byName = indexByName(into.parameters, nameOf);
         putInPlace(ownParameters);

@@ -16,7 +16,7 @@ struct _value {
     std::string_view text;     ///< literal, or cached where a channel drives it; without quotes and escapes
     std::string_view channel;  ///< what drives it, "f1"; empty: the text is literal
     bool isQuoted = false;     ///< in the scene
-    bool isOfTake = false;     ///< a take's: the channels of the node do not drive it
+    bool isOverride = false;   ///< of a layer (scene/layer.h): no channel drives it but the one that it names
 
     bool isDriven() const { return !channel.empty(); }
 };

@@ -247,17 +247,24 @@ qint32 _scene::activeTake() const {
     return name ? store->takes->find(*name) : -1;
 }
 
-void _scene::showTake(qint32 take) {
+void _scene::show(_layer layer) {
+    const qint32 take = layer.take;
     const bool isOther = take >= 0 && take < static_cast<qint32>(takes().all().size()) && take != activeTake();
-    const qint32 shown = isOther ? take : -1;
-    if (shown == store->shownTake) return;
-    store->shownTake = shown;
+    layer.take = isOther ? take : -1;
+    const qint32 takeBefore = store->layer->take;
+    store->layer = std::make_shared<const _layer>(std::move(layer));
+    store->isFixedRead = false;
+    if (store->layer->take == takeBefore) return;
     store->definitions.clear();
     store->parameters.clear();
 }
 
-qint32 _scene::shownTake() const {
-    return store->shownTake;
+const _layer& _scene::shown() const {
+    return *store->layer;
+}
+
+bool _scene::isLayerRead() const {
+    return store->isFixedRead;
 }
 
 }  // namespace vxN

@@ -20,6 +20,7 @@
 #include <string_view>
 
 #include "scene/archive.h"
+#include "scene/layer.h"
 #include "scene/node.h"
 #include "scene/takes.h"
 
@@ -85,11 +86,12 @@ class _scene {
     const _takes& takes() const;
     /// The take that was active when the scene was saved; -1: unknown.
     qint32 activeTake() const;
-    /// From now on nodes have the parameters and flags of that take; what was handed out before stays as it was. What a
-    /// take overrides is driven by no channel: the scene holds the channels of the active take alone.
-    /// @param take  position in the list; -1 and the active take: as it was saved
-    void showTake(qint32 take);
-    qint32 shownTake() const;  ///< -1: as it was saved
+    /// From now on nodes have the parameters and flags that the layer gives them; what was handed out before stays as
+    /// it was. The active take is the scene as it was saved.
+    void show(_layer layer);
+    const _layer& shown() const;
+    /// Whether anybody looked at one of the layer's numbers: else nothing that was read since depends on them.
+    bool isLayerRead() const;
 
  private:
     std::unique_ptr<_sceneStore> store;

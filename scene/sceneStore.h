@@ -44,6 +44,9 @@ struct _sceneStore {
     /// What the node's entry holds; empty where it has none. Throws `_budgetExceeded`.
     std::string textOf(qint32 index, _nodeEntry entry) const;
     std::vector<_takeOverride> overridesOf(const _node& node) const;
+    bool hasLayer() const { return layer->take >= 0 || !layer->fixed.empty(); }
+    /// The number that stands in for a component; null: none does.
+    const _fixedNumber* fixedFor(const _node& node, const _parameters& all, const _value* component) const;
 
     const _byteSource& source;
     _archiveKind archiveKind = _archiveKind::none;
@@ -60,7 +63,8 @@ struct _sceneStore {
     std::vector<quint32> variablesByName;
     std::vector<_contextOption> contextOptions;
     std::unique_ptr<_takes> takes;
-    qint32 shownTake = -1;
+    std::shared_ptr<const _layer> layer = std::make_shared<const _layer>();  ///< never null
+    mutable bool isFixedRead = false;                                        ///< a number of the layer was handed out
 
     mutable _nodeCache<_nodeDefinition> definitions;
     mutable _nodeCache<_parameters> parameters;

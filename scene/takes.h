@@ -9,7 +9,8 @@
 
 namespace vxN {
 
-/// Before the letter of a flag: ".flags.d", ".flags.r" of the display or render flag, ".flags.b" of the bypass flag.
+/// Before the letter of a flag: ".flags.d", ".flags.r" of the display or render flag. That ".flags.b" is the bypass
+/// flag follows from these two: takes can hold it, but none of the scenes that this was learned from does.
 constexpr std::string_view flagMark = ".flags.";
 
 /// What a take says of one parameter or flag of a node.

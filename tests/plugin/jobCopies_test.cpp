@@ -108,8 +108,9 @@ TEST(JobCopiesInAFullArray, FillItToItsLastRecord) {
         pattern.imageFileName = u"n$WEDGENUM";
         array.count = room - 2;
         _jobWaits waits(array);
-        _takeJobs noTakes(loader.record(), loader.facts(), {}, {});
-        EXPECT_EQ(_jobCopier(array, waits, noTakes).copyForWedges(), code) << steps;
+        const _resolvedDrivers noDrivers;
+        _layerJobs noLayers(loader.record(), loader.facts(), noDrivers, {});
+        EXPECT_EQ(_jobCopier(array, waits, noLayers).copyForWedges(), code) << steps;
         EXPECT_EQ(array.count, count) << steps;
         for (int i = 0; i < 2; ++i) EXPECT_EQ(plainOf(array.at(room - 2 + i)->imageFileName), "n" + std::to_string(i));
     }
