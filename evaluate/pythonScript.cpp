@@ -117,7 +117,7 @@ _valueOutcome _script::number(std::string_view value) const {
 /// `if not NAME:`, whose only statement gives a number back. None: it is passed over.
 std::optional<_valueOutcome> _script::branch(std::string_view name) {
     const auto parameter = parameters.find(name);
-    auto line = nextLine();
+    const auto line = nextLine();
     if (parameter == parameters.end() || !line || !line->starts_with(' ')) return notKnown();
     std::string_view result = trimmed(*line);
     if (!takePrefix(result, "return ")) return notKnown();

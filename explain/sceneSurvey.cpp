@@ -12,6 +12,7 @@
 #include "input/sceneFile.h"
 #include "input/sectionFilter.h"
 #include "scan/scanBudget.h"
+#include "scene/archive.h"
 #include "scene/limits.h"
 
 namespace vxE {

@@ -127,7 +127,7 @@ std::vector<_sceneVariable> parseVariables(std::string_view text) {
 std::vector<_contextOption> parseContextOptions(const std::string& text) {
     std::vector<_contextOption> options;
     const QJsonArray list = QJsonDocument::fromJson(QByteArray::fromStdString(text)).array();
-    for (const QJsonValue& item : list) {
+    for (const auto& item : list) {
         const QJsonObject row = item.toObject();
         const QJsonValue value = row[QLatin1String("value")].toObject()[QLatin1String("value")];
         if (!value.isDouble() && !value.isString()) continue;
