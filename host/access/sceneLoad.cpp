@@ -66,11 +66,19 @@ QString errorOf(qint32 code, const QString& scene) {
     return reason.isEmpty() ? sentenceOfCode(code) : sentenceOfCode(code) + QLatin1String{": "} + reason;
 }
 
-_sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments) {
+_sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
+                       const std::function<void(const _sceneResult&, const vxJ::_JobBasicsArray&)>& use) {
     _sceneResult result;
-    static_cast<_sceneHead&>(result) =
-        loadRecords(loader, scene, arguments, [&](const auto& records) { result.jobs = jobsOf(records); });
+    result.scene = scene;
+    static_cast<_sceneHead&>(result) = loadRecords(loader, scene, arguments, [&](const auto& records) {
+        result.jobs = jobsOf(records);
+        use(result, records);
+    });
     return result;
+}
+
+_sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments) {
+    return loadScene(loader, scene, arguments, [](const auto&, const auto&) {});
 }
 
 _sceneResult loadSceneApart(const _askedPlugin& plugin, const char* scene, const _submitterArguments& arguments) {

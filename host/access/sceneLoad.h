@@ -27,7 +27,11 @@ QString errorOf(qint32 code, const QString& scene);
 /// @param scene  absolute path of at most 500 characters
 _sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments);
 
-/// The same in a child process, for a scene as named on the command line. Why the plug-in did not answer is
+/// The same for who needs the records too. @param use  gets the scene with its jobs, but not yet its code
+_sceneResult loadScene(const _sceneLoader& loader, const QString& scene, const _submitterArguments& arguments,
+                       const std::function<void(const _sceneResult&, const vxJ::_JobBasicsArray&)>& use);
+
+/// The first in a child process, for a scene as named on the command line. Why the plug-in did not answer is
 /// the result's code (a `_hostCode`) and error.
 _sceneResult loadSceneApart(const _askedPlugin& plugin, const char* scene, const _submitterArguments& arguments);
 

@@ -13,10 +13,11 @@ _command reportCommand();
 _command varsCommand();
 _command diffCommand();
 _command valuesCommand();
+_command exportCommand();
 _command infoCommand();
 
 /// In the order in which the help shows them.
 inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, varsCommand,
-                                        diffCommand, valuesCommand,  infoCommand};
+                                        diffCommand, valuesCommand,  exportCommand, infoCommand};
 
 }  // namespace vxH

@@ -1,4 +1,4 @@
-// The engines that run a scene's jobs, one row each.
+// An engine that runs a scene's jobs.
 #pragma once
 
 #include <QByteArray>
@@ -8,26 +8,34 @@
 
 namespace vxH {
 
-/// What names an engine takes.
+/// What names an engine takes: ASCII letters, digits and some marks.
 struct _nameRules {
     int leastLength = 1;
-    int mostLength = 255;   ///< UTF-16 characters
-    QLatin1String marks{};  ///< characters allowed beside ASCII letters and digits; others become "_"
+    int mostLength = 200;
+    QLatin1String marks{"._-"};  ///< with "-", which numbers behind a name begin with
 };
 
 struct _engine {
     QLatin1String name;         ///< as `--to` takes it
-    QLatin1String description;  ///< one line
+    QLatin1String description;  ///< a few words: "job template of ..."
     QLatin1String fileEnding;   ///< of what is written: ".sh"
-    _nameRules stepNames;
-    _nameRules submissionNames;
-    bool isProgram = false;  ///< what is written is run: it is made executable
-    /// Why the engine cannot run a step, in one line: "more than 1000 tasks"; empty where it can.
+    _nameRules stepNames{};
+    _nameRules submissionNames{};
+    bool isProgram = false;  ///< what is written is made executable
+    /// Why the engine cannot run a step, in one line: "a newline in its command"; empty where it can.
     QString (*faultOfStep)(const _farmStep& step);
-    /// The same of what all steps together come to: "more than 100 steps".
+    /// The same of all steps together: "more than 100 steps".
     QString (*faultOfSubmission)(const _submission& submission);
-    /// The submission as the engine reads it: the same bytes for the same submission.
+    /// What the engine reads: the same bytes for the same submission.
     QByteArray (*write)(const _submission& submission);
 };
+
+/// Of an engine that can run any step, and any number of them.
+inline QString noFault(const _farmStep&) {
+    return {};
+}
+inline QString noFaultOfAll(const _submission&) {
+    return {};
+}
 
 }  // namespace vxH

@@ -29,14 +29,13 @@ QString inSceneFolder(QString rest, QString folder) {
     return folder + rest;
 }
 
-QString writtenOutFolder(const _job& job, const QString& scene) {
-    const QString& folder = job.imageDir;
-    if (folder.startsWith(sceneFolderMark))
-        return inSceneFolder(folder.mid(sceneFolderMark.size()), vxS::vxGetDirName(scene, separator));
-    return folder.startsWith(databaseMark) ? job.sceneDatabaseDir + folder.mid(databaseMark.size()) : folder;
-}
-
 }  // namespace
+
+QString writtenOut(const QString& path, const _job& job, const QString& scene) {
+    if (path.startsWith(sceneFolderMark))
+        return inSceneFolder(path.mid(sceneFolderMark.size()), vxS::vxGetDirName(scene, separator));
+    return path.startsWith(databaseMark) ? job.sceneDatabaseDir + path.mid(databaseMark.size()) : path;
+}
 
 QString rendererCell(const _job& job) {
     return job.appRenderer.isEmpty() ? job.app : job.app + separator + job.appRenderer;
@@ -55,7 +54,7 @@ QString framesCell(const _job& job) {
 QString outputCell(const _job& job, const QString& scene) {
     const bool hasDigits = !job.imageFileName.isEmpty() && !job.imageSingleOutputFile;
     const QString digits{hasDigits ? job.imagePadding : 0, QLatin1Char('#')};
-    QString output = writtenOutFolder(job, scene) + job.imageFileName + digits + job.imageExtension;
+    QString output = writtenOut(job.imageDir, job, scene) + job.imageFileName + digits + job.imageExtension;
     return job.channel.isEmpty() ? output : output.replace(channelMark, job.channel);
 }
 

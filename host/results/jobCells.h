@@ -11,6 +11,9 @@ namespace vxH {
 QString rendererCell(const _job& job);
 /// The frame set, or "1001-1100 x2", "1001-1100", "7"
 QString framesCell(const _job& job);
+/// A path of the job with its beginning written out where that is "<Database>" or "<SceneFolder>".
+/// @param scene  absolute path
+QString writtenOut(const QString& path, const _job& job, const QString& scene);
 /// Folder, file name, "#" for each frame digit, and extension as one path. The folder's "<Database>" and
 /// "<SceneFolder>" are written out, and so is "<Channel>" in a job of one take.
 /// @param scene  absolute path

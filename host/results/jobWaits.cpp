@@ -11,15 +11,6 @@ namespace {
 
 constexpr QLatin1String frameMark{"<FN"};
 
-/// "<Database>ifd/a." and ".ifd" make "<Database>ifd/a.<FN4>.ifd", without the frame for a single file.
-bool rendersWhatIsWritten(const _job& waiting, const _job& earlier) {
-    const QString& file = waiting.sceneName;
-    const QString start = earlier.imageDir + earlier.imageFileName;
-    const auto rest = file.size() - start.size() - earlier.imageExtension.size();
-    if (start.isEmpty() || rest < 0 || !file.startsWith(start) || !file.endsWith(earlier.imageExtension)) return false;
-    return rest == 0 || file.mid(start.size()).startsWith(frameMark);
-}
-
 bool haveSameDriverAndTake(const _job& waiting, const _job& earlier) {
     return waiting.layer == earlier.layer && waiting.channel == earlier.channel;
 }
@@ -71,6 +62,14 @@ std::vector<int> listedBy(const _job& waiting, int index) {
 }
 
 }  // namespace
+
+bool rendersWhatIsWritten(const _job& waiting, const _job& earlier) {
+    const QString& file = waiting.sceneName;
+    const QString start = earlier.imageDir + earlier.imageFileName;
+    const auto rest = file.size() - start.size() - earlier.imageExtension.size();
+    if (start.isEmpty() || rest < 0 || !file.startsWith(start) || !file.endsWith(earlier.imageExtension)) return false;
+    return rest == 0 || file.mid(start.size()).startsWith(frameMark);
+}
 
 void findWaits(std::vector<_job>& jobs) {
     _earlierJobs earlier{jobs};

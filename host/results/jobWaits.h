@@ -14,4 +14,8 @@ namespace vxH {
 /// driver and take; and then the nearest of all.
 void findWaits(std::vector<_job>& jobs);
 
+/// Whether a job renders the files that an earlier one writes: its scene is "<Database>ifd/a.<FN4>.ifd" where that one
+/// has "<Database>ifd/a." and ".ifd", without the frame for a single file.
+bool rendersWhatIsWritten(const _job& waiting, const _job& earlier);
+
 }  // namespace vxH

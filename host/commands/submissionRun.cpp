@@ -1,0 +1,138 @@
+#include "host/commands/submissionRun.h"
+
+#include <QDataStream>
+#include <QIODevice>
+#include <algorithm>
+
+#include "host/access/sceneExplanation.h"
+#include "host/access/sceneLoad.h"
+#include "host/base/displayText.h"
+#include "host/base/terminal.h"
+#include "host/commands/sceneRun.h"
+#include "host/engines/commandTable.h"
+#include "host/engines/frameSelection.h"
+#include "host/engines/planText.h"
+
+namespace vxH {
+namespace {
+
+constexpr int mostChunk = 1000000;
+
+/// An option with ranges of whole numbers.
+_option rangesOption(const char* name, std::vector<_frameRange>& ranges, const char* description) {
+    const auto take = [&ranges](const std::string& value) {
+        const auto given = readRanges(QString::fromStdString(value));
+        if (!given) return value + " is no list of ranges such as 1001-1010,1020-1100x5";
+        ranges = *given;
+        return std::string{};
+    };
+    return {{name}, description, "RANGES", _offered::nothing, {}, false, take};
+}
+
+bool holds(const _frameRange& range, int number) {
+    return number >= range.first && number <= range.last && (number - range.first) % range.step == 0;
+}
+
+_selection selectionOf(const _submissionOptions& options) {
+    _selection selection;
+    selection.framesPerTask = options.framesPerTask;
+    if (options.frames.empty() && options.jobs.empty()) return selection;
+    selection.framesOf = [&options](int job) -> std::vector<_frameRange> {
+        const auto& jobs = options.jobs;
+        const auto holdsJob = [job](const _frameRange& range) { return holds(range, job); };
+        const bool isWanted = jobs.empty() || std::any_of(jobs.begin(), jobs.end(), holdsJob);
+        if (!isWanted) return {};
+        return options.frames.empty() ? std::vector<_frameRange>{{-mostFrame, mostFrame, 1}} : options.frames;
+    };
+    return selection;
+}
+
+_exportedScene exported(const _plannedScene& plan, const _engine& engine) {
+    _exportedScene scene;
+    scene.name = plan.submission.name;
+    for (const auto& job : plan.refused)
+        scene.refused +=
+            QStringLiteral("job %1 (%2): %3").arg(job.job).arg(printable(job.driver), printable(job.reason));
+    if (plan.submission.steps.empty()) return scene;
+    const QString fault = engine.faultOfSubmission(plan.submission);
+    if (!fault.isEmpty()) {
+        scene.refused += fault;
+        return scene;
+    }
+    scene.plan = planLines(plan.submission);
+    scene.text = engine.write(plan.submission);
+    return scene;
+}
+
+// ---- from the child process that plans a scene to this one
+
+QByteArray pack(const _exportedScene& scene) {
+    QByteArray bytes;
+    QDataStream stream{&bytes, QIODevice::WriteOnly};
+    stream << scene.scene << scene.code << scene.name << scene.text << scene.plan << scene.refused;
+    return bytes;
+}
+
+_exportedScene unpacked(const QByteArray& bytes) {
+    _exportedScene scene;
+    QDataStream stream{bytes};
+    stream >> scene.scene >> scene.code >> scene.name >> scene.text >> scene.plan >> scene.refused;
+    return scene;
+}
+
+void tell(const _exportedScene& scene, const QString& problem) {
+    writeError(scene.scene + QLatin1String{": "} + problem);
+}
+
+}  // namespace
+
+void addSubmissionOptions(_command& command, _submissionOptions& options) {
+    const _option added[] = {
+        rangesOption("--frames", options.frames, "Only these frames: 1001-1010,1020-1100x5"),
+        rangesOption("--jobs", options.jobs, "Only these jobs, numbered as \"jobs\" does: 1-4,7"),
+        numberOption("--chunk", options.framesPerTask, {1, mostChunk},
+                     "Frames a task, where its command takes several"),
+        fileOption("--commands", options.commands, "Table of commands that counts before all others"),
+        flag("--skip-invalid", options.skipsInvalid, "Leave out jobs that the engine cannot run"),
+    };
+    command.options.insert(command.options.end(), std::begin(added), std::end(added));
+    addSceneOptions(command, options.scenes);
+}
+
+int exportScenes(const _submissionOptions& options, const _engine& engine, const _submitterArguments& submitter,
+                 const std::function<bool(const _exportedScene&)>& take) {
+    _commandTable table;
+    if (const auto problem = readCommands(options.commands, table); !problem.isEmpty()) {
+        writeError(problem);
+        return exitUsage;
+    }
+    const _selection selection = selectionOf(options);
+    const auto plan = [&](const QString& path) {
+        _exportedScene scene;
+        const _sceneResult loaded =
+            loadScene(builtInLoader(), path, submitter, [&](const auto& result, const auto& records) {
+                scene = exported(planSubmission(result, records, table, engine, selection), engine);
+            });
+        static_cast<_sceneHead&>(scene) = loaded;
+        tellWhyThereAreNoJobs(scene, submitter);
+        return scene;
+    };
+    int refused = exitSuccess;
+    const auto receive = [&](const QByteArray& packed) {
+        const _exportedScene scene = unpacked(packed);
+        for (const QString& line : scene.refused) tell(scene, line);
+        if (!scene.refused.isEmpty() && !options.skipsInvalid) {
+            tell(scene, QStringLiteral("nothing is written (--skip-invalid leaves such jobs out)"));
+            refused = exitFailed;
+            return true;
+        }
+        if (!scene.knowsItsJobs()) return true;
+        if (scene.text.isEmpty()) tell(scene, QStringLiteral("there is nothing to run"));
+        return scene.text.isEmpty() || take(scene);
+    };
+    const int status =
+        runScenes(options.scenes, loadAndPack(sceneFileFilter(), plan, pack), {receive, [] { return true; }});
+    return worseOf(status, refused);
+}
+
+}  // namespace vxH

@@ -1,0 +1,32 @@
+// The texts of a job that commands may name.
+#pragma once
+
+#include <QString>
+
+#include "host/results/job.h"
+#include "jobs/VX_DataTypes_jobs0_Basics.h"
+
+namespace vxH {
+
+/// Whether jobs have a text of that name: one of jobs/jobVariables.h, or one of those below.
+bool isJobText(const QString& name);
+
+/// The texts of one job.
+class _jobTexts {
+ public:
+    /// @param scene   absolute path
+    /// @param record  the job's; has to outlive this
+    _jobTexts(const _job& job, const QString& scene, const vxJ::_JobBasics_largePath& record);
+
+    /// "Driver", "Take"; "SceneFile" is what the job opens, and "Output" what it writes, both as paths in which only
+    /// the frame is left open ("<FN4>"). All others are the job's variables.
+    QString of(const QString& name) const;
+
+ private:
+    const _job& job;
+    const QString& scene;
+    const vxJ::_JobBasics_largePath& record;
+    mutable vxJ::_varValList variables;  ///< empty until one is asked for
+};
+
+}  // namespace vxH
