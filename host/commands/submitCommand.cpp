@@ -57,16 +57,15 @@ int run(const _options& options, const _submitterArguments& submitter) {
 
 _command submitCommand() {
     const auto options = std::make_shared<_options>();
-    _command command{
-        "submit",
-        "Hand the jobs of scenes to a farm's engine on this machine; submitter arguments follow \"--\"",
-        "Examples:\n  vxscene submit shot010.hip\n  vxscene submit --hold --frames 1001-1010 shot010.hip",
-        {wordOption(
-             "--to", targetNames(), [options](std::size_t place) { options->target = &targets[place]; },
-             "The engine that is to run them"),
-         flag("--hold", options->isHeld, "Let nothing start before it is released")},
-        {},
-        [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    _command command{"submit",
+                     "Hand the jobs of scenes to a farm's engine on this machine; submitter arguments follow \"--\"",
+                     "Examples:\n  vxscene submit shot010.hip\n  vxscene submit --hold --frames 1001-1010 shot010.hip",
+                     {wordOption(
+                          "--to", targetNames(), [options](std::size_t place) { options->target = &targets[place]; },
+                          "The engine that is to run them"),
+                      flag("--hold", options->isHeld, "Let nothing start before it is released")},
+                     {},
+                     [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSubmissionOptions(command, options->submission);
     return resolving(command);
 }

@@ -145,7 +145,7 @@ class Farm(unittest.TestCase):
         """@return the numbers that were printed"""
         run = self.run_submit(*options, **variables)
         self.assertEqual((run.returncode, run.stderr), (0, ""))
-        return {int(line.split()[0]) for line in run.stdout.splitlines()}
+        return {int(number) for line in run.stdout.splitlines() for number in line.split(":")[1].split()}
 
     def states(self, numbers):
         return [state for number, state in tasks() if number in numbers]
@@ -217,7 +217,7 @@ class Farm(unittest.TestCase):
         before = {number for number, _ in tasks()}
         run = self.run_submit()
         self.assertEqual((run.returncode, run.stdout), (1, ""))
-        self.assertIn("cancelled", run.stderr)
+        self.assertRegex(run.stderr, "cancelling .*\n.*not submitted\n$")
         numbers = {number for number, _ in tasks()} - before
         self.assertEqual(len(numbers), 3)
         self.wait_for_end(numbers)
