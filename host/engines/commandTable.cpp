@@ -59,8 +59,7 @@ QString readCommand(const toml::node& node, _commandRow& row) {
     if (words == nullptr || words->empty()) return QStringLiteral("has to be a list of words");
     for (const auto& word : *words) {
         auto& pattern = row.command.emplace_back();
-        if (const auto problem = readWord(word, pattern); !problem.isEmpty())
-            return QLatin1String{"- a word "} + problem;
+        if (const auto problem = readWord(word, pattern); !problem.isEmpty()) return problem;
     }
     return {};
 }
@@ -77,10 +76,10 @@ QString readEnvironment(const toml::node& node, _commandRow& row) {
     if (variables == nullptr) return QStringLiteral("has to be a table of texts");
     for (auto&& [key, value] : *variables) {
         const QString name = textOf(std::string{key.str()});
-        if (!isVariableName(name)) return QStringLiteral("- \"%1\" is no name of a variable").arg(name);
+        if (!isVariableName(name)) return QStringLiteral("\"%1\" is no name of a variable").arg(name);
         auto& variable = row.environment.emplace_back(name, _wordPattern{});
         if (const auto problem = readWord(value, variable.second); !problem.isEmpty())
-            return QStringLiteral("- %1 %2").arg(name, problem);
+            return QStringLiteral("%1: %2").arg(name, problem);
     }
     return {};
 }
@@ -92,9 +91,9 @@ QString readFramesPerTask(const toml::node& node, _commandRow& row) {
     return isFine ? QString{} : QStringLiteral("has to be a whole number above 0, or \"all\"");
 }
 
-QString readOneFile(const toml::node& node, _commandRow& row) {
-    row.isOneFile = node.value_exact<bool>();
-    return row.isOneFile ? QString{} : QStringLiteral("has to be true or false");
+QString readCondition(const toml::node& node, std::optional<bool>& condition) {
+    condition = node.value_exact<bool>();
+    return condition ? QString{} : QStringLiteral("has to be true or false");
 }
 
 struct _key {
@@ -105,7 +104,8 @@ struct _key {
 constexpr std::array keys{
     _key{"app", [](const auto& node, auto& row) { return readText(node, row.app); }, true},
     _key{"renderer", [](const auto& node, auto& row) { return readText(node, row.renderer); }},
-    _key{"one-file", readOneFile},
+    _key{"one-file", [](const auto& node, auto& row) { return readCondition(node, row.isOneFile); }},
+    _key{"variant", [](const auto& node, auto& row) { return readCondition(node, row.isVariant); }},
     _key{"frames-per-task", readFramesPerTask},
     _key{"command", readCommand, true},
     _key{"environment", readEnvironment},
@@ -135,7 +135,7 @@ _fault readRow(const toml::table& entries, _commandRow& row) {
         if (key == keys.end())
             return {QStringLiteral("\"%1\" is no key of a task").arg(shown), name.source().begin.line};
         const QString problem = key->read(node, row);
-        if (!problem.isEmpty()) return {QStringLiteral("\"%1\" %2").arg(shown, problem), name.source().begin.line};
+        if (!problem.isEmpty()) return {QStringLiteral("%1: %2").arg(shown, problem), name.source().begin.line};
     }
     for (const auto& key : keys)
         if (key.isNeeded && entries.get(key.name) == nullptr)
@@ -174,10 +174,11 @@ QString addFile(const QString& path, _commandTable& table) {
 
 }  // namespace
 
-const _commandRow* _commandTable::rowFor(const _job& job) const {
+const _commandRow* _commandTable::rowFor(const _job& job, bool isVariant) const {
     const auto found = std::find_if(rows.begin(), rows.end(), [&](const _commandRow& row) {
         return fits(row.app, job.app) && fits(row.renderer, job.appRenderer) &&
-               row.isOneFile.value_or(job.imageSingleOutputFile) == job.imageSingleOutputFile;
+               row.isOneFile.value_or(job.imageSingleOutputFile) == job.imageSingleOutputFile &&
+               row.isVariant.value_or(isVariant) == isVariant;
     });
     return found == rows.end() ? nullptr : &*found;
 }

@@ -16,6 +16,7 @@ struct _commandRow {
     QString app;                    ///< of the job, or its beginning with a "*" behind it
     QString renderer;               ///< of the job, in the same way
     std::optional<bool> isOneFile;  ///< jobs that write one file for all frames, or those that do not
+    std::optional<bool> isVariant;  ///< copies for a wedge, or all others
     qint64 framesPerTask = 1;       ///< 0: all frames
     std::vector<_wordPattern> command;
     std::vector<std::pair<QString, _wordPattern>> environment;
@@ -30,7 +31,7 @@ struct _commandTable {
     std::vector<_commandRow> rows;
 
     /// @return null where no row fits
-    const _commandRow* rowFor(const _job& job) const;
+    const _commandRow* rowFor(const _job& job, bool isVariant) const;
 };
 
 /// Adds the rows of a table behind those there are.

@@ -9,6 +9,7 @@
 namespace vxH {
 namespace {
 
+constexpr QLatin1String variantName{"Variant"};
 constexpr QLatin1String channelMark{"<Channel>"};
 
 /// In front of an extension; without the number for a job that writes one file.
@@ -55,15 +56,17 @@ const vxS::_varValue* variableIn(const vxJ::_varValList& list, const QString& na
 
 bool isJobText(const QString& name) {
     static const auto variables = vxJ::jobVariables(vxJ::_JobBasics{});
-    return rowOf(name) != nullptr || variableIn(variables, name) != nullptr;
+    return name == variantName || rowOf(name) != nullptr || variableIn(variables, name) != nullptr;
 }
 
-_jobTexts::_jobTexts(const _job& jobOfTexts, const QString& scenePath, const vxJ::_JobBasics_largePath& jobsRecord)
-    : job(jobOfTexts), scene(scenePath), record(jobsRecord) {
+_jobTexts::_jobTexts(const _job& jobOfTexts, const QString& scenePath, std::optional<int> variantOfJob,
+                     const vxJ::_JobBasics_largePath& jobsRecord)
+    : job(jobOfTexts), scene(scenePath), variant(variantOfJob), record(jobsRecord) {
 }
 
 QString _jobTexts::of(const QString& name) const {
     if (const auto* const row = rowOf(name); row != nullptr) return row->text(job, scene);
+    if (name == variantName) return variant ? QString::number(*variant) : QString{};
     if (variables.isEmpty()) variables = vxJ::jobVariables(record);
     const auto* const variable = variableIn(variables, name);
     return variable == nullptr ? QString{} : variable->value;

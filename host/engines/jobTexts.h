@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "host/results/job.h"
 #include "jobs/VX_DataTypes_jobs0_Basics.h"
@@ -14,17 +15,21 @@ bool isJobText(const QString& name);
 /// The texts of one job.
 class _jobTexts {
  public:
-    /// @param scene   absolute path
-    /// @param record  the job's; has to outlive this
-    _jobTexts(const _job& job, const QString& scene, const vxJ::_JobBasics_largePath& record);
+    /// @param scene    absolute path
+    /// @param variant  see repeatOf in sceneSubmission.cpp
+    /// @param record   the job's; has to outlive this
+    _jobTexts(const _job& job, const QString& scene, std::optional<int> variant,
+              const vxJ::_JobBasics_largePath& record);
 
-    /// "Driver", "Take"; "SceneFile" is what the job opens, and "Output" what it writes, both as paths in which only
+    /// "Driver", "Take"; "Variant" is the number of a wedge's variant, empty for a job that is no copy for a wedge;
+    /// "SceneFile" is what the job opens, and "Output" what it writes, both as paths in which only
     /// the frame is left open ("<FN4>"). All others are the job's variables.
     QString of(const QString& name) const;
 
  private:
     const _job& job;
     const QString& scene;
+    std::optional<int> variant;
     const vxJ::_JobBasics_largePath& record;
     mutable vxJ::_varValList variables;  ///< empty until one is asked for
 };

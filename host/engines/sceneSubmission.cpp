@@ -106,13 +106,14 @@ class _planner {
 
     void add(int index, const vxJ::_JobBasics_largePath& record) {
         const auto& job = scene.jobs[static_cast<std::size_t>(index)];
+        const auto variant = repeatOf(job);
         if (selection.framesOf && selection.framesOf(index + 1).empty()) return;
         QString fault = faultOf(job);
         if (fault.isEmpty()) fault = faultOfWaits(job);
-        const auto* const row = table.rowFor(job);
+        const auto* const row = table.rowFor(job, variant.has_value());
         if (fault.isEmpty() && row == nullptr)
             fault = QStringLiteral("the table has no command for %1").arg(rendererCell(job));
-        if (fault.isEmpty()) fault = addSteps(index, *row, record);
+        if (fault.isEmpty()) fault = addSteps(index, *row, {job, scene.scene, variant, record});
         if (fault.isEmpty()) return;
         isRefused[static_cast<std::size_t>(index)] = true;
         plan.refused.push_back({index + 1, job.layer, fault});
@@ -133,6 +134,14 @@ class _planner {
         return {};
     }
 
+    /// Copies for a wedge follow the job that they are copies of, in the order of its variants, with its driver, take
+    /// and renderer: the first copy is variant 0.
+    std::optional<int> repeatOf(const _job& job) {
+        const auto like = QStringList{job.layer, job.channel, job.app, job.appRenderer}.join(QChar::LineFeed);
+        const int before = jobsLike[like]++;
+        return before == 0 ? std::optional<int>{} : before - 1;
+    }
+
     std::vector<_frameRange> rangesOf(int index) const {
         const auto all = framesOf(scene.jobs[static_cast<std::size_t>(index)]);
         if (!selection.framesOf) return {all};
@@ -143,13 +152,13 @@ class _planner {
     }
 
     /// @return what the engine cannot run; empty: nothing, and the steps are there
-    QString addSteps(int index, const _commandRow& row, const vxJ::_JobBasics_largePath& record) {
+    QString addSteps(int index, const _commandRow& row, const _jobTexts& texts) {
         const auto& job = scene.jobs[static_cast<std::size_t>(index)];
         _farmStep pattern;
         pattern.driver = job.layer;
         pattern.take = job.channel;
         pattern.job = index + 1;
-        fillFrom(row, {job, scene.scene, record}, pattern);
+        fillFrom(row, texts, pattern);
         std::vector<_farmStep> steps;
         for (const auto& range : rangesOf(index)) {
             auto& step = steps.emplace_back(pattern);
@@ -195,6 +204,7 @@ class _planner {
     _uniqueNames names;
     std::vector<std::vector<int>> stepsOfJob;
     std::vector<bool> isRefused;
+    QHash<QString, int> jobsLike;  ///< how many so far
     _plannedScene plan;
 };
 
