@@ -129,23 +129,27 @@ class Farm(unittest.TestCase):
         self.scene.write_bytes(content)
         self.scene.with_name("shot.hip.json").write_text(json.dumps(drivers))
 
-    def run_submit(self, *options, **variables):
+    def start_submit(self, *options, **variables):
         path = f"{self.programs}:{os.environ['PATH']}"
-        return subprocess.run(
+        return subprocess.Popen(
             [PROGRAM, "submit", "--to", "slurm", *options, self.scene],
             cwd=self.folder.parent,
             env={**os.environ, "PATH": path, "STAND_IN_LOG": str(self.log), **variables},
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
-            timeout=SECONDS_FOR_A_RUN,
             text=True,
         )
 
+    def end_of(self, run):
+        """@return status, output, errors"""
+        output, errors = run.communicate(timeout=SECONDS_FOR_A_RUN)
+        return run.returncode, output, errors
+
     def submit(self, *options, **variables):
         """@return the numbers that were printed"""
-        run = self.run_submit(*options, **variables)
-        self.assertEqual((run.returncode, run.stderr), (0, ""))
-        return {int(number) for line in run.stdout.splitlines() for number in line.split(":")[1].split()}
+        status, output, errors = self.end_of(self.start_submit(*options, **variables))
+        self.assertEqual((status, errors), (0, ""))
+        return {int(number) for line in output.splitlines() for number in line.split(":")[1].split()}
 
     def states(self, numbers):
         return [state for number, state in tasks() if number in numbers]
@@ -209,26 +213,42 @@ class Farm(unittest.TestCase):
         self.wait_for_end(numbers)
         self.assertEqual(self.written(), names(SHOT["/out/beauty"], "writes", [1, 2]) | names(SHOT["/out/beauty"], "renders", [1, 2]))
 
-    def test_a_call_that_fails_leaves_nothing_submitted(self):
-        self.write_scene(shot(), SHOT)
-        failing = self.programs / "sbatch"
-        failing.write_text(f'#!/bin/sh\n[ "$(wc -l <"{self.log}")" -lt 3 ] || exit 1\necho >>"{self.log}"\nexec {shutil.which("sbatch")} "$@"\n')
-        failing.chmod(0o755)
-        before = {number for number, _ in tasks()}
-        run = self.run_submit()
-        self.assertEqual((run.returncode, run.stdout), (1, ""))
-        self.assertRegex(run.stderr, "cancelling .*\n.*not submitted\n$")
+    def replace_sbatch(self, before):
+        """Has lines of a shell run before each submission."""
+        program = self.programs / "sbatch"
+        program.write_text(f'#!/bin/sh\n{before}\nexec {shutil.which("sbatch")} "$@"\n')
+        program.chmod(0o755)
+
+    def assert_cancelled(self, run, status, before):
+        ended, output, errors = self.end_of(run)
+        self.assertEqual((ended, output), (status, ""))
         numbers = {number for number, _ in tasks()} - before
-        self.assertEqual(len(numbers), 3)
+        self.assertIn("cancelling " + " ".join(map(str, sorted(numbers))) + "\n", errors)
+        self.assertGreater(len(numbers), 1)
         self.wait_for_end(numbers)
         self.assertEqual(set(self.states(numbers)), {"CANCELLED"})
         self.assertEqual(self.written(), set())
 
+    def test_a_call_that_fails_leaves_nothing_submitted(self):
+        self.write_scene(shot(), SHOT)
+        before = {number for number, _ in tasks()}
+        self.replace_sbatch(f'[ "$(wc -l <"{self.log}")" -lt 3 ] || exit 1\necho >>"{self.log}"')
+        self.assert_cancelled(self.start_submit(), 1, before)
+
+    def test_a_signal_leaves_nothing_submitted(self):
+        self.write_scene(shot(), SHOT)
+        before = {number for number, _ in tasks()}
+        self.replace_sbatch(f'echo >>"{self.log}"\nsleep 0.4')
+        run = self.start_submit()
+        wait_until(lambda: len(self.log.read_text()) == 2)
+        run.terminate()  # in the second call
+        self.assert_cancelled(run, -signal.SIGTERM, before)
+
     def test_without_the_engine_one_line_says_so(self):
         self.write_scene(shot(), SHOT)
-        run = self.run_submit(PATH=str(self.programs))
-        self.assertEqual((run.returncode, run.stdout), (1, ""))
-        self.assertRegex(run.stderr, r"^vxscene: .*sbatch is not installed.*\n$")
+        status, output, errors = self.end_of(self.start_submit(PATH=str(self.programs)))
+        self.assertEqual((status, output), (1, ""))
+        self.assertRegex(errors, r"^vxscene: .*sbatch is not installed.*\n$")
 
 
 if __name__ == "__main__":
