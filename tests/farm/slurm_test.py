@@ -34,8 +34,11 @@ TURNTABLE = {
     "/out/vray_beauty": {"writes": ["vrscene/vray_beauty.%04d.vrscene"], "renders": ["review/tt010/vray_beauty.%04d.png"]},
     "/out/kettle_geometry": {"writes": ["geo/kettle_geometry.%04d.bgeo.sc"]},
     "/out/kettle_alembic": {"writes": ["publish/tt010/kettle.abc"]},
-    "/out/mantra_stereo": {"writes": ["render/mantra_stereo.%04d.exr"]},
-    "/out/light_test": {"writes": ["review/light_test.%04d.png"]},
+    "/out/mantra_stereo": {"writes": ["render/mantra_stereo.<take>.%04d.exr"]},
+    "/out/light_test": {
+        "writes": ["review/light_test.%04d.png"],
+        "variants": [f"review/light_test_wedge_key_{key}.000000.%04d.png" for key in (2, 4, 6)],
+    },
     "/stage/karma1": {"writes": ["render/turntable.karma1.%04d.exr"]},
     "/stage/usdrender_rop1": {"writes": ["usd/usdrender_rop1.%04d.usd"], "renders": ["render/usd/turntable.%04d.exr"]},
 }
@@ -67,12 +70,13 @@ def turntable(folder):
     return scene(variables, makeTurntable.OBJECTS, makeTurntable.DRIVERS, makeTurntable.STAGE)
 
 
-def names(outputs, kind, frames):
-    return {name % frame if "%" in name else name for name in outputs.get(kind, []) for frame in frames}
+def names(patterns, frames):
+    return {pattern % frame if "%" in pattern else pattern for pattern in patterns for frame in frames}
 
 
 def all_names(drivers, frames):
-    return set().union(*(names(outputs, kind, frames) for outputs in drivers.values() for kind in ("writes", "renders")))
+    patterns = [pattern for outputs in drivers.values() for kind in outputs.values() for pattern in kind]
+    return names(patterns, frames)
 
 
 # The engine.
@@ -176,9 +180,11 @@ class Farm(unittest.TestCase):
         self.wait_for_end(numbers := self.submit("--frames", "1001-1012"))
         self.assertEqual([line["failed"] for line in self.logged() if line["failed"]], [])
         self.assertEqual(set(self.states(numbers)), {"COMPLETED"})
-        # One frame in 25 of the light's test.
-        expected = all_names(TURNTABLE, range(1001, 1013)) - {f"review/light_test.{frame}.png" for frame in range(1002, 1013)}
-        self.assertEqual(self.written(), expected)
+        frames = range(1001, 1013)
+        every25 = {"/out/light_test": TURNTABLE["/out/light_test"]}
+        expected = all_names(TURNTABLE, frames) - all_names(every25, frames[1:])
+        takes = {name.replace("<take>", take) for name in expected for take in ("", "Main", "closeup")}
+        self.assertEqual(self.written(), takes)
         self.assert_nothing_began_early()
 
     def test_a_frame_that_fails_keeps_its_dependants_from_running_and_no_others(self):
@@ -211,7 +217,7 @@ class Farm(unittest.TestCase):
         self.assertEqual(set(self.states(numbers)), {"PENDING"})
         subprocess.run(["scontrol", "release", *map(str, sorted(numbers))], check=True)
         self.wait_for_end(numbers)
-        self.assertEqual(self.written(), names(SHOT["/out/beauty"], "writes", [1, 2]) | names(SHOT["/out/beauty"], "renders", [1, 2]))
+        self.assertEqual(self.written(), all_names({"": SHOT["/out/beauty"]}, [1, 2]))
 
     def replace_sbatch(self, before):
         """Has lines of a shell run before each submission."""

@@ -1,10 +1,10 @@
 #!/usr/bin/python3 -B
 """Stands in for the programs that a farm's tasks run, under their names: writes the files that a real one would.
 
-hython reads what the drivers of a scene write from SCENE.json, {driver: {"writes": [names], "renders": [names]}} with
-"%04d" for the frame; what it exports says which images a renderer makes of it. Each run adds a line to the file
-STAND_IN_LOG. STAND_IN_FAILS, "NAME FRAME", is a program or driver and a frame that it fails at; STAND_IN_SECONDS is what
-a frame takes.
+hython reads what the drivers of a scene write from SCENE.json, {driver: {"writes": [names], "renders": [names],
+"variants": [a name for each variant of a wedge]}} with "%04d" for the frame and "<take>"; what it exports says which
+images a renderer makes of it. Each run adds a line to the file STAND_IN_LOG. STAND_IN_FAILS, "NAME FRAME", is a program
+or driver and a frame that it fails at; STAND_IN_SECONDS is what a frame takes.
 """
 import json
 import os
@@ -38,10 +38,12 @@ def hython(arguments):
     if len(arguments) != 2 or arguments[0] != "-c":
         raise Failure(f"hython: no program in {arguments}")
     outputs = json.loads(pathlib.Path(scene + ".json").read_text())[driver]
+    if "VX_VARIANT" in os.environ:
+        outputs["writes"] = [outputs["variants"][int(os.environ["VX_VARIANT"])]]
 
     def names(kind, frame):
         filled = [name % frame if "%" in name else name for name in outputs.get(kind, [])]
-        return [str(pathlib.Path(scene).parent / name) for name in filled]
+        return [str(pathlib.Path(scene).parent / name.replace("<take>", os.environ["VX_TAKE"])) for name in filled]
 
     frames = range(first, last + 1, step) if any("%" in name for name in outputs["writes"]) else [first]
     for frame in frames:
