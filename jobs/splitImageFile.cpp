@@ -35,6 +35,10 @@ constexpr std::array movieExtensions{
     QLatin1String{".VOB"},  QLatin1String{".ASF"}, QLatin1String{".SWF"}, QLatin1String{".SWFT"}, QLatin1String{".SVG"},
 };
 constexpr QLatin1String oneFileSceneExtension{".VRSCENE"};  // one file, unless its name has a frame number
+/// Formats with a time axis, which hold all frames or one.
+constexpr std::array timedExtensions{QLatin1String{".ABC"},  QLatin1String{".USD"},  QLatin1String{".USDA"},
+                                     QLatin1String{".USDC"}, QLatin1String{".USDZ"}, QLatin1String{".FBX"},
+                                     oneFileSceneExtension};
 constexpr QLatin1String unparsedEnding{".file"};
 
 /// The texts of a split in progress. `dir` and `file` never get longer than their capacities.
@@ -307,6 +311,12 @@ template void template_splitImageFileInto_DirFileExt(const bool&, _vxString<500>
                                                      bool&, unsigned char&, _vxString<500>, _vxString<500>);
 template void template_splitImageFileInto_DirFileExt(const bool&, _vxString<1000>&, _vxString<1000>&, _vxString<25>&,
                                                      bool&, unsigned char&, _vxString<1000>, _vxString<1000>);
+
+bool holdsAllFrames(const QString& fileName) {
+    const QString ext = fileName.mid(fileName.lastIndexOf(QLatin1Char('.')));
+    return isMovie(ext) ||
+           std::find(timedExtensions.begin(), timedExtensions.end(), ext.toUpper()) != timedExtensions.end();
+}
 
 void _JobBasics_largePath::splitImageFileInto_DirFileExt(const bool& printfPadding) {
     splitMainImage(printfPadding, *this);

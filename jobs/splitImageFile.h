@@ -34,4 +34,7 @@ extern template void template_splitImageFileInto_DirFileExt(const bool&, _vxStri
                                                             _vxString<25>&, bool&, unsigned char&, _vxString<1000>,
                                                             _vxString<1000>);
 
+/// Whether a file of this name may hold all frames: a movie, or a format of scenes and geometry that has a time axis.
+bool holdsAllFrames(const QString& fileName);
+
 }  // namespace vxJ

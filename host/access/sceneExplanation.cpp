@@ -37,9 +37,18 @@ void addNotes(_explainedScene& explained) {
 }  // namespace
 
 _explainedScene explainScene(const QString& scene, const _submitterArguments& arguments) {
+    return explainScene(scene, arguments, [](const auto&, const auto&) {});
+}
+
+_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments,
+                             const std::function<void(const _explainedScene&, const vxJ::_JobBasicsArray&)>& use) {
     _explainedScene explained;
     const auto loader = [&](auto* load) { return vxE::loadExplained(*load, explained.explanation); };
-    static_cast<_sceneResult&>(explained) = loadScene(loader, scene, arguments);
+    static_cast<_sceneResult&>(explained) =
+        loadScene(loader, scene, arguments, [&](const _sceneResult& loaded, const vxJ::_JobBasicsArray& records) {
+            static_cast<_sceneResult&>(explained) = loaded;
+            use(explained, records);
+        });
     if (explained.code == hostNoScene) explained.explanation = {};
     if (explained.code == vxP::resultNoUsableOutput) explained.error = whyNoJobs(explained.explanation);
     addNotes(explained);

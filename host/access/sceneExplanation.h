@@ -16,6 +16,10 @@ namespace vxH {
 /// @param scene  absolute path of at most 500 characters
 _explainedScene explainScene(const QString& scene, const _submitterArguments& arguments);
 
+/// The same for who needs the records too. @param use  gets the scene with its jobs, but not yet its code
+_explainedScene explainScene(const QString& scene, const _submitterArguments& arguments,
+                             const std::function<void(const _explainedScene&, const vxJ::_JobBasicsArray&)>& use);
+
 /// Whether a plug-in that says this of itself is the one that is built into this program, as far as it says.
 bool isOwnPlugin(const _pluginInfo& info);
 

@@ -28,6 +28,9 @@ enum _exitStatus : int {
     exitSame = 0,
     exitDifferent = 1,
     exitTrouble = 2,
+
+    // Of a look for files.
+    exitMissing = 1,
 };
 
 /// An exit status and what it means to the user.
@@ -47,6 +50,13 @@ inline constexpr _statusMeaning comparisonStatuses[] = {
     {exitDifferent, "differences"},
     {exitTrouble, "a scene failed, the output could not be written, or the command line is wrong"},
     {exitNoPlugin, "the plug-in cannot be loaded"},
+    {exitNoScene, "no scene failed, but a file is no scene"},
+};
+
+inline constexpr _statusMeaning fileStatuses[] = {
+    {exitSuccess, "no file is missing that is known, or nobody asked"},
+    {exitMissing, "files are missing, or a folder cannot be read"},
+    {exitTrouble, "a scene failed, the output could not be written, or the command line is wrong"},
     {exitNoScene, "no scene failed, but a file is no scene"},
 };
 

@@ -16,8 +16,13 @@ constexpr const char* inputName = "-";
 
 }  // namespace
 
-_sceneList::_sceneList(std::vector<std::string> namedScenes, bool inFoldersBelow, const QString& nameFilter)
-    : names(std::move(namedScenes)), recursive(inFoldersBelow), fileFilter(nameFilter), filter(nameFilter) {
+_sceneList::_sceneList(std::vector<std::string> namedScenes, bool inFoldersBelow, const QString& nameFilter,
+                       const _shard& part)
+    : names(std::move(namedScenes)),
+      recursive(inFoldersBelow),
+      fileFilter(nameFilter),
+      filter(nameFilter),
+      shard(part) {
 }
 
 bool _sceneList::readOn() {
@@ -58,7 +63,12 @@ void _sceneList::addPath(const std::string& path) {
         folderHadEntries = false;
         return;
     }
-    entries.push_back({path, {}});
+    addScene(path);
+}
+
+void _sceneList::addScene(std::string path) {
+    if (!shard.holds(path)) return;
+    entries.push_back({std::move(path), {}});
     ++scenesFound;
 }
 
@@ -78,8 +88,7 @@ bool _sceneList::readFolder() {
         }
         return true;
     }
-    for (auto& scene : scenes) entries.push_back({std::move(scene), {}});
-    scenesFound += static_cast<qint64>(scenes.size());
+    for (auto& scene : scenes) addScene(std::move(scene));
     if (!problem.isEmpty()) addProblem(problem);
     folderHadEntries = folderHadEntries || !scenes.empty() || !problem.isEmpty();
     return true;

@@ -9,6 +9,7 @@
 
 #include "host/batch/folderScenes.h"
 #include "host/batch/pathList.h"
+#include "host/batch/shard.h"
 
 namespace vxH {
 
@@ -24,7 +25,8 @@ class _sceneList {
  public:
     /// @param recursive   look into the folders below a folder too
     /// @param fileFilter  which files of a folder are scenes: "*.hip;*.hipnc;"
-    _sceneList(std::vector<std::string> names, bool recursive, const QString& fileFilter);
+    /// @param shard       scenes of other parts are passed over, wherever they are named
+    _sceneList(std::vector<std::string> names, bool recursive, const QString& fileFilter, const _shard& shard = {});
 
     /// Looks at the next name, folder or path of the list.
     /// @return false when there is none, or none before `readInput`
@@ -44,6 +46,7 @@ class _sceneList {
  private:
     void addName(const std::string& name);
     void addPath(const std::string& path);
+    void addScene(std::string path);
     void addProblem(const QString& problem);
     bool readFolder();
     bool readList();
@@ -53,6 +56,7 @@ class _sceneList {
     bool recursive;
     QString fileFilter;
     _nameFilter filter;
+    _shard shard;
     std::optional<_folderScenes> folder;  // that is being read
     std::string folderName;
     bool folderHadEntries = false;

@@ -10,6 +10,7 @@ namespace vxH {
 _command jobsCommand();
 _command explainCommand();
 _command reportCommand();
+_command filesCommand();
 _command varsCommand();
 _command diffCommand();
 _command valuesCommand();
@@ -18,7 +19,7 @@ _command submitCommand();
 _command infoCommand();
 
 /// In the order in which the help shows them.
-inline constexpr std::array allCommands{jobsCommand,   explainCommand, reportCommand, varsCommand, diffCommand,
-                                        valuesCommand, exportCommand,  submitCommand, infoCommand};
+inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, filesCommand,  varsCommand,
+                                        diffCommand, valuesCommand,  exportCommand, submitCommand, infoCommand};
 
 }  // namespace vxH

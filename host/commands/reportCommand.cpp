@@ -23,6 +23,7 @@ struct _options {
     _sceneOptions scenes;
     std::string output = standardOutput;
     bool asksToCompare = false;
+    bool asksForMissing = false;
 };
 
 /// The error line of a page without a place. @return the status
@@ -66,7 +67,11 @@ int run(const _options& options, const _submitterArguments& submitter) {
     if (const auto problem = problemOf(options); !problem.isEmpty()) return refused(options.output, problem, exitUsage);
     std::vector<_reportScene> scenes;
     const auto explain = [&](const QString& scene) { return explainScene(scene, submitter); };
-    const auto pack = [](const _explainedScene& scene) { return toBytes(reportScene(scene)); };
+    const auto pack = [&](const _explainedScene& scene) {
+        const bool looks = options.asksForMissing && scene.knowsItsJobs();
+        return toBytes(
+            reportScene(scene, looks ? std::optional{_diskQuestion{true, changeTime(scene.scene)}} : std::nullopt));
+    };
     const auto keep = [&](const QByteArray& packed) {
         scenes.push_back(reportSceneFromBytes(packed));
         return true;
@@ -83,16 +88,17 @@ int run(const _options& options, const _submitterArguments& submitter) {
 
 _command reportCommand() {
     const auto options = std::make_shared<_options>();
-    _command command{
-        "report",
-        "Write a page that shows the jobs of scenes, for a browser; submitter arguments follow \"--\"",
-        "Examples:\n  vxscene report -o shot010.html shot010.hip\n"
-        "  vxscene report --compare -o versions.html shot010_v1.hip shot010_v2.hip\n"
-        "  vxscene report --recursive -o kettle.html /projects/kettle",
-        {fileOption("-o,--output", options->output, "File of the page; - or none: the standard output"),
-         flag("--compare", options->asksToCompare, "Open on what differs between each scene and the next")},
-        {},
-        [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
+    _command command{"report",
+                     "Write a page that shows the jobs of scenes, for a browser; submitter arguments follow \"--\"",
+                     "Examples:\n  vxscene report -o shot010.html shot010.hip\n"
+                     "  vxscene report --compare -o versions.html shot010_v1.hip shot010_v2.hip\n"
+                     "  vxscene report --recursive -o kettle.html /projects/kettle",
+                     {fileOption("-o,--output", options->output, "File of the page; - or none: the standard output"),
+                      flag("--compare", options->asksToCompare, "Open on what differs between each scene and the next"),
+                      flag("--missing", options->asksForMissing,
+                           "Compare the files that the jobs leave with the disk, a bar for each job")},
+                     {},
+                     [options](const _submitterArguments& submitter) { return run(*options, submitter); }};
     addSceneOptions(command, options->scenes);
     return resolving(command);
 }

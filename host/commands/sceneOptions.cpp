@@ -18,6 +18,14 @@ int availableCores() {
     return std::clamp(count, 1, mostParallel);
 }
 
+_option shardOption(_shard& shard) {
+    const auto take = [&shard](const std::string& text) { return readShard(text, shard); };
+    return {{"--shard"}, "Only part K of N of the scenes, by their paths, as one of N machines",
+            "K/N",       _offered::nothing,
+            {},          false,
+            take};
+}
+
 }  // namespace
 
 void addRunOptions(_command& command, _sceneOptions& options) {
@@ -27,6 +35,7 @@ void addRunOptions(_command& command, _sceneOptions& options) {
         numberOption("-j,--parallel", options.parallel, {1, mostParallel},
                      "Scenes to load at a time; as many as there are cores otherwise"),
         timeoutOption(options.timeout, "End a scene that takes longer, 2.5 for example"),
+        shardOption(options.shard),
         flag("--no-progress", options.noProgress, "No progress line on the terminal"),
     };
     command.options.insert(command.options.end(), std::begin(added), std::end(added));

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/batch/shard.h"
 #include "host/commands/command.h"
 
 namespace vxH {
@@ -14,6 +15,7 @@ struct _sceneOptions {
     int parallel = 1;                      ///< scenes at a time
     std::chrono::milliseconds timeout{0};  ///< for each scene; 0: none
     bool noProgress = false;
+    _shard shard;                         ///< the part of the scenes that is taken
     _colour colour = _colour::automatic;  ///< of commands that have such an option
 };
 

@@ -74,7 +74,7 @@ QString lineOf(const _sceneHead& scene) {
 }
 
 int runScenes(const _sceneOptions& options, const _sceneWork& work, const _sceneUse& use) {
-    _sceneList scenes{options.scenes, options.recursive, work.fileFilter};
+    _sceneList scenes{options.scenes, options.recursive, work.fileFilter, options.shard};
     _progress progress{!options.noProgress};
     _sceneReceiver receiver{work, use, progress};
     const auto receive = [&](const _batchResult& result) { return receiver.receive(result); };

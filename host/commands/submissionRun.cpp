@@ -12,6 +12,7 @@
 #include "host/engines/commandTable.h"
 #include "host/engines/frameSelection.h"
 #include "host/engines/planText.h"
+#include "host/files/framesLeft.h"
 
 namespace vxH {
 namespace {
@@ -47,6 +48,40 @@ _selection selectionOf(const _submissionOptions& options) {
     return selection;
 }
 
+/// The wanted frames of which files are missing. All wanted ones of a job that has some left and writes one file, or
+/// needs each frame for the next, and of one of which it is not known.
+_selection missingOf(const _selection& selection, const _sceneResult& scene, std::vector<_framesLeft> left) {
+    _selection missing = selection;
+    missing.framesOf = [&selection, &scene, left = std::move(left)](int number) -> std::vector<_frameRange> {
+        const auto at = static_cast<std::size_t>(number) - 1;
+        const auto& job = scene.jobs[at];
+        const auto wanted =
+            selection.framesOf ? selection.framesOf(number) : std::vector<_frameRange>{{-mostFrame, mostFrame, 1}};
+        if (!left[at].unknown.isEmpty()) return wanted;
+        if (!left[at].frames.empty() && (job.imageSingleOutputFile || runsOnOneMachine(job))) return wanted;
+        std::vector<_frameRange> ranges;
+        for (const auto& frames : left[at].frames)
+            for (const auto& range : wanted)
+                if (const auto common = commonFrames(frames, range)) ranges.push_back(*common);
+        return ranges;
+    };
+    return missing;
+}
+
+/// Of the wanted jobs.
+QStringList notesOf(const std::vector<_framesLeft>& left, const _selection& selection) {
+    QStringList notes;
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        const int number = static_cast<int>(i) + 1;
+        const bool isWanted = !selection.framesOf || !selection.framesOf(number).empty();
+        if (isWanted && !left[i].unknown.isEmpty())
+            notes += QStringLiteral("job %1: all frames, as what is missing is not known: %2")
+                         .arg(number)
+                         .arg(printable(left[i].unknown));
+    }
+    return notes;
+}
+
 _exportedScene exported(const _plannedScene& plan, const _engine& engine) {
     _exportedScene scene;
     scene.name = plan.submission.name;
@@ -69,14 +104,14 @@ _exportedScene exported(const _plannedScene& plan, const _engine& engine) {
 QByteArray pack(const _exportedScene& scene) {
     QByteArray bytes;
     QDataStream stream{&bytes, QIODevice::WriteOnly};
-    stream << scene.scene << scene.code << scene.name << scene.text << scene.plan << scene.refused;
+    stream << scene.scene << scene.code << scene.name << scene.text << scene.plan << scene.notes << scene.refused;
     return bytes;
 }
 
 _exportedScene unpacked(const QByteArray& bytes) {
     _exportedScene scene;
     QDataStream stream{bytes};
-    stream >> scene.scene >> scene.code >> scene.name >> scene.text >> scene.plan >> scene.refused;
+    stream >> scene.scene >> scene.code >> scene.name >> scene.text >> scene.plan >> scene.notes >> scene.refused;
     return scene;
 }
 
@@ -93,6 +128,7 @@ void addSubmissionOptions(_command& command, _submissionOptions& options) {
         numberOption("--chunk", options.framesPerTask, {1, mostChunk},
                      "Frames a task, where its command takes several"),
         fileOption("--commands", options.commands, "Table of commands that counts before all others"),
+        flag("--missing", options.onlyMissing, "Only frames of which files are missing on the disk, as \"files\" says"),
         flag("--skip-invalid", options.skipsInvalid, "Leave out jobs that the engine cannot run"),
     };
     command.options.insert(command.options.end(), std::begin(added), std::end(added));
@@ -109,18 +145,25 @@ int exportScenes(const _submissionOptions& options, const _engine& engine, const
     const _selection selection = selectionOf(options);
     const auto plan = [&](const QString& path) {
         _exportedScene scene;
-        const _sceneResult loaded =
-            loadScene(builtInLoader(), path, submitter, [&](const auto& result, const auto& records) {
-                scene = exported(planSubmission(result, records, table, engine, selection), engine);
-            });
-        static_cast<_sceneHead&>(scene) = loaded;
+        const auto planAll = [&](const _sceneResult& result, const vxJ::_JobBasicsArray& records) {
+            scene = exported(planSubmission(result, records, table, engine, selection), engine);
+        };
+        const auto planMissing = [&](const _explainedScene& result, const vxJ::_JobBasicsArray& records) {
+            const auto left = framesLeft(result, {true, changeTime(path)});
+            const auto missing = missingOf(selection, result, left);
+            scene = exported(planSubmission(result, records, table, engine, missing), engine);
+            scene.notes = notesOf(left, selection);
+        };
+        static_cast<_sceneHead&>(scene) = options.onlyMissing
+                                              ? _sceneHead{explainScene(path, submitter, planMissing)}
+                                              : _sceneHead{loadScene(builtInLoader(), path, submitter, planAll)};
         tellWhyThereAreNoJobs(scene, submitter);
         return scene;
     };
     int refused = exitSuccess;
     const auto receive = [&](const QByteArray& packed) {
         const _exportedScene scene = unpacked(packed);
-        for (const QString& line : scene.refused) tell(scene, line);
+        for (const QString& line : scene.notes + scene.refused) tell(scene, line);
         if (!scene.refused.isEmpty() && !options.skipsInvalid) {
             tell(scene, QStringLiteral("nothing is written (--skip-invalid leaves such jobs out)"));
             refused = exitFailed;

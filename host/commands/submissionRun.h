@@ -19,6 +19,7 @@ struct _submissionOptions {
     std::vector<_frameRange> jobs;
     int framesPerTask = 0;  ///< 0: as the table says
     bool skipsInvalid = false;
+    bool onlyMissing = false;  ///< only the frames of which files are missing on the disk
 };
 
 /// A scene as the engine reads it.
@@ -26,6 +27,7 @@ struct _exportedScene : _sceneHead {
     QString name;         ///< of the submission
     QByteArray text;      ///< empty: there is nothing to run
     QStringList plan;     ///< see planLines
+    QStringList notes;    ///< a line for each job of which it is not known what is missing
     QStringList refused;  ///< a line for each job that the engine cannot be told of
 };
 

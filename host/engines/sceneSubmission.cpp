@@ -55,12 +55,6 @@ QString nameOf(const _job& job) {
 
 // ---- tasks
 
-bool runsOnOneMachine(const _job& job) {
-    return std::any_of(job.customData.begin(), job.customData.end(), [](const _namedText& entry) {
-        return entry.name == vxJ::CUSTOMSubmitterParameter && entry.value.contains(onOneMachine);
-    });
-}
-
 bool namesAFrameAnywhere(const _farmStep& step) {
     return std::any_of(step.command.begin(), step.command.end(), namesAFrame) ||
            std::any_of(step.environment.begin(), step.environment.end(),
@@ -182,7 +176,8 @@ class _planner {
         plan.submission.steps.push_back(std::move(step));
     }
 
-    /// Frame by frame where the job renders the file that the other one writes of the same frame.
+    /// Frame by frame where the job renders the file that the other one writes of the same frame; else for all steps
+    /// that write such a file.
     void addWaits(const _job& job, int other, _farmStep& step) const {
         const auto& earlier = stepsOfJob[static_cast<std::size_t>(other)];
         const auto& steps = plan.submission.steps;
@@ -193,7 +188,9 @@ class _planner {
         if (isFed && partner != earlier.end()) {
             step.waits.push_back({*partner, true});
         } else {
-            for (const int one : earlier) step.waits.push_back({one, false});
+            for (const int one : earlier)
+                if (!isFed || commonFrames(step.frames, steps[static_cast<std::size_t>(one)].frames))
+                    step.waits.push_back({one, false});
         }
     }
 
@@ -209,6 +206,12 @@ class _planner {
 };
 
 }  // namespace
+
+bool runsOnOneMachine(const _job& job) {
+    return std::any_of(job.customData.begin(), job.customData.end(), [](const _namedText& entry) {
+        return entry.name == vxJ::CUSTOMSubmitterParameter && entry.value.contains(onOneMachine);
+    });
+}
 
 _plannedScene planSubmission(const _sceneResult& scene, const vxJ::_JobBasicsArray& records, const _commandTable& table,
                              const _engine& engine, const _selection& selection) {

@@ -31,6 +31,9 @@ struct _plannedScene {
     std::vector<_refusedJob> refused;  ///< with those that wait for them
 };
 
+/// A simulation, each frame of which needs the one before.
+bool runsOnOneMachine(const _job& job);
+
 /// @param records  the scene's jobs as the plug-in left them, for their variables
 _plannedScene planSubmission(const _sceneResult& scene, const vxJ::_JobBasicsArray& records, const _commandTable& table,
                              const _engine& engine, const _selection& selection);

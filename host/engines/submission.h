@@ -4,19 +4,10 @@
 #include <QString>
 #include <vector>
 
+#include "host/results/frameRange.h"
 #include "host/results/job.h"
 
 namespace vxH {
-
-/// Whole frames, as engines know no others.
-struct _frameRange {
-    qint64 first = 1;
-    qint64 last = 1;  ///< a frame of the range: first + n * step
-    qint64 step = 1;  ///< at least 1
-
-    qint64 count() const { return (last - first) / step + 1; }
-    bool operator==(const _frameRange&) const = default;
-};
 
 /// What the engine fills in when a task starts. `frame` is the task's first one: of a task of one frame, the frame.
 enum class _taskValue { none, first, last, step, frame };

@@ -12,6 +12,7 @@
 #include "host/results/jobCells.h"
 #include "host/results/jobFrames.h"
 #include "host/results/sceneJson.h"
+#include "shared/vxString.h"
 
 namespace vxH {
 namespace {
@@ -64,9 +65,26 @@ QJsonObject jobRow(const _job& job, const QString& scene) {
     return row;
 }
 
-QJsonArray jobRows(const _sceneResult& scene) {
+constexpr vxS::_size longestMissing = 2000;  // characters of what is missing, of a job
+
+QJsonObject filesRow(const _jobFilesThere& files) {
+    QJsonObject row{{QLatin1String{"there"}, files.present}, {QLatin1String{"of"}, files.files}};
+    if (files.unknown > 0) row.insert(QLatin1String{"unknown"}, files.unknown);
+    const QString missing = files.missing.join(QLatin1Char('\n'));
+    const bool isCut = missing.size() > longestMissing;
+    if (!missing.isEmpty())
+        row.insert(QLatin1String{"missing"}, isCut ? missing.left(longestMissing) + QLatin1String(" ...") : missing);
+    return row;
+}
+
+QJsonArray jobRows(const _explainedScene& scene, const std::optional<_diskQuestion>& question) {
+    const auto files = question ? filesThereByJob(sceneFilesOf(scene, question)) : std::vector<_jobFilesThere>{};
     QJsonArray rows;
-    for (const auto& job : scene.jobs) rows.append(jobRow(job, scene.scene));
+    for (std::size_t i = 0; i < scene.jobs.size(); ++i) {
+        auto row = jobRow(scene.jobs[i], scene.scene);
+        if (i < files.size()) row.insert(QLatin1String{"files"}, filesRow(files[i]));
+        rows.append(row);
+    }
     return rows;
 }
 
@@ -128,9 +146,9 @@ void addExplanation(QJsonObject& shown, vxE::_explanation explanation) {
 
 }  // namespace
 
-_reportScene reportScene(const _explainedScene& scene) {
+_reportScene reportScene(const _explainedScene& scene, const std::optional<_diskQuestion>& question) {
     auto shown = headToJson(scene);
-    shown.insert(jobsKey, jobRows(scene));
+    shown.insert(jobsKey, jobRows(scene, question));
     if (!scene.knowsItsJobs())
         shown.insert(outcomeKey, QLatin1String{"failed"});
     else if (scene.jobs.empty())

@@ -7,6 +7,7 @@
 #include <QString>
 #include <vector>
 
+#include "host/files/sceneFiles.h"
 #include "host/results/explainedScene.h"
 
 namespace vxH {
@@ -27,7 +28,12 @@ struct _reportScene {
 /// no job before has). The variables among the facts are lists: name, value and, of others than the scene's, the
 /// source. `skipped` lists what gave no job: sections without an outcome and those not recognised (without `reader`);
 /// it is missing where the scene was not read.
-_reportScene reportScene(const _explainedScene& scene);
+///
+/// Where the disk is looked at, each job has `files`: how many there will be as far as they are known (`of`), how many
+/// are there (`there`), how many names nothing is known of (`unknown`), and what is missing in words (`missing`, lines,
+/// which are cut).
+/// @param question  none: the disk is not looked at
+_reportScene reportScene(const _explainedScene& scene, const std::optional<_diskQuestion>& question = std::nullopt);
 
 QByteArray toBytes(const _reportScene& scene);
 _reportScene reportSceneFromBytes(const QByteArray& bytes);

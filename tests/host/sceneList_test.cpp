@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -121,6 +122,27 @@ TEST_P(SceneList, FindsScenesInOrder) {
         entries.push_back(problem.empty() ? entry.path : "!" + problem.substr(0, problem.find(':')));
     }
     EXPECT_EQ(entries, GetParam().entries);
+}
+
+/// Also of numbers that are all even, which many schemes of shots have.
+TEST(Shard, PartsAreTheWholeAndAboutEqual) {
+    constexpr int scenes = 2000;
+    for (const int count : {1, 2, 7, 64}) {
+        std::vector<int> sizes(static_cast<std::size_t>(count));
+        for (int scene = 0; scene < scenes; ++scene) {
+            const auto path = "/projects/sh" + std::to_string(20 * scene) + ".hip";
+            int holders = 0;
+            for (int number = 1; number <= count; ++number) {
+                if (!vxH::_shard{number, count}.holds(path)) continue;
+                ++holders;
+                ++sizes[static_cast<std::size_t>(number) - 1];
+            }
+            EXPECT_EQ(holders, 1);
+        }
+        const auto [least, most] = std::minmax_element(sizes.begin(), sizes.end());
+        EXPECT_GT(*least, scenes / count / 3);
+        EXPECT_LT(*most, 2 * scenes / count + 1);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, SceneList, testing::ValuesIn(foundTable), vxTest::rowName);

@@ -84,6 +84,8 @@ const _usage usages[] = {
     {"info_json", {"info", "--plugin", VX_FAKE_PLUGIN, "--format", "json"}, 0, R"("fileFilter": "*.fake;")"},
     {"empty_list", {"jobs", "--plugin", VX_FAKE_PLUGIN, "--format", "json", "-"}, 0, "[]\n"},
     {"no_command", {}, 2, "no command is given (see vxscene --help)"},
+    {"no_such_part", {"jobs", "--shard", "4/3", "a"}, 2, "4/3 is no part like 3/16"},
+    {"names_without_missing", {"files", "--names-only", "a"}, 2, "go with --missing"},
     {"no_scene", {"jobs"}, 2, "SCENE is required (see vxscene jobs --help)"},
     {"no_time", {"jobs", "--timeout", "nan", "a"}, 2, "--timeout"},
     {"no_child", {"jobs", "--parallel", "0", "a"}, 2, "--parallel"},

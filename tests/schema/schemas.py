@@ -21,7 +21,7 @@ SCHEMAS = {path.name: json.loads(path.read_text()) for path in FOLDER.glob("*.sc
 STORE = {f"{FOLDER.as_uri()}/{name}": schema for name, schema in SCHEMAS.items()}
 
 # How many scenes a command with JSON output takes at a time; each has the schema of its name.
-SCENES_AT_A_TIME = {"info": 0, "jobs": 1, "vars": 1, "explain": 1, "values": 1, "diff": 2}
+SCENES_AT_A_TIME = {"info": 0, "jobs": 1, "vars": 1, "explain": 1, "values": 1, "files": 1, "diff": 2}
 
 # Texts, codes and ends that no real scene has; the fake plug-in knows them by these names.
 FAKE_SCENES = ["exportPair", "hostileTexts", "noJobs", "cannotOpen", "noUsableOutput", "jobThenNoMore", "aborts", "exits"]
@@ -78,6 +78,8 @@ def argument_lists(command, made):
         return [[made[0], scene] for scene in made] + [["--plugin", FAKE_PLUGIN, fake[0], scene] for scene in fake]
     if command == "values":  # all values of real scenes are too many
         return [[EXAMPLE]] + [[option, scene] for option in ("--driven", "--check") for scene in made]
+    if command == "files":
+        return [[*options, scene] for options in ([], ["--missing", "--resolve"]) for scene in made]
     filters = [["--only", "missing"], ["--driver", "*a*", "--reader", "driver"]] if command == "explain" else []
     filtered = [[*options, UNFINISHED] for options in filters]
     plain = [[scene] for scene in made] + filtered + [["--plugin", FAKE_PLUGIN, scene] for scene in fake]

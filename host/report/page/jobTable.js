@@ -58,6 +58,8 @@ const JOB_COLUMNS = [
     },
 ];
 
+if (scenes.some(({jobs}) => jobs.some(({files}) => files))) JOB_COLUMNS.splice(5, 0, FILES_COLUMN);
+
 const SCENE_COLUMN = {
     name: "scene",
     title: "Scene",
