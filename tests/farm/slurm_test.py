@@ -31,7 +31,10 @@ TURNTABLE = {
     "/out/mantra_beauty": {"writes": ["ifd/mantra_beauty.%04d.ifd"], "renders": ["render/mantra_beauty.%04d.exr"]},
     "/out/arnold_beauty": {"writes": ["render/arnold_beauty/turntable.%04d.exr"]},
     "/out/redshift_beauty": {"writes": ["render/redshift_beauty.%04d.exr"]},
-    "/out/vray_beauty": {"writes": ["vrscene/vray_beauty.%04d.vrscene"], "renders": ["review/tt010/vray_beauty.%04d.png"]},
+    "/out/vray_beauty": {
+        "writes": ["vrscene/vray_beauty.%04d.vrscene"],
+        "renders": ["review/tt010/vray_beauty.%04d.png"],
+    },
     "/out/kettle_geometry": {"writes": ["geo/kettle_geometry.%04d.bgeo.sc"]},
     "/out/kettle_alembic": {"writes": ["publish/tt010/kettle.abc"]},
     "/out/mantra_stereo": {"writes": ["render/mantra_stereo.<take>.%04d.exr"]},
@@ -54,8 +57,9 @@ SHOT = {
 
 def shot(_):
     frames = (SHOT_FRAMES[0], SHOT_FRAMES[-1])
-    ifd = [("soho_outputmode", '"on"'), ("soho_diskfile", "$HIP/ifd/$OS.$F4.ifd"), ("vm_picture", "$HIP/render/$OS.$F4.exr")]
-    ass = [("ar_ass_export_enable", '"on"'), ("ar_ass_file", "$HIP/ass/$OS.$F4.ass"), ("ar_picture", "$HIP/render/$OS.$F4.exr")]
+    image = "$HIP/render/$OS.$F4.exr"
+    ifd = [("soho_outputmode", '"on"'), ("soho_diskfile", "$HIP/ifd/$OS.$F4.ifd"), ("vm_picture", image)]
+    ass = [("ar_ass_export_enable", '"on"'), ("ar_ass_file", "$HIP/ass/$OS.$F4.ass"), ("ar_picture", image)]
     drivers = [
         driver("out/beauty", "ifd", ("camera", "/obj/cam1"), *ifd, frames=frames),
         driver("out/fur", "arnold", ("camera", "/obj/cam1"), *ass, frames=frames),
@@ -264,8 +268,10 @@ class Farm(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    lacking = [name for name in ("munged", "slurmctld", "slurmd", "sbatch") if not shutil.which(name, path="/usr/sbin:/usr/bin")]
+    needed = ("munged", "slurmctld", "slurmd", "sbatch")
+    lacking = [name for name in needed if not shutil.which(name, path="/usr/sbin:/usr/bin")]
     if os.geteuid() != 0 or lacking:
-        print("skipped: only root can run the engine" if os.geteuid() else f"skipped: not installed: {', '.join(lacking)} (scripts/setup farm)")
+        why = f"not installed (scripts/setup farm): {', '.join(lacking)}" if lacking else "only root can run the engine"
+        print(f"skipped: {why}")
         sys.exit(SKIPPED)
     unittest.main(argv=sys.argv[:1])
