@@ -56,7 +56,7 @@ const _sectionKind* kindOf(const vxN::_node& node, const _nodeType* type) {
 
 bool isDriver(const vxN::_node& node) {
     const _nodeType* const type = nodeTypeOf(node.type());
-    return type != nullptr && type->reader == _sectionReader::driver && namesAnOutput(node, *type);
+    return type != nullptr && type->reader == _sectionReader::driver && outputOf(node, *type) != nullptr;
 }
 
 /// A damaged scene may have lost a node's parameters, and with them what would be read.

@@ -15,10 +15,11 @@ _command varsCommand();
 _command diffCommand();
 _command valuesCommand();
 _command exportCommand();
+_command submitCommand();
 _command infoCommand();
 
 /// In the order in which the help shows them.
-inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, filesCommand, varsCommand,
-                                        diffCommand, valuesCommand,  exportCommand, infoCommand};
+inline constexpr std::array allCommands{jobsCommand, explainCommand, reportCommand, filesCommand,  varsCommand,
+                                        diffCommand, valuesCommand,  exportCommand, submitCommand, infoCommand};
 
 }  // namespace vxH

@@ -26,6 +26,7 @@ submitted=() # all arrays
 finish() {
   local status=$?
   trap - EXIT
+  trap '' HUP INT TERM
   if ((status != 0 && ${#submitted[@]} > 0)); then
     echo "not everything could be submitted: cancelling ${submitted[*]}" >&2
     printf '%s\n' "${submitted[@]}" | xargs -n 500 scancel
@@ -33,8 +34,10 @@ finish() {
   exit "$status"
 }
 trap finish EXIT
-trap 'exit 130' INT
-trap 'exit 143' HUP TERM
+# A signal waits for the number of what is being submitted: without it nobody could cancel that.
+stopped=0
+trap 'stopped=130' INT
+trap 'stopped=143' HUP TERM
 
 # What each task begins with.
 begin=$(cat <<'BEGIN'
@@ -70,12 +73,13 @@ step() {
   for ((from = 0, part = 0; from < tasks; from += array_tasks, part++)); do
     count=$((tasks - from < array_tasks ? tasks - from : array_tasks))
     after=$(dependency "$waits" "$part")
-    id=$(sbatch "${@:8}" "${options[@]}" --parsable --hold --job-name="$2" --array=0-$((count - 1)) \
+    id=$(trap '' HUP INT TERM && sbatch "${@:8}" "${options[@]}" --parsable --hold --job-name="$2" --array=0-$((count - 1)) \
       --export=ALL,RANGE_FIRST=$((first + from * frames * step)),RANGE_LAST="$last",STEP="$step",TASK_FRAMES="$frames" \
       ${after:+--dependency="$after" --kill-on-invalid-dep=yes} <<<"$script")
     id=${id%%;*}
     submitted+=("$id")
     ids[$1]+=" $id"
+    if ((stopped != 0)); then exit "$stopped"; fi
   done
 }
 )runner";
