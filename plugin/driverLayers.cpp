@@ -1,5 +1,6 @@
 #include "plugin/driverLayers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -87,10 +88,17 @@ void _driverLayers::keepLines(_resolvedDriver& driver, const _copyLayer& layer) 
     driver.inLayers.push_back(std::move(section));
 }
 
+/// As the scene is shown. Of drivers that are wired in a circle one comes first and waits for none of the others.
+std::vector<qint32> _driverLayers::jobsBefore(const _resolvedDriver& driver) const {
+    std::vector<qint32> jobs = before(driver.node);
+    jobs.erase(std::lower_bound(jobs.begin(), jobs.end(), driver.firstJob), jobs.end());
+    return jobs;
+}
+
 void _driverLayers::keepWaits(_resolvedDriver& driver, const _copyLayer& layer) {
     if (!driver.hasChoices) return;
     const _layerWaits* const without = inLayer(driver.waitsInLayers, layer);
-    std::vector<qint32> jobs = before(driver.node);
+    std::vector<qint32> jobs = jobsBefore(driver);
     if (jobs == (without == nullptr ? driver.before : without->before)) return;
     keepMemory(static_cast<qint64>(sizeof(_layerWaits) + jobs.size() * sizeof(qint32)));
     driver.waitsInLayers.push_back({layer, std::move(jobs)});
@@ -173,7 +181,7 @@ void _driverLayers::finish(_resolvedDrivers& drivers) {
         if (!driver->hasChoices) continue;
         if (driver->ownTake) {
             const _shownLayer shown(computed, {*driver->ownTake, {}});
-            driver->before = before(node);
+            driver->before = jobsBefore(*driver);
             continue;
         }
         for (const _otherTake& take : otherTakes) {

@@ -41,8 +41,8 @@ class _driverLayers {
     using _jobsBefore = std::function<std::vector<qint32>(qint32 node)>;
 
     /// All have to outlive it.
-    _driverLayers(const _computedScene& ofScene, _sectionResolver& resolver, _jobsBefore jobsBefore)
-        : computed(ofScene), sections(resolver), before(std::move(jobsBefore)) {}
+    _driverLayers(const _computedScene& ofScene, _sectionResolver& resolver, _jobsBefore ofNode)
+        : computed(ofScene), sections(resolver), before(std::move(ofNode)) {}
 
     /// Looks for takes that change anything in the scene as it was saved.
     void findTakes(const QStringList& names);
@@ -73,6 +73,7 @@ class _driverLayers {
 
     std::vector<_variedChannel> channelsOf(const _repeated& repeated) const;
     std::optional<QString> linesOf(const _resolvedDriver& driver);
+    std::vector<qint32> jobsBefore(const _resolvedDriver& driver) const;
     void keepLines(_resolvedDriver& driver, const _copyLayer& layer);
     void keepWaits(_resolvedDriver& driver, const _copyLayer& layer);
     void readVariants(const _repeated& repeated, _resolvedDriver& driver);

@@ -30,9 +30,9 @@ QJsonObject diffToJson(const _jobDiff& diff, const _sceneResult& before, const _
     QJsonArray changed;
     for (const auto& difference : diff.differences) {
         if (difference.hasCome()) {
-            came.append(jsonOf(jobNumbered(now, difference.newNumber)));
+            came.append(printedJson(jobNumbered(now, difference.newNumber), now.scene));
         } else if (difference.hasGone()) {
-            went.append(jsonOf(jobNumbered(before, difference.oldNumber)));
+            went.append(printedJson(jobNumbered(before, difference.oldNumber), before.scene));
         } else {
             changed.append(changedToJson(difference, jobNumbered(before, difference.oldNumber),
                                          jobNumbered(now, difference.newNumber)));

@@ -174,23 +174,35 @@ std::vector<_member> membersOf(const _job& job) {
     return members;
 }
 
+std::vector<_member> printedMembersOf(const _job& job, const QString& scene) {
+    auto members = membersOf(job);
+    insert(members, framesKey, framesCell(job));
+    insert(members, outputKey, outputCell(job, scene));
+    return members;
+}
+
+QJsonObject objectOf(const std::vector<_member>& members) {
+    QJsonObject object;
+    for (const auto& [name, value] : members) object.insert(name, value);
+    return object;
+}
+
 }  // namespace
 
 QJsonValue jsonOf(const _job& job) {
-    QJsonObject object;
-    for (const auto& [name, value] : membersOf(job)) object.insert(name, value);
-    return object;
+    return objectOf(membersOf(job));
+}
+
+QJsonObject printedJson(const _job& job, const QString& scene) {
+    return objectOf(printedMembersOf(job, scene));
 }
 
 void writeJson(const std::vector<_job>& jobs, const QString& scene, _jsonWriter& writer) {
     writer.beginArray();
     for (const auto& job : jobs) {
-        auto members = membersOf(job);
-        insert(members, framesKey, framesCell(job));
-        insert(members, outputKey, outputCell(job, scene));
         writer.element();
         writer.beginObject();
-        for (const auto& [name, value] : members) {
+        for (const auto& [name, value] : printedMembersOf(job, scene)) {
             writer.key(name);
             writer.value(value);
         }

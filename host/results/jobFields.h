@@ -36,8 +36,10 @@ _job jobFromRecord(const _recordSource& source);
 /// that is no finite number is null, and so is, in `waitsFor`, a job that nobody knows.
 QJsonValue jsonOf(const _job& job);
 void readJson(const QJsonValue& value, _job& job);
-/// A list of such objects with the table's cells `frames` and `output` besides, so that nobody has to put names and
-/// frames together again; each object is gone from memory before the next. @param scene  absolute path
+/// The same as it is printed: with the table's cells `frames` and `output`, so that nobody has to put names and frames
+/// together again. @param scene  absolute path
+QJsonObject printedJson(const _job& job, const QString& scene);
+/// A list of such objects, each gone from memory before the next.
 void writeJson(const std::vector<_job>& jobs, const QString& scene, _jsonWriter& writer);
 
 }  // namespace vxH

@@ -129,10 +129,9 @@ class JobRecord(Record):
         scene's "jobs", from 1. It is the nearest job before this one with that own number: one that writes the file
         which this job renders, else one with the same driver and take, else any; null where there is none. A job
         whose customData has vxWaitsFor waits for more jobs than its record can name: then these are all of them.
-    frames: Not a field of the record: the frames as the table of jobs shows them, 1001-1100 x2. Only in jobs and
-        explain.
+    frames: Not a field of the record: the frames as the table of jobs shows them, 1001-1100 x2.
     output: Not a field of the record: folder, file name, # for each digit of the frame number, and extension as one
-        path, placeholders for folders and the take written out. Only in jobs and explain.
+        path, placeholders for folders and the take written out.
     resolved: Not a field of the record: what was computed from expressions for this job. Only there where the scene
         was loaded with --resolve and by the program's own readers; left out of jobs beyond 32 MiB of them.
     """
@@ -177,8 +176,8 @@ class JobRecord(Record):
     shotgun_id: str
     wait_for_pre_ids: tuple[int, ...]
     waits_for: tuple[int | None, ...]
-    frames: str | None = None
-    output: str | None = None
+    frames: str
+    output: str
     resolved: tuple[ResolvedValue, ...] = ()
 
     _members: ClassVar[Members] = {

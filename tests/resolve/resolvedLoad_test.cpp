@@ -424,7 +424,6 @@ constexpr _realCase realCases[] = {
      "/out/mantra1 1-240 $FARM/projects/ifd_test/test.ifd\n"
      "/out/mantra1 1-240 $FARM/projects/ifd_test/test.exr"},
     {"karma_aovs.hip",
-     "/stage/usdrender_rop3 1-240 __render__.usd\n"
      "/stage/usdrender_rop3 1-240 $HIP/render/denoiseme.####.exr"},
     {"lod_create.hip",
      "/obj/geo1/sop_lod_create1 1-240 $HIP/lodexport/sop_lod_create1.fbx\n"
@@ -454,7 +453,13 @@ constexpr _realCase realCases[] = {
     {"qlib_modelfactory.hip", "/out/mantra1 1-48 $HIP/images/tmp--render/mantra1.####.exr"},
     {"qlib_space_partition.hip",
      "/obj/space_partition_example_B/wp_partitions 1-96 $HIP/tmp--sim/wp_partitions/"
-     "wp_partitions_v0.####.bgeo.gz"},
+     "wp_partitions_v0.####.bgeo.gz\n"
+     "/obj/space_partition_example_B/wp_partitions 1-96 $HIP/tmp--sim/wp_partitions/"
+     "wp_partitions_v1.####.bgeo.gz\n"
+     "/obj/space_partition_example_B/wp_partitions 1-96 $HIP/tmp--sim/wp_partitions/"
+     "wp_partitions_v2.####.bgeo.gz\n"
+     "/obj/space_partition_example_B/wp_partitions 1-96 $HIP/tmp--sim/wp_partitions/"
+     "wp_partitions_v3.####.bgeo.gz"},
     {"qlib_super_light.hip",
      "/out/test_grid 1-240 /mnt/Work/Work/qLab/tmp/super_light_grid.ifd\n"
      "/out/test_grid 1-240 /mnt/Work/Work/qLab/tmp/super_light_grid.exr\n"
