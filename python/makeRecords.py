@@ -33,6 +33,9 @@ CLASSES = {
     "NotRecognised": "explain.schema.json#/$defs/notRecognised",
     "SceneWarning": "explain.schema.json#/$defs/warning",
     "Value": "values.schema.json#/$defs/value",
+    "Faults": "files.schema.json#/$defs/disk/properties/faults",
+    "Disk": "files.schema.json#/$defs/disk",
+    "FileSet": "files.schema.json#/$defs/set",
     "ChangedField": "diff.schema.json#/$defs/field",
     "ChangedJob": "diff.schema.json#/$defs/changed",
 }
@@ -58,8 +61,16 @@ def schema_at(place):
     name, _, path = place.partition("#")
     found = SCHEMAS[name]
     for key in path.split("/")[1:]:
-        found = found[key]
+        found = one_of(found[key])
     return found
+
+
+def one_of(schema):
+    """Of an object that may have one of several forms: the members of all, none of which has to be there."""
+    if not all("properties" in form for form in schema.get("oneOf", [{}])):
+        return schema
+    members = {name: member for form in schema["oneOf"] for name, member in form["properties"].items()}
+    return {**schema, "properties": members, "required": []}
 
 
 def place_of(reference, schema_file):
@@ -79,32 +90,30 @@ def class_at(place):
 class Member:
     """A member of a class: its type in Python, its default, and how it is read from JSON."""
 
-    def __init__(self, name, schema, schema_file, is_required):
+    def __init__(self, name, class_place, is_required):
         self.name, self.python, self.is_required = name, python_name(name), is_required
-        self.schema = schema
-        while "$ref" in self.schema and class_at(place_of(self.schema["$ref"], schema_file)) is None:
-            place = place_of(self.schema["$ref"], schema_file)
-            schema_file, self.schema = place.partition("#")[0], schema_at(place)
-        told = schema_at(place_of(self.schema["$ref"], schema_file)) if "$ref" in self.schema else self.schema
-        self.meaning = told.get("description") or told["title"]
+        place = f"{class_place}/properties/{name}"
+        described = schema_at(place)
+        while "$ref" in schema_at(place) and class_at(place) is None:
+            place = place_of(schema_at(place)["$ref"], place.partition("#")[0])
+        self.meaning = {**schema_at(place), **described}.get("description") or schema_at(place)["title"]
         self.reader = "None"
-        self.type = self.type_of(self.schema, schema_file)
+        self.type = self.type_of(place)
         self.is_list = self.type.startswith("tuple")
         if not is_required and not self.is_list:
             self.type += " | None"
 
-    def type_of(self, schema, schema_file):
+    def type_of(self, place):
+        known, schema = class_at(place), schema_at(place)
+        if known:
+            self.reader = known
+            return known
         if "$ref" in schema:
-            place = place_of(schema["$ref"], schema_file)
-            known = class_at(place)
-            if known:
-                self.reader = known
-                return known
-            return self.type_of(schema_at(place), place.partition("#")[0])
-        types = schema.get("type", "string")  # an enum without a type: words
+            return self.type_of(place_of(schema["$ref"], place.partition("#")[0]))
+        types = schema.get("type", "boolean" if schema.get("const") is True else "string")  # of an enum: words
         if isinstance(types, list):
             return "Any" if "array" in types else " | ".join(TYPES[each] for each in types)
-        return f"tuple[{self.type_of(schema['items'], schema_file)}, ...]" if types == "array" else TYPES[types]
+        return f"tuple[{self.type_of(place + '/items')}, ...]" if types == "array" else TYPES[types]
 
     def default(self):
         return "" if self.is_required else " = ()" if self.is_list else " = None"
@@ -122,10 +131,10 @@ def wrapped(text, indent, more=""):
 
 def class_text(name, place):
     schema = schema_at(place)
-    required = schema["required"]
+    required = schema.get("required", [])
     members = [
-        Member(key, value, place.partition("#")[0], key in required)
-        for key, value in schema["properties"].items()
+        Member(key, place if "#" in place else place + "#", key in required)
+        for key in schema["properties"]
         if key not in LEFT_OUT.get(name, [])
     ]
     members.sort(key=lambda member: not member.is_required)  # those with a default have to come last

@@ -11,9 +11,10 @@ interpreter along. All functions may be used from several threads.
 """
 
 from .differences import Diff, diff
-from .errors import FormatError, ProgramError, ProgramNotFound, SceneError, VxsceneError
+from .errors import FormatError, ProgramError, ProgramNotFound, SceneError, VxsceneError, VxsceneWarning
+from .exporting import export
 from .program import program_path
-from .scanning import PathWarning, scan
+from .scanning import scan
 from .scene import Explanation, Job, Scene, load
 from .version import VERSION as __version__
 
@@ -24,12 +25,13 @@ __all__ = [
     "Job",
     "ProgramError",
     "ProgramNotFound",
-    "PathWarning",
     "Scene",
     "SceneError",
     "VxsceneError",
+    "VxsceneWarning",
     "__version__",
     "diff",
+    "export",
     "load",
     "program_path",
     "scan",

@@ -36,3 +36,7 @@ class SceneError(VxsceneError):
 
 class FormatError(VxsceneError):
     """The program's output is none that this package can read: it is of another version."""
+
+
+class VxsceneWarning(UserWarning):
+    """Something that did not fail, but that one has to be told: a path of a scan without a scene, a job left out."""

@@ -580,6 +580,98 @@ class Value(Record):
 
 
 @dataclass(frozen=True)
+class Faults(Record):
+    """Faults. Frames of files that do not count as there, each by its first fault. With --names-only none but
+    absent.
+
+    absent: There is no such file.
+    empty: The file has no bytes.
+    short: The file has less than a quarter of medianBytes.
+    older: The file is older than the scene. Never with --any-age.
+    """
+
+    absent: str | None = None
+    empty: str | None = None
+    short: str | None = None
+    older: str | None = None
+
+    _members: ClassVar[Members] = {
+        "absent": ("absent", None),
+        "empty": ("empty", None),
+        "short": ("short", None),
+        "older": ("older", None),
+    }
+
+
+@dataclass(frozen=True)
+class Disk(Record):
+    """Disk. Only with --missing, of known sets: what of the files is there, or why that cannot be told.
+
+    present: Files without a fault.
+    faults: Frames of files that do not count as there, each by its first fault. With --names-only none but absent.
+    folder_missing: Only where the folder is not there.
+    median_bytes: Of the sizes of all files of the set that hold something. Only where there are four or more.
+    problem: Why the folder cannot be read, in words.
+    """
+
+    present: int | None = None
+    faults: Faults | None = None
+    folder_missing: bool | None = None
+    median_bytes: int | None = None
+    problem: str | None = None
+
+    _members: ClassVar[Members] = {
+        "present": ("present", None),
+        "faults": ("faults", Faults),
+        "folderMissing": ("folder_missing", None),
+        "medianBytes": ("median_bytes", None),
+        "problem": ("problem", None),
+    }
+
+
+@dataclass(frozen=True)
+class FileSet(Record):
+    """Set of files.
+
+    job: Number of the job in its scene, from 1.
+    layer: Path of the output driver in the scene.
+    kind: The job's main output, one for each side of a stereo camera; or a file beside it, as of an AOV.
+    path: With # for each digit of the frame number. Of an unknown set, what there is of it.
+    padding: Least digits of the frame number, filled up with zeros. 0: the name holds no frame number.
+    use: A file for each frame, one file that holds all frames, or one that every frame overwrites.
+    frames: Whole frames in ascending order, each once: 1001-1040,1042,1050-1100x5. Empty: there are none, or they
+        are not known.
+    count: How many files there will be. 0: not known.
+    unknown: Only where the files are not known: why, in words.
+    disk: Only with --missing, of known sets: what of the files is there, or why that cannot be told.
+    """
+
+    job: int
+    layer: str
+    kind: str
+    path: str
+    padding: int
+    use: str
+    frames: str
+    count: int
+    unknown: str | None = None
+    disk: Disk | None = None
+
+    _members: ClassVar[Members] = {
+        "job": ("job", None),
+        "layer": ("layer", None),
+        "kind": ("kind", None),
+        "path": ("path", None),
+        "padding": ("padding", None),
+        "use": ("use", None),
+        "frames": ("frames", None),
+        "count": ("count", None),
+        "unknown": ("unknown", None),
+        "disk": ("disk", Disk),
+    }
+
+
+@dataclass(frozen=True)
 class ChangedField(Record):
     """Changed field.
 

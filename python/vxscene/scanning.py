@@ -7,12 +7,9 @@ import tempfile
 import warnings
 from typing import Iterable, Iterator, Sequence
 
+from .errors import VxsceneWarning
 from .program import Asking, absolute, submitter_words
 from .scene import JSON_TELLS, Scene
-
-
-class PathWarning(UserWarning):
-    """A path of a scan gave no scene: a folder that is empty or cannot be read."""
 
 
 def scan(
@@ -30,7 +27,7 @@ def scan(
     at a time, as many as there are cores by default. timeout: seconds for one scene. resolve, arguments: as in load.
     recursive: look into the folders below a folder too.
 
-    Raises ProgramError where the program gives up, after the scenes that came before; warns with PathWarning of a path
+    Raises ProgramError where the program gives up, after the scenes that came before; warns with VxsceneWarning of a path
     that gave no scene. Whoever stops early ends the program with it.
     """
     words = ["jobs", "--format", "jsonl", "--no-progress"]
@@ -51,7 +48,7 @@ def scan(
                 yield scene
             asking.finish(JSON_TELLS)
             for line in _other_lines(asking.error_text(), told_of):
-                warnings.warn(line, PathWarning, stacklevel=2)
+                warnings.warn(line, VxsceneWarning, stacklevel=2)
 
 
 def _other_lines(errors: str, told_of: Sequence[str]) -> Iterator[str]:

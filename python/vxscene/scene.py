@@ -10,7 +10,7 @@ from typing import TYPE_CHECKING, Any, Mapping, Sequence
 from . import table
 from .errors import SceneError
 from .program import absolute, ask, ask_for_one, submitter_words
-from .records import Facts, JobRecord, NotRecognised, SceneWarning, Section, Value
+from .records import Facts, FileSet, JobRecord, NotRecognised, SceneWarning, Section, Value
 
 if TYPE_CHECKING:
     import pandas
@@ -20,6 +20,9 @@ _LOADED = (1, 25)
 
 # Exit statuses after which the JSON tells all: no failure, a scene failed, a file is no scene.
 JSON_TELLS = (0, 1, 4)
+
+# The same of files, which has 1 for missing ones.
+FILES_TELL = (0, 1, 2, 4)
 
 
 @dataclass(frozen=True, repr=False)
@@ -76,7 +79,7 @@ class Scene:
     path: in full. code: 1 loaded, 25 loaded but nothing in it renders; all others are failures (docs/schema). error: why
     there are no jobs, in words; None with code 1. complete: False where the file is cut; None where that is not known.
     message: submitter options of the whole submission. jobs: in the order of the plug-in; their numbers, as in
-    Job.waits_for, count from 1.
+    Job.waits_for, count from 1. resolved, arguments: how it was loaded, see load.
     """
 
     path: str
@@ -85,6 +88,8 @@ class Scene:
     complete: bool | None
     message: str
     jobs: tuple[Job, ...]
+    resolved: bool
+    arguments: tuple[str, ...]
 
     def __init__(self, told: Mapping[str, Any], resolve: bool = False, arguments: Sequence[str] = ()) -> None:
         """told: the program's JSON of the scene; resolve and arguments: those that it was loaded with."""
@@ -94,8 +99,8 @@ class Scene:
         self.complete = told.get("complete")
         self.message = told["message"]
         self.jobs = tuple(map(Job.from_json, told["jobs"]))
-        self._resolve = ["--resolve"] if resolve else []
-        self._arguments = tuple(arguments)
+        self.resolved = resolve
+        self.arguments = tuple(arguments)
 
     @property
     def ok(self) -> bool:
@@ -123,7 +128,7 @@ class Scene:
 
         Raises SceneError where the scene cannot be explained, as it could not be opened or has changed into no scene.
         """
-        told = ask_for_one(["explain", *self._resolve, "--format", "jsonl", self.path, *self._words()], JSON_TELLS)
+        told = ask_for_one(["explain", *self._words()], JSON_TELLS)
         if "facts" not in told:
             raise SceneError(self.path, told["code"], told.get("error", "no explanation"))
         return Explanation(
@@ -145,6 +150,21 @@ class Scene:
             words += ["--frame", repr(frame)]
         return [Value.from_json(told) for told in ask(["values", "--format", "jsonl", *words, self.path, *nodes])]
 
+    def files(self, missing: bool = False, names_only: bool = False, any_age: bool = False) -> list[FileSet]:
+        """The files that the jobs will leave, as sets with a name in common, in the order of the jobs.
+
+        missing: compare with the disk; FileSet.disk tells what of each set is there. names_only: look for names only, not
+        for sizes and times. any_age: a file that is older than the scene counts as there. Raises SceneError where the
+        scene cannot be loaded any more.
+        """
+        words = ["--missing"] if missing else []
+        words += ["--names-only"] if names_only else []
+        words += ["--any-age"] if any_age else []
+        told = ask_for_one(["files", *words, *self._words()], FILES_TELL)
+        if told["code"] not in _LOADED:
+            raise SceneError(self.path, told["code"], told["error"])
+        return [FileSet.from_json(each) for each in told["files"]]
+
     def to_dataframe(self) -> pandas.DataFrame:
         """A row for each job: the columns of the table, then the fields of the record. Needs pandas."""
         import pandas
@@ -159,7 +179,8 @@ class Scene:
         return table.html_of(self)
 
     def _words(self) -> list[str]:
-        return submitter_words(self._arguments)
+        resolve = ["--resolve"] if self.resolved else []
+        return ["--format", "jsonl", "--no-progress", *resolve, self.path, *submitter_words(self.arguments)]
 
 
 def load(path: str | os.PathLike[str], resolve: bool = False, arguments: Sequence[str] = ()) -> Scene:

@@ -69,6 +69,25 @@ class Package(unittest.TestCase):
         self.assertTrue(diff and diff.came and diff.went and diff.changed[0].fields[0].name)
         self.assertFalse(vxscene.diff(EXAMPLE, EXAMPLE))
 
+    def test_files_and_exports(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder, "a.hip")
+            path.write_bytes(EXAMPLE.read_bytes())
+            scene = vxscene.load(path)
+            sets = scene.files(missing=True)
+            known = [each for each in sets if each.disk]
+            self.assertEqual({each.job for each in sets}, set(range(1, len(scene.jobs) + 1)))
+            self.assertTrue(known[0].disk.folder_missing and known[0].disk.faults.absent == known[0].frames)
+            self.assertIn("sbatch", vxscene.export(scene, to="slurm", frames="1001-1002", jobs="1,2"))
+            text = vxscene.export(path, to="shell", missing=True)
+            self.assertIn("1001", text)
+            table = pathlib.Path(folder, "none.toml")
+            with self.assertRaisesRegex(vxscene.ProgramError, "none.toml"):
+                vxscene.export(scene, to="shell", commands=table)
+            path.unlink()
+            with self.assertRaises(vxscene.SceneError):
+                scene.files()
+
     def test_failures_are_told_and_do_not_stop_a_scan(self):
         with tempfile.TemporaryDirectory() as folder:
             foreign, cut, empty = (pathlib.Path(folder, name) for name in ("foreign.hip", "cut.hip", "empty"))
@@ -83,7 +102,7 @@ class Package(unittest.TestCase):
                 scenes = list(vxscene.scan([foreign, cut, empty, folder + "/none.hip", EXAMPLE], timeout=60))
             self.assertEqual([scene.ok for scene in scenes], [False, False, False, True])
             self.assertIn("cut off", repr(scenes[1]))
-            self.assertEqual([type(warning.message) for warning in told], [vxscene.PathWarning])
+            self.assertEqual([type(warning.message) for warning in told], [vxscene.VxsceneWarning])
             self.assertIn(str(empty), str(told[0].message))
 
     def test_crashes_and_hostile_texts_stay_outside(self):
