@@ -186,4 +186,9 @@ void chooseSearchPath(_searchPath path) {
     search = searchOf(path);
 }
 
+const char* searchPathName() {
+    if (search == searchPortable) return "portable";
+    return search == searchAvx2 ? "AVX2" : "AVX-512";
+}
+
 }  // namespace vxP

@@ -20,5 +20,7 @@ std::size_t findCandidate(std::string_view bytes, std::size_t from, bool complet
 /// How the bytes are searched; `automatic` is the fastest one that the processor has. The others are for tests.
 enum class _searchPath { automatic, avx2, portable };
 void chooseSearchPath(_searchPath path);
+/// What the present one is called: "AVX2".
+const char* searchPathName();
 
 }  // namespace vxP

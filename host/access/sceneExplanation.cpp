@@ -2,6 +2,7 @@
 
 #include "explain/explainedLoad.h"
 #include "host/base/resultCodes.h"
+#include "input/candidateScan.h"
 #include "input/sectionKinds.h"
 #include "plugin/sceneLoad.h"
 
@@ -66,6 +67,10 @@ void tellWhyThereAreNoJobs(_sceneHead& head, const _submitterArguments& argument
     if (head.code != vxP::resultNoUsableOutput) return;
     const _explainedScene explained = explainScene(head.scene, arguments);
     if (explained.code == head.code) head.error = explained.error;
+}
+
+QString searchMethod() {
+    return QLatin1String{vxP::searchPathName()};
 }
 
 std::vector<std::string> readerNames() {

@@ -29,6 +29,9 @@ bool isOwnPlugin(const _pluginInfo& info);
 /// the scene once more.
 void tellWhyThereAreNoJobs(_sceneHead& head, const _submitterArguments& arguments);
 
+/// Which of the processor's instructions the readers search scenes with: "AVX2".
+QString searchMethod();
+
 /// What the readers of sections are called, in the order in which headers are compared with them.
 std::vector<std::string> readerNames();
 

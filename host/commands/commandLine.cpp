@@ -6,7 +6,9 @@
 #include <exception>
 #include <sstream>
 
+#include "host/access/askPlugin.h"
 #include "host/access/pluginLibrary.h"
+#include "host/access/sceneExplanation.h"
 #include "host/access/submitterSwitches.h"
 #include "host/base/displayText.h"
 #include "host/base/terminal.h"
@@ -20,6 +22,9 @@ namespace {
 const _option helpOption{{"-h", "--help"}, "Print this help and exit", {}, {}, {}, {}, {}};
 const _option versionOption{
     {"--version"}, "Print the versions of the program and its parts and exit", {}, {}, {}, {}, {}};
+const _option verboseOption{
+    {"--verbose"}, "With --version: what the plug-in says of itself, and how scenes are searched", {}, {}, {}, {}, {}};
+constexpr std::chrono::seconds mostForPlugin{10};
 
 constexpr const char* examples =
     "Examples:\n"
@@ -43,12 +48,21 @@ std::string overallHelp() {
            "\nThe statuses of diff are those of diff(1): vxscene diff --help\n\n" + environment;
 }
 
+/// Whether the plug-in can be loaded, and what scenes are searched with.
+QString verboseText() {
+    const auto answer = askForInfo({defaultPlugin(), mostForPlugin});
+    const QString problem = answer.code == 0 ? problemOfInfo(answer.info) : answer.failure;
+    const QString state = problem.isEmpty() ? QStringLiteral("answers, for %1").arg(answer.info.fileFilter) : problem;
+    return QStringLiteral("\nplug-in %1\nsearch %2").arg(printable(state), searchMethod());
+}
+
 /// What a report of a fault should say, one fact per line.
-std::string versionText() {
+std::string versionText(bool isVerbose) {
     const auto plugin = printable(defaultPlugin()).toStdString();
     return std::string{"vxscene " VX_VERSION "\nQt "} + qVersion() +
            " (built with " QT_VERSION_STR ")\nrecord layout " + std::to_string(vxJ::structureVersion) + '.' +
-           std::to_string(vxJ::structureMinor) + "\nplug-in " + plugin;
+           std::to_string(vxJ::structureMinor) + "\nplug-in " + plugin +
+           (isVerbose ? verboseText().toStdString() : std::string{});
 }
 
 /// @param command  that was typed; empty: none
@@ -158,7 +172,9 @@ void describe(CLI::App& program) {
     help->label("Positionals", "Arguments");
     help->label("REQUIRED", "");
     program.set_help_flag(nameList(helpOption), helpOption.description);
-    program.set_version_flag(nameList(versionOption), versionText, versionOption.description);
+    const auto* const verbose = program.add_flag(nameList(verboseOption), verboseOption.description);
+    program.set_version_flag(
+        nameList(versionOption), [verbose] { return versionText(verbose->count() > 0); }, versionOption.description);
     program.footer(overallHelp());
     program.require_subcommand(1);
 }
@@ -173,7 +189,7 @@ std::vector<_command> madeCommands() {
 }  // namespace
 
 std::vector<_command> commandLineParts() {
-    std::vector<_command> parts{{{}, {}, {}, {versionOption}, {}, {}}};
+    std::vector<_command> parts{{{}, {}, {}, {versionOption, verboseOption}, {}, {}}};
     for (const auto& command : madeCommands()) parts.push_back(command);
     for (auto& part : parts) part.options.insert(part.options.begin(), helpOption);
     return parts;

@@ -80,6 +80,7 @@ struct _usage {
 const _usage usages[] = {
     {"help", {"--help"}, 0, "Usage: vxscene"},
     {"version", {"--version"}, 0, "\nrecord layout "},
+    {"verbose", {"--verbose", "--version"}, 0, "answers, for *.hip;"},
     {"info", {"info", "--plugin", VX_FAKE_PLUGIN}, 0, "appName: Fake?[1m\n"},
     {"info_json", {"info", "--plugin", VX_FAKE_PLUGIN, "--format", "json"}, 0, R"("fileFilter": "*.fake;")"},
     {"empty_list", {"jobs", "--plugin", VX_FAKE_PLUGIN, "--format", "json", "-"}, 0, "[]\n"},
