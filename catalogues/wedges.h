@@ -34,6 +34,7 @@ struct _wedgeNode {
     // What a resolved load adds:
     std::optional<qint32> onlyVariant{};  ///< the one that is rendered; none: all are
     qint32 group = -1;                    ///< of the entries of one node, which repeat a driver each; -1: it is alone
+    bool isRandom = false;  ///< its variants have values that cannot be told; `totalCache` is their number
 
     /// Number of variants: the product of all steps, which wraps around at 32 bits. 0 without channels. The first
     /// result stays, whatever becomes of the channels.

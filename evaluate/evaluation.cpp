@@ -90,6 +90,7 @@ _numberOutcome _evaluation::number(const vxN::_node& node, std::string_view chan
     }
     const auto stored = node.component(channel);
     if (stored == nullptr || stored->isDriven()) return unknown(_reason::missingParameter, std::string(channel));
+    if (stored->isRandom) return unknown(_reason::random, std::string(channel));
     double literal = 0;
     if (!stored->isQuoted && readNumber(stored->text, literal)) return literal;
     if (!isToken(*stored)) return unknown(_reason::notANumber, std::string(stored->text));
@@ -113,6 +114,7 @@ _valueOutcome _evaluation::computeText(const vxN::_node& node, std::string_view 
     }
     const auto stored = node.component(parameter);
     if (stored == nullptr || stored->isDriven()) return unknown(_reason::missingParameter, std::string(parameter));
+    if (stored->isRandom) return unknown(_reason::random, std::string(parameter));
     double number = 0;
     if (!stored->isQuoted && readNumber(stored->text, number)) {
         const _textOutcome digits = textOf(number);

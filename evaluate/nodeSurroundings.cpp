@@ -40,6 +40,7 @@ _textOutcome _nodeSurroundings::rawParameterText(const std::string& reference) {
     const auto stored = found->node.component(found->name);
     if (stored == nullptr) return unknown(_reason::missingParameter, reference);
     if (stored->isDriven()) return unknown(_reason::uncertain, reference);
+    if (stored->isRandom) return unknown(_reason::random, reference);
     return std::string(stored->text);
 }
 

@@ -207,6 +207,25 @@ void warnOfDroppedWedge(const _observedSection& section, _warningList& warnings)
         warnings.add(u"wedgeDropped", section.node, {}, QStringLiteral("its driver is not repeated: ") + outcome.text);
 }
 
+void warnOfRandomWedge(const _observedSection& section, _warningList& warnings) {
+    const _observedRemark* const random = section.find(_remark::wedgeIsRandom);
+    if (random == nullptr) return;
+    const QString text =
+        random->detail.isEmpty()
+            ? QStringLiteral(
+                  "its driver is not repeated: its variants are random, and how many there are cannot be told")
+            : QStringLiteral(
+                  "the values of its %1 variants are random: names, frames and whatever else depends on them "
+                  "cannot be told, and copies without a usable name are left out")
+                  .arg(random->detail);
+    warnings.add(u"wedgeRandom", section.node, {}, text);
+}
+
+void warnOfWedge(const _observedSection& section, _warningList& warnings) {
+    warnOfDroppedWedge(section, warnings);
+    warnOfRandomWedge(section, warnings);
+}
+
 struct _sectionCheck {
     bool ofSkippedToo;  ///< also where the driver made no jobs
     void (*warn)(const _checkedSection&);
@@ -230,7 +249,7 @@ constexpr std::array sectionChecks{
 void warnOfSections(const _loadedScene& scene, _warningList& warnings) {
     for (vxS::_size i = 0; i < scene.observation.sections.size(); ++i) {
         const _observedSection& section = scene.observation.sections[i];
-        if (section.reader == vxP::_sectionReader::wedge) warnOfDroppedWedge(section, warnings);
+        if (section.reader == vxP::_sectionReader::wedge) warnOfWedge(section, warnings);
         const _checkedSection checked{scene, section, scene.survey.taken[i], warnings};
         for (const _sectionCheck& check : sectionChecks)
             if (check.ofSkippedToo || checked.hasJobs()) check.warn(checked);

@@ -33,5 +33,8 @@ constexpr QLatin1String CUSTOMSubmitterPluginVersion{"vxSubmitterPluginVersion"}
 /// Positions in the array, from 1, of all jobs that a job waits for, where the record's own list does not tell them
 /// all.
 constexpr QLatin1String CUSTOMWaitsFor{"vxWaitsFor"};
+/// Of a copy for a wedge: the path of the wedge's node, and the number of the variant, from 0.
+constexpr QLatin1String CUSTOMWedge{"vxWedge"};
+constexpr QLatin1String CUSTOMVariant{"vxVariant"};
 
 }  // namespace vxJ

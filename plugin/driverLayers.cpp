@@ -63,6 +63,18 @@ void _driverLayers::findTakes(const QStringList& names) {
         if (isOther[i]) otherTakes.push_back({index, place->second});
         places.erase(place);  // of two takes of a name the first one counts
     }
+    noteOrderInTakes();
+}
+
+/// So that a copy for a take finds the copies that it waits for.
+void _driverLayers::noteOrderInTakes() {
+    const std::vector<qint32> naming = computed.order.namingNodes();
+    if (naming.empty()) return;
+    for (const _otherTake& take : otherTakes) {
+        spendWork(shownLayerCost);
+        const _shownLayer shown(computed, {take.index, {}});
+        for (const qint32 node : naming) computed.order.noteNamed(node);
+    }
 }
 
 /// As the scene is shown; none: it writes nothing.
@@ -159,7 +171,10 @@ void _driverLayers::readVariantsIn(qint32 take, _copyLayer layer, const _repeate
         vxN::_layer shown{take, {}};
         for (const _variedChannel& channel : channels) {
             const double value = knownValue(wedge.params.at(static_cast<_size>(channel.place)), values[channel.place]);
-            if (std::isfinite(value)) shown.fixed.push_back({channel.node, channel.name, textOfNumber(value)});
+            if (wedge.isRandom)
+                shown.fixed.push_back({channel.node, channel.name, {}, true});
+            else if (std::isfinite(value))
+                shown.fixed.push_back({channel.node, channel.name, textOfNumber(value)});
         }
         isRead |= readVariant(shown, layer, driver);
         if (!isRead) return;

@@ -44,7 +44,7 @@ class _driverLayers {
     _driverLayers(const _computedScene& ofScene, _sectionResolver& resolver, _jobsBefore ofNode)
         : computed(ofScene), sections(resolver), before(std::move(ofNode)) {}
 
-    /// Looks for takes that change anything in the scene as it was saved.
+    /// Looks for takes that change anything in the scene as it was saved, and notes what is rendered before what there.
     void findTakes(const QStringList& names);
     /// Reads a driver's section in each of these takes. Tells in which of them it writes nothing.
     void readTakes(_resolvedDriver& driver, const QStringList& names);
@@ -71,6 +71,7 @@ class _driverLayers {
         qint32 driver;
     };
 
+    void noteOrderInTakes();
     std::vector<_variedChannel> channelsOf(const _repeated& repeated) const;
     std::optional<QString> linesOf(const _resolvedDriver& driver);
     std::vector<qint32> jobsBefore(const _resolvedDriver& driver) const;

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "catalogues/wedges.h"
+#include "plugin/jobRules.h"
 #include "plugin/wedgeNames.h"
 #include "scan/scanState.h"
 
@@ -16,6 +17,13 @@ using vxJ::_JobBasics_largePath;
 /// Names a copy for a take.
 std::function<void(_JobBasics_largePath&)> inTake(const QString& take) {
     return [take](_JobBasics_largePath& job) { job.channel = take; };
+}
+
+/// Says which wedge and variant a copy is for, as no field of a record does. A plain load says nothing of it.
+void tellVariant(_JobBasics_largePath& job, const _wedgeNode& wedge, qint32 variant) {
+    if (wedge.group < 0) return;
+    setCustomData(job, vxJ::CUSTOMWedge, wedge.nodePath);
+    setCustomData(job, vxJ::CUSTOMVariant, QString::number(variant));
 }
 
 /// The same for all entries of a wedge that repeats several drivers.
@@ -193,12 +201,16 @@ qint32 _jobCopier::copyForWedge(qint32 pattern, qint32 wedge) {
         const auto nameVariant = [&, variant = index](_JobBasics_largePath& job) {
             job.channel = take;
             nameWedgeVariant(job, channelsEndOf(jobs.count - 1), QString::number(variant),
-                             node.getWedgeFileName(variant));
+                             node.isRandom ? std::nullopt : std::optional(node.getWedgeFileName(variant)));
+            tellVariant(job, node, variant);
         };
         const _copyLayer round{groupOf(wedge), -1, index};
         const _copyLayer layer{round.wedge, origins[static_cast<std::size_t>(pattern)].take, index};
+        const qint32 firstCopy = jobs.count;
         const qint32 copied = copy({pattern, round, layer, nameVariant});
         if (copied != resultSuccess) return copied;
+        for (qint32 one = firstCopy; one < jobs.count; ++one)
+            origins[static_cast<std::size_t>(one)].keepsPlaceholders = node.isRandom;
     }
     return resultSuccess;
 }
@@ -242,7 +254,9 @@ qint32 _jobCopier::copyForWedges() {
     for (qint32 pattern = 0; pattern < patterns && result == resultSuccess; ++pattern)
         result = copyForWedgesOf(pattern);
     for (qint32 i = 0; i < jobs.count; ++i)
-        if (_JobBasics_largePath* const job = jobs.at(i)) removeWedgePlaceholders(*job, channelsEndOf(i));
+        if (_JobBasics_largePath* const job = jobs.at(i);
+            job != nullptr && !origins[static_cast<std::size_t>(i)].keepsPlaceholders)
+            removeWedgePlaceholders(*job, channelsEndOf(i));
     return result;
 }
 

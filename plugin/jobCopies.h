@@ -29,7 +29,8 @@ class _jobCopier {
     qint32 copyForTakes(const QStringList& takes);
 
     /// One copy of each job for every variant of every wedge that repeats its driver, with the variant's number and
-    /// name in place of the wedge placeholders. Then no job holds a placeholder any more.
+    /// name in place of the wedge placeholders. Then no job holds a placeholder any more, but for names of variants
+    /// that cannot be told. In a resolved load the custom data of a copy says which wedge and variant it is for.
     /// @return resultSuccess, or resultNoMoreJobs; the copies made before stay
     qint32 copyForWedges();
 
@@ -42,6 +43,7 @@ class _jobCopier {
         qint32 place = 0;                         ///< among its driver's jobs in its take
         bool isLast = false;                      ///< of these
         qint32 take = -1;                         ///< that it is a copy for
+        bool keepsPlaceholders = false;           ///< for the name of a variant that cannot be told
     };
     /// A round's copy of one pattern.
     struct _wanted {

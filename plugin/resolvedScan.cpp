@@ -28,6 +28,9 @@ constexpr std::string_view driverOfWedge{"driver"};
 constexpr std::string_view variantsOfWedge{"wrange"};
 constexpr std::string_view oneVariant{"single"};
 constexpr std::string_view variantOfWedge{"wedgenum"};
+constexpr std::string_view randomSwitch{"random"};
+constexpr std::string_view randomVariants{"numrandom"};
+constexpr double mostVariants = 1e9;  ///< far more than there are records
 
 /// What the scene says as a whole, as the plain scan would meet it.
 QString linesOfScene(const vxN::_scene& scene) {
@@ -111,6 +114,7 @@ class _resolvedScan {
     qint32 readWedge(const _section& section);
     qint32 readWedgeOf(const _section& section, qint32 driver, qint32 group);
     std::optional<qint32> onlyVariant(const vxN::_node& wedge, qint32 variants);
+    void readRandom(const vxN::_node& node, _wedgeNode& wedge);
     std::optional<qint32> ownTake(const vxN::_node& node);
     std::vector<qint32> jobsBefore(const _nodesBefore& before);
 
@@ -197,6 +201,18 @@ std::optional<qint32> _resolvedScan::onlyVariant(const vxN::_node& wedge, qint32
     return isVariant ? std::optional(static_cast<qint32>(*number)) : std::nullopt;
 }
 
+/// Random variants are as many as a parameter of their own says: the steps do not count. None where it cannot be told.
+void _resolvedScan::readRandom(const vxN::_node& node, _wedgeNode& wedge) {
+    const bool hasSwitch = node.parameter(randomSwitch) != nullptr;
+    const auto isOn = hasSwitch ? sections.isOn(node, randomSwitch) : std::optional(false);
+    wedge.isRandom = isOn.value_or(true);
+    if (!wedge.isRandom) return;
+    const auto number = evaluator->number(node, randomVariants);
+    const bool isKnown = isOn && number && *number >= 0;
+    wedge.totalCache = isKnown ? static_cast<qint32>(std::min(*number, mostVariants)) : 0;
+    tellOfSection(_remark::wedgeIsRandom, isKnown ? QString::number(wedge.totalCache) : QString());
+}
+
 /// @param driver  that it repeats
 /// @param group   of its entries
 qint32 _resolvedScan::readWedgeOf(const _section& section, qint32 driver, qint32 group) {
@@ -206,6 +222,7 @@ qint32 _resolvedScan::readWedgeOf(const _section& section, qint32 driver, qint32
     if (wedges.size() == known) return result;
     const auto entry = static_cast<int>(known);
     wedges[entry].group = group;
+    readRandom(section.node, wedges[entry]);
     wedges[entry].onlyVariant = onlyVariant(section.node, wedges[entry].totalWedges());
     layers.addWedge(entry, section.node.index(), driver);
     return result;

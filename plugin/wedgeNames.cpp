@@ -13,13 +13,13 @@ using vxS::_vxString;
 
 /// What replaces a placeholder.
 struct _variant {
-    QString number;
-    QString name;
+    std::optional<QString> number;
+    std::optional<QString> name;
 };
 
 struct _wedgePlaceholder {
     QStringView text;
-    QString _variant::*part;
+    std::optional<QString> _variant::*part;
 };
 
 constexpr std::array wedgePlaceholders{
@@ -34,8 +34,9 @@ bool replacePlaceholders(_vxString<1000>& text, const _variant& variant) {
     spendWork(wedgeNameCost, text.length());
     bool found = false;
     for (const auto& placeholder : wedgePlaceholders) {
-        if (!text.contains(placeholder.text)) continue;
-        text.replaceCaseSen(placeholder.text, variant.*placeholder.part);
+        const std::optional<QString>& known = variant.*placeholder.part;
+        if (!known || !text.contains(placeholder.text)) continue;
+        text.replaceCaseSen(placeholder.text, *known);
         found = true;
     }
     return found;
@@ -53,14 +54,15 @@ void forEachName(vxJ::_JobBasics_largePath& job, int channelsEnd, Change change)
 
 }  // namespace
 
-void nameWedgeVariant(vxJ::_JobBasics_largePath& job, int channelsEnd, const QString& number, const QString& name) {
+void nameWedgeVariant(vxJ::_JobBasics_largePath& job, int channelsEnd, const QString& number,
+                      const std::optional<QString>& name) {
     const _variant variant{number, name};
     forEachName(job, channelsEnd, [&](_vxString<1000>& text) { replacePlaceholders(text, variant); });
 }
 
 void removeWedgePlaceholders(vxJ::_JobBasics_largePath& job, int channelsEnd) {
     forEachName(job, channelsEnd, [](_vxString<1000>& text) {
-        while (replacePlaceholders(text, {})) continue;
+        while (replacePlaceholders(text, {QString(), QString()})) continue;
     });
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <set>
 #include <string_view>
 
 #include "evaluate/references.h"
@@ -44,11 +43,17 @@ std::string_view typeName(const _node& node) {
     return vxN::splitNodeType(node.type()).name;
 }
 
+/// Null: it stands for itself.
+const _stand* standOf(const _node& node) {
+    const std::string_view type = typeName(node);
+    const auto* const found =
+        std::find_if(stands.begin(), stands.end(), [&](const _stand& stand) { return stand.type == type; });
+    return found == stands.end() ? nullptr : found;
+}
+
 /// A value decides what is rendered before it.
 bool isChoice(const _node& node) {
-    const std::string_view type = typeName(node);
-    return type == switchType ||
-           std::any_of(stands.begin(), stands.end(), [&](const _stand& stand) { return stand.type == type; });
+    return typeName(node) == switchType || standOf(node) != nullptr;
 }
 
 /// Assets of drivers hold more of the network that they are in.
@@ -110,9 +115,8 @@ std::vector<_node> _renderOrder::readSources(const _node& node) {
     if (type == switchType)
         if (auto chosen = chosenSource(node)) return *std::move(chosen);
     std::vector<_node> nodes = node.inputNodes();
-    for (const _stand& stand : stands)
-        if (type == stand.type)
-            if (const _node other = named(node, stand.parameter)) nodes.push_back(other);
+    if (const _stand* const stand = standOf(node))
+        if (const _node other = named(node, stand->parameter)) nodes.push_back(other);
     if (!isOneOf(partsOfNetwork, type)) return nodes;
     const auto ends = endsOf(node);
     return ends.empty() ? nodes : ends;
@@ -138,11 +142,27 @@ void _renderOrder::forgetChoices() {
     choices.clear();
 }
 
+std::vector<qint32> _renderOrder::namingNodes() const {
+    std::vector<qint32> found;
+    for (qint32 index = 0; index < scene.nodeCount(); ++index)
+        if (standOf(scene.node(index)) != nullptr) found.push_back(index);
+    return found;
+}
+
+void _renderOrder::noteNamed(qint32 node) {
+    for (const qint32 source : sourcesOf(node))
+        if (noted[node].insert(source).second) keepMemory(bytesIn(1));
+}
+
 std::vector<qint32> _renderOrder::possibleSources(qint32 index) {
     const _node node = scene.node(index);
-    if (typeName(node) != switchType || !isInDriverNetwork(node)) return sourcesOf(index);
     std::vector<qint32> all;
-    for (const _node& input : node.inputNodes()) all.push_back(input.index());
+    if (typeName(node) != switchType || !isInDriverNetwork(node))
+        all = sourcesOf(index);
+    else
+        for (const _node& input : node.inputNodes()) all.push_back(input.index());
+    if (const auto others = noted.find(index); others != noted.end())
+        all.insert(all.end(), others->second.begin(), others->second.end());
     return all;
 }
 

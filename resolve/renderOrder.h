@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "evaluate/evaluator.h"
@@ -28,8 +29,12 @@ class _renderOrder {
 
     /// The scene is shown in another layer: what values decide on is asked anew.
     void forgetChoices();
-    /// A node behind all those that are rendered before it, whatever its switches choose, and were not asked for yet;
-    /// of a circle one is the first. Throws `_budgetExceeded`.
+    /// Nodes that name another one, which takes can change.
+    std::vector<qint32> namingNodes() const;
+    /// Notes what such a node names as the scene is shown: it may be rendered before, too.
+    void noteNamed(qint32 node);
+    /// A node behind all those that are rendered before it, whatever its switches choose and whatever was noted, and
+    /// were not asked for yet; of a circle one is the first. Throws `_budgetExceeded`.
     std::vector<qint32> upTo(qint32 node);
     bool isHandedOut(qint32 node) const { return isDone[static_cast<std::size_t>(node)]; }
     /// The nearest nodes before one that are wanted, each once: the ways beyond them are not followed.
@@ -47,8 +52,9 @@ class _renderOrder {
     const vxN::_scene& scene;
     vxV::_evaluator& evaluator;
     std::map<qint32, std::vector<qint32>> sources;
-    std::vector<qint32> choices;  ///< nodes among these whose sources a value decides on
-    std::vector<bool> isDone;     ///< by node: it was handed out
+    std::map<qint32, std::set<qint32>> noted;  ///< sources of nodes in other layers
+    std::vector<qint32> choices;               ///< nodes among these whose sources a value decides on
+    std::vector<bool> isDone;                  ///< by node: it was handed out
 };
 
 }  // namespace vxP

@@ -186,6 +186,7 @@ QString _sectionResolver::valueOf(const _target& target, const vxN::_parameter& 
 }
 
 std::optional<double> _sectionResolver::frame(const vxN::_node& node, const vxN::_value& value) {
+    if (value.isRandom) return {};
     if (!value.isDriven()) return literalNumber(value.text);
     const auto number = evaluator.number(node, value.channel);
     return number ? std::optional<double>(*number) : std::nullopt;

@@ -32,6 +32,9 @@ class _sectionResolver {
     /// @param type  of the node; null where it is not known
     _idle idleness(const vxN::_node& node, const _nodeType* type);
 
+    /// Of a switch; none: the node has no such parameter, or it cannot be told.
+    std::optional<bool> isOn(const vxN::_node& node, std::string_view parameter);
+
     /// Lines for the reader of that kind, from behind the header to the closing brace: the parameters that the reader
     /// knows, in the scene's order, each on one line with its values computed. What cannot be computed is told to the
     /// observer and stays as the scene holds it; a driver's frames that cannot be told are the stored ones where these
@@ -62,7 +65,6 @@ class _sectionResolver {
     vxV::_textOutcome textOf(const vxN::_node& node, const vxN::_value& value);
     QString valueOf(const _target& target, const vxN::_parameter& parameter, const vxN::_value& value);
     QString cameraPath(const vxN::_node& node, const QString& path) const;
-    std::optional<bool> isOn(const vxN::_node& node, std::string_view parameter);
     void tellNumber(const vxN::_node& node, std::string_view name, const vxN::_value& value, const QString& result);
     std::optional<double> frame(const vxN::_node& node, const vxN::_value& value);
 

@@ -43,6 +43,7 @@ enum class _remark : quint8 {
     stageNamesNoImage,     ///< no job: the output is empty, and so is the stage's; detail: why
     exportIsTemporary,     ///< the exported scene description is removed after the render; detail: its name
     currentFrameOnly,      ///< Houdini renders the current frame alone: the driver has no range of its own
+    wedgeIsRandom,         ///< the values of its variants cannot be told; detail: how many there are
     wedgeOfIdleDriver,     ///< no wedge: the driver that it leads to has no job; detail: the driver
     wedgeLeadsNowhere,     ///< ... it names no driver, and none is wired to it
     wedgeWithoutDriver,    ///< no wedge: it names no driver ...

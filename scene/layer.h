@@ -9,9 +9,10 @@ namespace vxN {
 
 /// A number in place of what a component holds, and of the channel that drives it.
 struct _fixedNumber {
-    qint32 node = -1;     ///< position in the scene's list
-    std::string channel;  ///< of the component: "tx"
-    std::string text;     ///< the number
+    qint32 node = -1;       ///< position in the scene's list
+    std::string channel;    ///< of the component: "tx"
+    std::string text;       ///< the number
+    bool isRandom = false;  ///< it cannot be told: there is no text
 };
 
 struct _layer {

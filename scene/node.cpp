@@ -18,8 +18,9 @@ std::shared_ptr<const Part> partOf(const std::shared_ptr<const Whole>& whole, co
     return part == nullptr ? nullptr : std::shared_ptr<const Part>(whole, part);
 }
 
-/// The layer keeps the text alive.
-_value valueOf(const _fixedNumber& fixed) {
+/// The layer keeps the text alive, or the parameters do.
+_value valueOf(const _fixedNumber& fixed, const _value& own) {
+    if (fixed.isRandom) return {own.text, {}, own.isQuoted, true, true};
     return {fixed.text, {}, false, true};
 }
 
@@ -33,6 +34,7 @@ struct _layeredParameter {
 
 /// The same of one value.
 struct _layeredValue {
+    std::shared_ptr<const _parameters> own;
     std::shared_ptr<const _layer> layer;
     _value value;
 };
@@ -171,7 +173,7 @@ std::shared_ptr<const _parameter> _node::parameter(std::string_view name) const 
     *layered = {all, scene->layer, {own->values.begin(), own->values.end()}, *own};
     for (std::size_t i = 0; i < layered->values.size(); ++i)
         if (const auto* const fixed = scene->fixedFor(*this, *all, &own->values[i]))
-            layered->values[i] = valueOf(*fixed);
+            layered->values[i] = valueOf(*fixed, own->values[i]);
     layered->parameter.values = layered->values;
     return std::shared_ptr<const _parameter>(layered, &layered->parameter);
 }
@@ -181,7 +183,7 @@ std::shared_ptr<const _value> _node::component(std::string_view channel) const {
     const _value* const own = all->component(channel);
     const _fixedNumber* const fixed = own == nullptr ? nullptr : scene->fixedFor(*this, *all, own);
     if (fixed == nullptr) return partOf(all, own);
-    const auto layered = std::make_shared<const _layeredValue>(_layeredValue{scene->layer, valueOf(*fixed)});
+    const auto layered = std::make_shared<const _layeredValue>(_layeredValue{all, scene->layer, valueOf(*fixed, *own)});
     return std::shared_ptr<const _value>(layered, &layered->value);
 }
 

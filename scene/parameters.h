@@ -17,6 +17,7 @@ struct _value {
     std::string_view channel;  ///< what drives it, "f1"; empty: the text is literal
     bool isQuoted = false;     ///< in the scene
     bool isOverride = false;   ///< of a layer (scene/layer.h): no channel drives it but the one that it names
+    bool isRandom = false;     ///< of a layer: another number stands in that nobody can tell; the text is the scene's
 
     bool isDriven() const { return !channel.empty(); }
 };

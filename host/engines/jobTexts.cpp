@@ -4,6 +4,7 @@
 #include <array>
 
 #include "host/results/jobCells.h"
+#include "jobs/VX_DataTypes_jobs_defines.h"
 #include "jobs/jobVariables.h"
 
 namespace vxH {
@@ -37,6 +38,7 @@ struct _textRow {
 constexpr std::array texts{
     _textRow{QLatin1String{"Driver"}, [](const _job& job, const QString&) { return job.layer; }},
     _textRow{QLatin1String{"Take"}, [](const _job& job, const QString&) { return job.channel; }},
+    _textRow{QLatin1String{"Wedge"}, [](const _job& job, const QString&) { return job.customText(vxJ::CUSTOMWedge); }},
     _textRow{QLatin1String{"SceneFile"}, sceneFileOf},
     _textRow{QLatin1String{"Output"}, outputOf},
 };

@@ -100,7 +100,7 @@ class _planner {
 
     void add(int index, const vxJ::_JobBasics_largePath& record) {
         const auto& job = scene.jobs[static_cast<std::size_t>(index)];
-        const auto variant = repeatOf(job);
+        const auto variant = variantOf(job);
         if (selection.framesOf && selection.framesOf(index + 1).empty()) return;
         QString fault = faultOf(job);
         if (fault.isEmpty()) fault = faultOfWaits(job);
@@ -126,6 +126,13 @@ class _planner {
             if (isRefused[static_cast<std::size_t>(other)]) return QStringLiteral("waits for job %1").arg(other + 1);
         }
         return {};
+    }
+
+    /// A resolved load says which variant a copy for a wedge is.
+    std::optional<int> variantOf(const _job& job) {
+        const auto repeat = repeatOf(job);
+        const QString told = job.customText(vxJ::CUSTOMVariant);
+        return told.isEmpty() ? repeat : std::optional(told.toInt());
     }
 
     /// Copies for a wedge follow the job that they are copies of, in the order of its variants, with its driver, take
@@ -210,9 +217,7 @@ class _planner {
 }  // namespace
 
 bool runsOnOneMachine(const _job& job) {
-    return std::any_of(job.customData.begin(), job.customData.end(), [](const _namedText& entry) {
-        return entry.name == vxJ::CUSTOMSubmitterParameter && entry.value.contains(onOneMachine);
-    });
+    return job.customText(vxJ::CUSTOMSubmitterParameter).contains(onOneMachine);
 }
 
 _plannedScene planSubmission(const _sceneResult& scene, const vxJ::_JobBasicsArray& records, const _commandTable& table,

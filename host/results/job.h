@@ -79,6 +79,9 @@ struct _job {
     /// Not in the record: what was computed of the sections that the job came from. None: the load was not resolved, or
     /// there is too much of it.
     std::optional<QList<vxP::_resolvedValue>> resolved;
+
+    /// Of the custom data; empty where there is none of that name.
+    QString customText(QLatin1String name) const;
 };
 
 }  // namespace vxH

@@ -218,4 +218,10 @@ void readJson(const QJsonValue& value, _job& job) {
     for (const auto& number : waitsFor) job.waitsFor.push_back(number.toInt(0) - 1);  // 0: noJob
 }
 
+QString _job::customText(QLatin1String name) const {
+    const auto isNamed = [&](const _namedText& entry) { return entry.name == name; };
+    const auto found = std::find_if(customData.begin(), customData.end(), isNamed);
+    return found == customData.end() ? QString() : found->value;
+}
+
 }  // namespace vxH

@@ -49,11 +49,10 @@ class _earlierJobs {
 
 /// The jobs that the job's own list of positions means; none where it has no such list, or it is not sound.
 std::vector<int> listedBy(const _job& waiting, int index) {
-    const auto isList = [](const _namedText& entry) { return entry.name == vxJ::CUSTOMWaitsFor; };
-    const auto list = std::find_if(waiting.customData.begin(), waiting.customData.end(), isList);
-    if (list == waiting.customData.end()) return {};
+    const QString list = waiting.customText(vxJ::CUSTOMWaitsFor);
+    if (list.isEmpty()) return {};
     std::vector<int> jobs;
-    for (const QString& position : list->value.split(QLatin1Char(' '))) {
+    for (const QString& position : list.split(QLatin1Char(' '))) {
         const int job = position.toInt() - 1;
         if (job < 0 || job >= index) return {};
         jobs.push_back(job);

@@ -101,7 +101,7 @@ std::string framesAndFileOf(const vxJ::_JobBasics_largePath& job) {
            plainOf(job.imageExtension);
 }
 
-/// "driver renderer first-last path size @take <waits": a job, as far as resolving it matters.
+/// "driver renderer first-last path size @take <waits #wedge:variant": a job, as far as resolving it matters.
 std::string textOf(const vxJ::_JobBasics_largePath& job) {
     std::string text =
         plainOf(job.layer) + ' ' + plainOf(job.app) + ' ' + plainOf(job.appRenderer) + ' ' + framesAndFileOf(job);
@@ -109,6 +109,9 @@ std::string textOf(const vxJ::_JobBasics_largePath& job) {
     if (!job.channel.isEmpty()) text += " @" + plainOf(job.channel);
     for (int i = 0; i < job.waitForPreIDCount; ++i)
         text += (i == 0 ? " <" : ",") + std::to_string(job.waitForPreIDs[i]);
+    const auto ofWedge = [&](QLatin1String name) { return job.sceneSettings.customData_Str(name).toStdString(); };
+    const std::string wedge = ofWedge(vxJ::CUSTOMWedge);
+    if (!wedge.empty()) text += " #" + wedge + ':' + ofWedge(vxJ::CUSTOMVariant);
     return text;
 }
 
@@ -219,8 +222,8 @@ const _case cases[] = {
        "range1x=\"0.5 * 2\"|steps1=\"5 / 2\"", "", "f"},
       {"out/f", "fetch", "source=../a/RENDER"},
       {"out/a", "ifd", "vm_picture=/i/$WEDGE.exr"}},
-     {"/out/a Houdini  11-48 /i/.exr", "/out/a Houdini  11-48 /i/p_n_1.000000.exr",
-      "/out/a Houdini  11-48 /i/p_n_2.000000.exr"}},
+     {"/out/a Houdini  11-48 /i/.exr", "/out/a Houdini  11-48 /i/p_n_1.000000.exr #/out/w:0",
+      "/out/a Houdini  11-48 /i/p_n_2.000000.exr #/out/w:1"}},
     {"a_wedge_over_several_drivers_with_its_values_in_their_names",
      {{"out/w", "wedge", "prefix=p|driver=\"\"|wedgemethod=\"channel\"|chan1=../ctl/vx|name1=n|range1=1\t2|steps1=2",
        "", "", "a|b"},
@@ -229,10 +232,10 @@ const _case cases[] = {
        "vm_picture=\"/i/a`ch('../ctl/vx')`.exr\"|soho_outputmode=\"on\"|soho_diskfile=\"/x/a`ch('../ctl/vx')`.ifd\""},
       {"out/b", "ifd", "vm_picture=/i/b$WEDGENUM.exr", "", "", "a"}},
      {"/out/a Houdini createIFD 11-48 /x/a9.ifd", "/out/a Mantra_StdA  11-48 /i/a9.exr <1",
-      "/out/b Houdini  11-48 /i/b.exr <2", "/out/a Houdini createIFD 11-48 /x/a1.ifd",
-      "/out/a Houdini createIFD 11-48 /x/a2.ifd", "/out/a Mantra_StdA  11-48 /i/a1.exr <4",
-      "/out/a Mantra_StdA  11-48 /i/a2.exr <5", "/out/b Houdini  11-48 /i/b0.exr <6",
-      "/out/b Houdini  11-48 /i/b1.exr <7"}},
+      "/out/b Houdini  11-48 /i/b.exr <2", "/out/a Houdini createIFD 11-48 /x/a1.ifd #/out/w:0",
+      "/out/a Houdini createIFD 11-48 /x/a2.ifd #/out/w:1", "/out/a Mantra_StdA  11-48 /i/a1.exr <4 #/out/w:0",
+      "/out/a Mantra_StdA  11-48 /i/a2.exr <5 #/out/w:1", "/out/b Houdini  11-48 /i/b0.exr <6 #/out/w:0",
+      "/out/b Houdini  11-48 /i/b1.exr <7 #/out/w:1"}},
     {"wedges_in_takes_and_one_of_a_single_variant",
      {{"out/all", "wedge",
        "prefix=p|driver=/out/a|wedgemethod=\"channel\"|chan1=/out/a/f2|name1=n|range1=20\t21|steps1=2"},
@@ -243,10 +246,11 @@ const _case cases[] = {
       {"out/a", "ifd", drivenFrames + "vm_picture=\"/i/`chs('../dir/name')`.exr\"", "f1=$FSTART|f2=$FEND"},
       {"out/dir", "null", "name=x"}},
      {"/out/a Houdini  11-48 /i/x.exr", "/out/a Houdini  11-48 /i/x.exr @Main", "/out/a Houdini  11-40 /i/y.exr @far",
-      "/out/a Houdini  11-20 /i/x.exr", "/out/a Houdini  11-21 /i/x.exr", "/out/a Houdini  11-21 /i/x.exr",
-      "/out/a Houdini  11-20 /i/x.exr @Main", "/out/a Houdini  11-21 /i/x.exr @Main",
-      "/out/a Houdini  11-21 /i/x.exr @Main", "/out/a Houdini  11-20 /i/y.exr @far",
-      "/out/a Houdini  11-21 /i/y.exr @far", "/out/a Houdini  11-21 /i/y.exr @far"},
+      "/out/a Houdini  11-20 /i/x.exr #/out/all:0", "/out/a Houdini  11-21 /i/x.exr #/out/all:1",
+      "/out/a Houdini  11-21 /i/x.exr #/out/one:1", "/out/a Houdini  11-20 /i/x.exr @Main #/out/all:0",
+      "/out/a Houdini  11-21 /i/x.exr @Main #/out/all:1", "/out/a Houdini  11-21 /i/x.exr @Main #/out/one:1",
+      "/out/a Houdini  11-20 /i/y.exr @far #/out/all:0", "/out/a Houdini  11-21 /i/y.exr @far #/out/all:1",
+      "/out/a Houdini  11-21 /i/y.exr @far #/out/one:1"},
      {{"Main", {}}, {"far", {{"/out/dir", "name", "y"}, {"/out/a", "f", "[ f1\t0 ] \t40\t1"}}}}},
     {"a_switch_that_a_take_and_a_wedge_turn",
      {{"out/c", "ifd", "vm_picture=/i/c.exr", "", "", "s"},
@@ -259,10 +263,30 @@ const _case cases[] = {
       "/out/a Houdini  11-48 /i/a.exr @Main", "/out/a Houdini  11-48 /i/a.exr @far",
       "/out/b Houdini  11-48 /i/b.exr @Main", "/out/b Houdini  11-48 /i/b.exr @far",
       "/out/c Houdini  11-48 /i/c.exr @Main <4", "/out/c Houdini  11-48 /i/c.exr @far <7",
-      "/out/c Houdini  11-48 /i/c.exr <1", "/out/c Houdini  11-48 /i/c.exr <2",
-      "/out/c Houdini  11-48 /i/c.exr @Main <4", "/out/c Houdini  11-48 /i/c.exr @Main <6",
-      "/out/c Houdini  11-48 /i/c.exr @far <5", "/out/c Houdini  11-48 /i/c.exr @far <7"},
+      "/out/c Houdini  11-48 /i/c.exr <1 #/out/w:0", "/out/c Houdini  11-48 /i/c.exr <2 #/out/w:1",
+      "/out/c Houdini  11-48 /i/c.exr @Main <4 #/out/w:0", "/out/c Houdini  11-48 /i/c.exr @Main <6 #/out/w:1",
+      "/out/c Houdini  11-48 /i/c.exr @far <5 #/out/w:0", "/out/c Houdini  11-48 /i/c.exr @far <7 #/out/w:1"},
      {{"Main", {}}, {"far", {{"/out/s", "index", "1"}}}}},
+    {"a_wedge_of_random_values",
+     {{"out/w", "wedge",
+       "prefix=p|driver=/out/a|wedgemethod=\"channel\"|random=\"on\"|numrandom=[ numrandom\t0 "
+       "]|chan1=/out/ctl/v|name1=n|"
+       "range1=1\t2|steps1=5",
+       "numrandom=\"1 + 1\""},
+      {"out/ctl", "null", "v=5"},
+      {"out/a", "ifd", "vm_picture=\"/i/a`ch('../ctl/v')`_$WEDGENUM$WEDGE.exr\""}},
+     {"/out/a Houdini  11-48 /i/a5_.exr", "/out/a Houdini  11-48 /i/a`ch('../ctl/v')`_0$WEDGE.exr #/out/w:0",
+      "/out/a Houdini  11-48 /i/a`ch('../ctl/v')`_1$WEDGE.exr #/out/w:1"}},
+    {"a_fetch_that_a_take_turns_to_a_later_driver",
+     {{"out/last", "ifd", "vm_picture=/i/last.exr", "", "", "f"},
+      {"out/f", "fetch", "source=/out/a"},
+      {"out/a", "ifd", "vm_picture=/i/a.exr"},
+      {"out/b", "ifd", "vm_picture=/i/b.exr"}},
+     {"/out/a Houdini  11-48 /i/a.exr", "/out/b Houdini  11-48 /i/b.exr", "/out/last Houdini  11-48 /i/last.exr <1",
+      "/out/a Houdini  11-48 /i/a.exr @Main", "/out/a Houdini  11-48 /i/a.exr @far",
+      "/out/b Houdini  11-48 /i/b.exr @Main", "/out/b Houdini  11-48 /i/b.exr @far",
+      "/out/last Houdini  11-48 /i/last.exr @Main <4", "/out/last Houdini  11-48 /i/last.exr @far <7"},
+     {{"Main", {}}, {"far", {{"/out/f", "source", "/out/b"}}}}},
     {"an_image_that_the_stage_s_settings_name",
      {{"stage/set", "karmarendersettings", "primpath=/Render/a|picture=/i/`opname(\\\".\\\")`.$F4.exr"},
       {"stage/other", "rendersettings", "primpath=/Render/b|picture=/i/b.exr", "", "", "set"},
