@@ -71,7 +71,8 @@ int findOut(const _options& options, _plugin& plugin) {
     return exitSuccess;
 }
 
-/// The table needs explanations. The readers that explain are those of the program's own plug-in: one load is enough.
+/// The table needs explanations. The readers built in, which explain, are those of the program's own plug-in: one load
+/// is enough, and that plug-in need not be loaded.
 int run(const _options& options, const _submitterArguments& submitter) {
     _plugin plugin;
     if (const int status = findOut(options, plugin); status != exitSuccess) return status;
@@ -84,11 +85,12 @@ int run(const _options& options, const _submitterArguments& submitter) {
         return printJobs(options, submitter, plugin.fileFilter, explain);
     }
     _pluginLibrary library;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
-    const auto problem = library.load(QString::fromStdString(options.plugin));
+    const auto problem = plugin.isOwn ? QString{} : library.load(QString::fromStdString(options.plugin));
     if (!problem.isEmpty()) return noPlugin(problem);
+    const auto loader = plugin.isOwn ? builtInLoader() : _sceneLoader{library.loadSceneFile};
     const auto load = [&](const QString& scene) -> _explainedScene {
         if (plugin.isOwn && resolves) return {loadWithNotes(scene, submitter), {}, {}};
-        _explainedScene result{loadScene(library.loadSceneFile, scene, submitter), {}, {}};
+        _explainedScene result{loadScene(loader, scene, submitter), {}, {}};
         tellWhyThereAreNoJobs(result, submitter);
         return result;
     };
