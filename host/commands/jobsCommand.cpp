@@ -51,7 +51,8 @@ int printJobs(const _options& options, const _submitterArguments& submitter, con
 
 /// What the plug-in says of itself.
 struct _plugin {
-    bool isOwn = false;  // the readers built in are its own
+    bool isBuiltIn = false;  // its code is in the program as well
+    bool isOwn = false;      // it is that, or tells the same of itself: the readers built in can explain its jobs
     QString fileFilter = sceneFileFilter();
 };
 
@@ -60,8 +61,8 @@ struct _plugin {
 int findOut(const _options& options, _plugin& plugin) {
     const auto path = QString::fromStdString(options.plugin);
     const bool isOwnFile = options.plugin == options.ownPlugin;
-    plugin.isOwn = isOwnFile && isBuiltLikeProgram(path);
-    if (plugin.isOwn) return exitSuccess;
+    plugin.isBuiltIn = plugin.isOwn = isOwnFile && isBuiltLikeProgram(path);
+    if (plugin.isBuiltIn) return exitSuccess;
     const auto answer = askForInfo({path, options.scenes.timeout});
     if (answer.code != 0) return noPlugin(answer.failure);
     const auto problem = problemOfInfo(answer.info);
@@ -72,7 +73,7 @@ int findOut(const _options& options, _plugin& plugin) {
 }
 
 /// The table needs explanations. The readers built in, which explain, are those of the program's own plug-in: one load
-/// is enough, and that plug-in need not be loaded.
+/// is enough, and a plug-in that is built in need not be loaded.
 int run(const _options& options, const _submitterArguments& submitter) {
     _plugin plugin;
     if (const int status = findOut(options, plugin); status != exitSuccess) return status;
@@ -85,9 +86,9 @@ int run(const _options& options, const _submitterArguments& submitter) {
         return printJobs(options, submitter, plugin.fileFilter, explain);
     }
     _pluginLibrary library;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
-    const auto problem = plugin.isOwn ? QString{} : library.load(QString::fromStdString(options.plugin));
+    const auto problem = plugin.isBuiltIn ? QString{} : library.load(QString::fromStdString(options.plugin));
     if (!problem.isEmpty()) return noPlugin(problem);
-    const auto loader = plugin.isOwn ? builtInLoader() : _sceneLoader{library.loadSceneFile};
+    const auto loader = plugin.isBuiltIn ? builtInLoader() : _sceneLoader{library.loadSceneFile};
     const auto load = [&](const QString& scene) -> _explainedScene {
         if (plugin.isOwn && resolves) return {loadWithNotes(scene, submitter), {}, {}};
         _explainedScene result{loadScene(loader, scene, submitter), {}, {}};
