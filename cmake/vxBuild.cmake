@@ -39,8 +39,10 @@ target_link_libraries(vxBuild INTERFACE vxWarnings Qt${VX_QT_MAJOR}::Core)
 target_compile_options(vxBuild INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
 
 # What a host loads: all references are bound and sealed at load time, no code is written to, no stack executable.
+# A note in the file tells one build from another (host/access/ownPlugin).
 add_library(vxLoaded INTERFACE)
-target_link_options(vxLoaded INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack,-z,text -Wl,--no-undefined,--as-needed)
+target_link_options(vxLoaded INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack,-z,text
+                    -Wl,--no-undefined,--as-needed,--build-id=sha1)
 if(VX_BUILD_FUZZERS)
   # Clang links the sanitizers into the programs alone.
   target_link_options(vxLoaded INTERFACE -Wl,-z,undefs)

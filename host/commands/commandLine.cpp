@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <exception>
 #include <sstream>
+#include <string_view>
+#include <utility>
 
 #include "host/access/askPlugin.h"
 #include "host/access/pluginLibrary.h"
@@ -179,10 +181,14 @@ void describe(CLI::App& program) {
     program.require_subcommand(1);
 }
 
-std::vector<_command> madeCommands() {
+/// The command of this name alone: making the options of all takes longer than a small scene. All where none has it.
+std::vector<_command> commandsFor(std::string_view name) {
     std::vector<_command> made;
     made.reserve(allCommands.size());
-    for (const auto make : allCommands) made.push_back(make());
+    for (const auto make : allCommands) {
+        made.push_back(make());
+        if (made.back().name == name) return {std::move(made.back())};
+    }
     return made;
 }
 
@@ -190,13 +196,13 @@ std::vector<_command> madeCommands() {
 
 std::vector<_command> commandLineParts() {
     std::vector<_command> parts{{{}, {}, {}, {versionOption, verboseOption}, {}, {}}};
-    for (const auto& command : madeCommands()) parts.push_back(command);
+    for (const auto& command : commandsFor({})) parts.push_back(command);
     for (auto& part : parts) part.options.insert(part.options.begin(), helpOption);
     return parts;
 }
 
 int runCommandLine(int argc, const char* const* argv, const _submitterArguments& submitter) {
-    const auto commands = madeCommands();
+    const auto commands = commandsFor(argc > 1 ? argv[1] : "");
     CLI::App program;
     describe(program);
     std::vector<const CLI::App*> lines;
@@ -214,11 +220,12 @@ int runCommandLine(int argc, const char* const* argv, const _submitterArguments&
         print(QString::fromStdString(text.str()).trimmed());
         return exitSuccess;
     } catch (const CLI::ParseError& problem) {
-        const auto parts = commandLineParts();  // the program, then its commands
-        const auto& part = parts[(chosen() + 1) % parts.size()];
-        const auto words = problemOfWords(program.remaining(true), part, parts);
+        const auto parts = commandLineParts();
+        const auto name = chosen() < commands.size() ? commands[chosen()].name : std::string{};
+        const auto part = std::find_if(parts.begin(), parts.end(), [&](const auto& one) { return one.name == name; });
+        const auto words = problemOfWords(program.remaining(true), *part, parts);
         const auto other = argc > 1 ? QString::fromUtf8(problem.what()) : QStringLiteral("no command is given");
-        return wrongUsage(words.isEmpty() ? other : words, QString::fromStdString(part.name));
+        return wrongUsage(words.isEmpty() ? other : words, QString::fromStdString(name));
     }
     const auto& command = commands[chosen()];
     const auto* const plugin = lines[chosen()]->get_option_no_throw("--plugin");

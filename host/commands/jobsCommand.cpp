@@ -1,5 +1,6 @@
 // vxscene jobs
 #include "host/access/askPlugin.h"
+#include "host/access/ownPlugin.h"
 #include "host/access/sceneExplanation.h"
 #include "host/access/sceneLoad.h"
 #include "host/access/submitterSwitches.h"
@@ -48,34 +49,53 @@ int printJobs(const _options& options, const _submitterArguments& submitter, con
     return printScenes(options.scenes, fileFilter, load, format);
 }
 
-/// The table needs explanations. The readers that explain are those of the program's own plug-in: one load is enough.
-int run(const _options& options, const _submitterArguments& submitter) {
+/// What the plug-in says of itself.
+struct _plugin {
+    bool isBuiltIn = false;  // its code is in the program as well
+    bool isOwn = false;      // it is that, or tells the same of itself: the readers built in can explain its jobs
+    QString fileFilter = sceneFileFilter();
+};
+
+/// A plug-in whose file does not show that it is the program's own is asked, in a child.
+/// @return the exit status where there is no plug-in
+int findOut(const _options& options, _plugin& plugin) {
     const auto path = QString::fromStdString(options.plugin);
     const bool isOwnFile = options.plugin == options.ownPlugin;
-    _pluginLibrary plugin;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
-    if (isOwnFile && !options.printsTable()) plugin.load(path);  // another shows in a child first that it can be loaded
+    plugin.isBuiltIn = plugin.isOwn = isOwnFile && isBuiltLikeProgram(path);
+    if (plugin.isBuiltIn) return exitSuccess;
     const auto answer = askForInfo({path, options.scenes.timeout});
     if (answer.code != 0) return noPlugin(answer.failure);
-    const auto infoProblem = problemOfInfo(answer.info);
-    const auto fileFilter = infoProblem.isEmpty() ? answer.info.fileFilter : sceneFileFilter();
-    if (!infoProblem.isEmpty()) writeError(QStringLiteral("%1: %2").arg(path, infoProblem));
-    const bool isOwn = isOwnFile && isOwnPlugin(answer.info);
+    const auto problem = problemOfInfo(answer.info);
+    if (problem.isEmpty()) plugin.fileFilter = answer.info.fileFilter;
+    if (!problem.isEmpty()) writeError(QStringLiteral("%1: %2").arg(path, problem));
+    plugin.isOwn = isOwnFile && isOwnPlugin(answer.info);
+    return exitSuccess;
+}
+
+/// The table needs explanations. The readers built in, which explain, are those of the program's own plug-in: one load
+/// is enough, and a plug-in that is built in need not be loaded.
+int run(const _options& options, const _submitterArguments& submitter) {
+    _plugin plugin;
+    if (const int status = findOut(options, plugin); status != exitSuccess) return status;
     const bool resolves = asksToResolve(submitter);
-    if (isOwn && options.printsTable()) {
+    if (plugin.isOwn && options.printsTable()) {
         const auto explain = [&](const QString& scene) {
             return resolves ? explainScene(scene, submitter, vxE::_surveyBreadth::nodes)
                             : explainAndLook(scene, submitter, options.scenes);
         };
-        return printJobs(options, submitter, fileFilter, explain);
+        return printJobs(options, submitter, plugin.fileFilter, explain);
     }
-    if (const auto problem = plugin.load(path); !problem.isEmpty()) return noPlugin(problem);
+    _pluginLibrary library;  // loaded here, once: the plug-in is as fresh in each child as it was at the fork
+    const auto problem = plugin.isBuiltIn ? QString{} : library.load(QString::fromStdString(options.plugin));
+    if (!problem.isEmpty()) return noPlugin(problem);
+    const auto loader = plugin.isBuiltIn ? builtInLoader() : _sceneLoader{library.loadSceneFile};
     const auto load = [&](const QString& scene) -> _explainedScene {
-        if (isOwn && resolves) return {loadWithNotes(scene, submitter), {}, {}};
-        _explainedScene result{loadScene(plugin.loadSceneFile, scene, submitter), {}, {}};
+        if (plugin.isOwn && resolves) return {loadWithNotes(scene, submitter), {}, {}};
+        _explainedScene result{loadScene(loader, scene, submitter), {}, {}};
         tellWhyThereAreNoJobs(result, submitter);
         return result;
     };
-    return printJobs(options, submitter, fileFilter, load);
+    return printJobs(options, submitter, plugin.fileFilter, load);
 }
 
 }  // namespace

@@ -274,7 +274,8 @@ TEST(VxScene, PluginBesideTheProgramIsFound) {
     EXPECT_EQ(host.out, QByteArray{"/noJobs.hip: no jobs\n"}) << host.error.constData();
 }
 
-/// The readers that explain are built into the program; what they find is what the plug-in finds.
+/// The readers that explain are built into the program; what they find is what the plug-in finds, which is asked where
+/// it is named.
 TEST(VxScene, ExplainedSceneHasTheResultOfThePlugin) {
     const std::string examples = fs::path(VX_EXAMPLE_SCENE).parent_path().native();
     std::vector<std::string> arguments{"--format", "json", "/no/such.hip", examples};
@@ -284,8 +285,9 @@ TEST(VxScene, ExplainedSceneHasTheResultOfThePlugin) {
         line.insert(line.begin(), command);
         return parsedList(run(VX_SCENE_PROGRAM, line));
     };
-    const auto loaded = resultsOf("jobs");
     const auto explained = resultsOf("explain");
+    arguments.insert(arguments.end(), {"--plugin", VX_LIBRARY_FOLDER "/./lx_vxSceneParserHoudini64.so"});
+    const auto loaded = resultsOf("jobs");
     ASSERT_GT(loaded.size(), 2);
     ASSERT_EQ(loaded.size(), explained.size());
     for (int i = 0; i < loaded.size(); ++i) {
