@@ -34,6 +34,10 @@ bool holds(const _frameRange& range, int number) {
     return number >= range.first && number <= range.last && (number - range.first) % range.step == 0;
 }
 
+std::vector<_frameRange> everyFrame() {
+    return {{-mostFrame, mostFrame, 1}};
+}
+
 _selection selectionOf(const _submissionOptions& options) {
     _selection selection;
     selection.framesPerTask = options.framesPerTask;
@@ -43,9 +47,17 @@ _selection selectionOf(const _submissionOptions& options) {
         const auto holdsJob = [job](const _frameRange& range) { return holds(range, job); };
         const bool isWanted = jobs.empty() || std::any_of(jobs.begin(), jobs.end(), holdsJob);
         if (!isWanted) return {};
-        return options.frames.empty() ? std::vector<_frameRange>{{-mostFrame, mostFrame, 1}} : options.frames;
+        return options.frames.empty() ? everyFrame() : options.frames;
     };
     return selection;
+}
+
+std::vector<_frameRange> framesOfBoth(const std::vector<_frameRange>& some, const std::vector<_frameRange>& others) {
+    std::vector<_frameRange> both;
+    for (const auto& one : some)
+        for (const auto& other : others)
+            if (const auto common = commonFrames(one, other)) both.push_back(*common);
+    return both;
 }
 
 /// The wanted frames of which files are missing. All wanted ones of a job that has some left and writes one file, or
@@ -55,15 +67,10 @@ _selection missingOf(const _selection& selection, const _sceneResult& scene, std
     missing.framesOf = [&selection, &scene, left = std::move(left)](int number) -> std::vector<_frameRange> {
         const auto at = static_cast<std::size_t>(number) - 1;
         const auto& job = scene.jobs[at];
-        const auto wanted =
-            selection.framesOf ? selection.framesOf(number) : std::vector<_frameRange>{{-mostFrame, mostFrame, 1}};
-        if (!left[at].unknown.isEmpty()) return wanted;
-        if (!left[at].frames.empty() && (job.imageSingleOutputFile || runsOnOneMachine(job))) return wanted;
-        std::vector<_frameRange> ranges;
-        for (const auto& frames : left[at].frames)
-            for (const auto& range : wanted)
-                if (const auto common = commonFrames(frames, range)) ranges.push_back(*common);
-        return ranges;
+        const auto wanted = selection.framesOf ? selection.framesOf(number) : everyFrame();
+        const bool isWhole = job.imageSingleOutputFile || runsOnOneMachine(job);
+        if (!left[at].unknown.isEmpty() || (isWhole && !left[at].frames.empty())) return wanted;
+        return framesOfBoth(left[at].frames, wanted);
     };
     return missing;
 }
@@ -115,8 +122,47 @@ _exportedScene unpacked(const QByteArray& bytes) {
     return scene;
 }
 
+// ---- a run
+
+/// What all scenes of a run are planned with.
+struct _planning {
+    const _submissionOptions& options;
+    const _engine& engine;
+    const _submitterArguments& submitter;
+    _commandTable table{};
+    _selection selection{};
+};
+
+_exportedScene planScene(const _planning& planning, const QString& path) {
+    const auto& submitter = planning.submitter;
+    _exportedScene scene;
+    const auto plan = [&planning, &scene](const auto& result, const auto& records, const _selection& wanted) {
+        scene = exported(planSubmission(result, records, planning.table, planning.engine, wanted), planning.engine);
+    };
+    const auto planAll = [&](const _sceneResult& result, const vxJ::_JobBasicsArray& records) {
+        plan(result, records, planning.selection);
+    };
+    const auto planMissing = [&](const _explainedScene& result, const vxJ::_JobBasicsArray& records) {
+        const auto left = framesLeft(result, {true, changeTime(path)});
+        plan(result, records, missingOf(planning.selection, result, left));
+        scene.notes = notesOf(left, planning.selection);
+    };
+    static_cast<_sceneHead&>(scene) = planning.options.onlyMissing
+                                          ? _sceneHead{explainScene(path, submitter, planMissing)}
+                                          : _sceneHead{loadScene(builtInLoader(), path, submitter, planAll)};
+    tellWhyThereAreNoJobs(scene, submitter);
+    return scene;
+}
+
 void tell(const _exportedScene& scene, const QString& problem) {
     writeError(scene.scene + QLatin1String{": "} + problem);
+}
+
+/// Why nothing of the scene is taken; empty: it is.
+QString refusalOf(const _exportedScene& scene, bool skipsInvalid) {
+    if (scene.refused.isEmpty()) return {};
+    if (!skipsInvalid) return QStringLiteral("refused (--skip-invalid leaves such jobs out)");
+    return scene.text.isEmpty() ? QStringLiteral("nothing is left to run") : QString{};
 }
 
 }  // namespace
@@ -137,36 +183,18 @@ void addSubmissionOptions(_command& command, _submissionOptions& options) {
 
 int exportScenes(const _submissionOptions& options, const _engine& engine, const _submitterArguments& submitter,
                  const std::function<bool(const _exportedScene&)>& take) {
-    _commandTable table;
-    if (const auto problem = readCommands(options.commands, table); !problem.isEmpty()) {
+    _planning planning{options, engine, submitter};
+    if (const auto problem = readCommands(options.commands, planning.table); !problem.isEmpty()) {
         writeError(problem);
         return exitUsage;
     }
-    const _selection selection = selectionOf(options);
-    const auto plan = [&](const QString& path) {
-        _exportedScene scene;
-        const auto planAll = [&](const _sceneResult& result, const vxJ::_JobBasicsArray& records) {
-            scene = exported(planSubmission(result, records, table, engine, selection), engine);
-        };
-        const auto planMissing = [&](const _explainedScene& result, const vxJ::_JobBasicsArray& records) {
-            const auto left = framesLeft(result, {true, changeTime(path)});
-            const auto missing = missingOf(selection, result, left);
-            scene = exported(planSubmission(result, records, table, engine, missing), engine);
-            scene.notes = notesOf(left, selection);
-        };
-        static_cast<_sceneHead&>(scene) = options.onlyMissing
-                                              ? _sceneHead{explainScene(path, submitter, planMissing)}
-                                              : _sceneHead{loadScene(builtInLoader(), path, submitter, planAll)};
-        tellWhyThereAreNoJobs(scene, submitter);
-        return scene;
-    };
+    planning.selection = selectionOf(options);
     int refused = exitSuccess;
     const auto receive = [&](const QByteArray& packed) {
         const _exportedScene scene = unpacked(packed);
         for (const QString& line : scene.notes + scene.refused) tell(scene, line);
-        if (!scene.refused.isEmpty() && (!options.skipsInvalid || scene.text.isEmpty())) {
-            tell(scene, options.skipsInvalid ? QStringLiteral("nothing is left to run")
-                                             : QStringLiteral("refused (--skip-invalid leaves such jobs out)"));
+        if (const auto refusal = refusalOf(scene, options.skipsInvalid); !refusal.isEmpty()) {
+            tell(scene, refusal);
             refused = exitFailed;
             return true;
         }
@@ -174,6 +202,7 @@ int exportScenes(const _submissionOptions& options, const _engine& engine, const
         if (scene.text.isEmpty()) tell(scene, QStringLiteral("there is nothing to run"));
         return scene.text.isEmpty() || take(scene);
     };
+    const auto plan = [&](const QString& path) { return planScene(planning, path); };
     const int status =
         runScenes(options.scenes, loadAndPack(sceneFileFilter(), plan, pack), {receive, [] { return true; }});
     return worseOf(status, refused);

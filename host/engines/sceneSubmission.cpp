@@ -102,12 +102,7 @@ class _planner {
         const auto& job = scene.jobs[static_cast<std::size_t>(index)];
         const auto variant = variantOf(job);
         if (selection.framesOf && selection.framesOf(index + 1).empty()) return;
-        QString fault = faultOf(job);
-        if (fault.isEmpty()) fault = faultOfWaits(job);
-        const auto* const row = table.rowFor(job, variant.has_value());
-        if (fault.isEmpty() && row == nullptr)
-            fault = QStringLiteral("the table has no command for %1").arg(rendererCell(job));
-        if (fault.isEmpty()) fault = addSteps(index, *row, {job, scene.scene, variant, record});
+        const QString fault = addUnlessFaulty(index, {job, scene.scene, variant, record}, variant.has_value());
         if (fault.isEmpty()) return;
         isRefused[static_cast<std::size_t>(index)] = true;
         plan.refused.push_back({index + 1, job.layer, fault});
@@ -120,6 +115,16 @@ class _planner {
     }
 
  private:
+    /// @return why the job cannot be run; empty: its steps are there
+    QString addUnlessFaulty(int index, const _jobTexts& texts, bool isVariant) {
+        const auto& job = scene.jobs[static_cast<std::size_t>(index)];
+        if (const auto fault = faultOf(job); !fault.isEmpty()) return fault;
+        if (const auto fault = faultOfWaits(job); !fault.isEmpty()) return fault;
+        const auto* const row = table.rowFor(job, isVariant);
+        if (row == nullptr) return QStringLiteral("the table has no command for %1").arg(rendererCell(job));
+        return addSteps(index, *row, texts);
+    }
+
     QString faultOfWaits(const _job& job) const {
         for (const int other : job.waitsFor) {
             if (other == noJob) return QStringLiteral("which job it waits for is not known");

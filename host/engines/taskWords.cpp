@@ -37,6 +37,18 @@ std::optional<_patternPiece> valueNamed(const QString& name) {
     return _patternPiece{{}, false, found->value, digits};
 }
 
+/// Of a value of the task or a text of the job; none: there is nothing of that name.
+std::optional<_patternPiece> pieceNamed(const QString& name, const std::function<bool(const QString&)>& isJobText) {
+    const auto value = valueNamed(name);
+    return value || !isJobText(name) ? value : _patternPiece{name, true};
+}
+
+/// @param end  of the name; -1: there is none
+QString problemOfBracket(const QString& word, vxS::_size at, vxS::_size end) {
+    if (end < 0) return QStringLiteral("\"%1\" has a \"[\" without its \"]\" (a \"[\" itself is \"[[\")").arg(word);
+    return QStringLiteral("\"[%1]\" is no variable of a job or task").arg(word.mid(at + 1, end - at - 1));
+}
+
 void appendText(_taskWord& word, const QString& text) {
     if (text.isEmpty()) return;
     if (word.empty() || word.back().value != _taskValue::none) word.emplace_back();
@@ -73,15 +85,12 @@ _wordPattern readPattern(const QString& word, const std::function<bool(const QSt
             continue;
         }
         const auto end = word.indexOf(close, at);
-        const QString name = end < 0 ? word.mid(at + 1) : word.mid(at + 1, end - at - 1);
-        const auto value = valueNamed(name);
-        if (end < 0 || (!value && !isJobText(name))) {
-            problem = end < 0
-                          ? QStringLiteral("\"%1\" has a \"[\" without its \"]\" (a \"[\" itself is \"[[\")").arg(word)
-                          : QStringLiteral("\"[%1]\" is no variable of a job or task").arg(name);
+        const auto piece = end < 0 ? std::nullopt : pieceNamed(word.mid(at + 1, end - at - 1), isJobText);
+        if (!piece) {
+            problem = problemOfBracket(word, at, end);
             return {};
         }
-        pattern.push_back(value ? *value : _patternPiece{name, true});
+        pattern.push_back(*piece);
         pattern.emplace_back();
         at = end + 1;
     }
