@@ -92,7 +92,9 @@ class JobRecord(Record):
     channel: The take that is rendered; empty for the job of all takes.
     channels: Files that the job writes beside its main output, one for each slot in use.
     color_space: Left to the host; empty from the plug-in.
-    custom_data: Named texts of the job, in the record's order.
+    custom_data: Named texts of the job, in the record's order. In a resolved load vxWaitsFor lists the places of
+        all jobs that are waited for where a record cannot, vxWedge is the path of the wedge that the job is a copy
+        for, and vxVariant the number of its variant, from 0.
     image_dir: With its separator at the end. <SceneFolder> stands for the folder of the scene, <Database> for
         sceneDatabaseDir, <Channel> for the take.
     image_extension: With its point.
