@@ -112,7 +112,7 @@ void _driverLayers::keepWaits(_resolvedDriver& driver, const _copyLayer& layer) 
     const _layerWaits* const without = inLayer(driver.waitsInLayers, layer);
     std::vector<qint32> jobs = jobsBefore(driver);
     if (jobs == (without == nullptr ? driver.before : without->before)) return;
-    keepMemory(static_cast<qint64>(sizeof(_layerWaits) + jobs.size() * sizeof(qint32)));
+    keepMemory(static_cast<qint64>(sizeof(_layerWaits)) + static_cast<qint64>(jobs.size()) * qint64{sizeof(qint32)});
     driver.waitsInLayers.push_back({layer, std::move(jobs)});
 }
 

@@ -37,9 +37,10 @@ qint32 groupOf(qint32 wedge) {
 _jobCopier::_jobCopier(vxJ::_JobBasicsArray& array, _jobWaits& waitsOfJobs, _layerJobs& jobsInLayers)
     : jobs(array), waits(waitsOfJobs), inLayers(jobsInLayers), origins(static_cast<std::size_t>(array.count)) {
     for (const _resolvedDriver& driver : inLayers.all().withJobs)
-        for (qint32 place = 0; place < driver.jobCount; ++place)
-            origins[static_cast<std::size_t>(driver.firstJob + place)] = {&driver, place, place + 1 == driver.jobCount,
-                                                                          -1};
+        for (qint32 place = 0; place < driver.jobCount; ++place) {
+            const qint32 job = driver.firstJob + place;
+            origins[static_cast<std::size_t>(job)] = {&driver, place, place + 1 == driver.jobCount, -1};
+        }
 }
 
 /// @param other  where the pattern has no such copy

@@ -3,8 +3,8 @@
 
 #include <QString>
 #include <algorithm>
-#include <compare>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 #include "input/sectionKinds.h"
@@ -18,7 +18,10 @@ struct _copyLayer {
     qint32 take = -1;    ///< position in the list of the scene's takes; -1: the scene as it was saved
     qint32 variant = 0;  ///< of the wedge
 
-    friend auto operator<=>(const _copyLayer&, const _copyLayer&) = default;
+    bool operator==(const _copyLayer&) const = default;
+    bool operator<(const _copyLayer& other) const {
+        return std::tie(wedge, take, variant) < std::tie(other.wedge, other.take, other.variant);
+    }
 };
 
 /// Lines that are like others but for one stretch.

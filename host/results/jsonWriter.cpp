@@ -10,7 +10,7 @@
 namespace vxH {
 namespace {
 
-constexpr int indent = 4;           ///< blanks
+constexpr vxS::_size indent = 4;    ///< blanks
 constexpr double plainLimit = 1e5;  ///< a greater number may be written with an exponent
 
 /// ASCII that stands for itself, as nearly all texts do.

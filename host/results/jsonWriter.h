@@ -5,6 +5,8 @@
 #include <QJsonObject>
 #include <QJsonValue>
 
+#include "shared/vxString.h"
+
 namespace vxH {
 
 /// Writes objects and arrays as `QJsonDocument` does. Characters that could steer a terminal or reorder a line are
@@ -34,7 +36,7 @@ class _jsonWriter {
 
     bool indented;
     bool isFirst = true;  ///< of its object or array
-    int depth = 0;
+    vxS::_size depth = 0;
     QByteArray bytes;
 };
 

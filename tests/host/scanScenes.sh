@@ -20,8 +20,8 @@ for number in 1 2 3; do
     SLURM_ARRAY_TASK_ID=$number SLURM_ARRAY_TASK_COUNT=3 "$root/examples/scanScenes.sbatch" scenes.txt parts
 done
 cat parts/part-*-of-3.jsonl | sort | cmp - whole
-! SLURM_ARRAY_TASK_ID=1 SLURM_ARRAY_TASK_COUNT=3 SLURM_ARRAY_TASK_MIN=0 SLURM_ARRAY_TASK_MAX=2 \
-    "$root/examples/scanScenes.sbatch" scenes.txt parts 2>/dev/null
+if SLURM_ARRAY_TASK_ID=1 SLURM_ARRAY_TASK_COUNT=3 SLURM_ARRAY_TASK_MIN=0 SLURM_ARRAY_TASK_MAX=2 \
+    "$root/examples/scanScenes.sbatch" scenes.txt parts 2>/dev/null; then exit 1; fi
 
 if command -v parallel >/dev/null; then
     # Scenes that fail are lines too; the status only tells that there are some.

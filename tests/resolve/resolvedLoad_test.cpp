@@ -447,8 +447,7 @@ constexpr _realCase realCases[] = {
     {"ifd_test.hiplc",
      "/out/mantra1 1-240 $FARM/projects/ifd_test/test.ifd\n"
      "/out/mantra1 1-240 $FARM/projects/ifd_test/test.exr"},
-    {"karma_aovs.hip",
-     "/stage/usdrender_rop3 1-240 $HIP/render/denoiseme.####.exr"},
+    {"karma_aovs.hip", "/stage/usdrender_rop3 1-240 $HIP/render/denoiseme.####.exr"},
     {"lod_create.hip",
      "/obj/geo1/sop_lod_create1 1-240 $HIP/lodexport/sop_lod_create1.fbx\n"
      "/obj/geo1/sop_lod_create1/objnet1/ropnet1/rop_impostor_texture1 1-240 $HIP/export/sop_lod_create1.fbx\n"
