@@ -71,7 +71,7 @@ constexpr _comparison comparisons[] = {
     {"short lines", _sceneShape::shortLines, 1, "plain scan", plain, true, 30, 1, 0, 25},
     {"heavy geometry", _sceneShape::heavyGeometry, 1, "read only", readOnly, false, 1.5, 0, 0, 1},
     {"section-heavy", _sceneShape::sectionHeavy, 0.17, "plain scan", plain, true, 8, 3, 0, 25},
-    {"250 drivers", _sceneShape::drivers, 0, "plain scan", plain, true, 5, 0, 250, 1},
+    {"250 drivers", _sceneShape::drivers, 0, "plain scan", plain, true, 3, 0, 250, 1},
 };
 
 void compare(const _comparison& row, const std::string& path, int runs) {
