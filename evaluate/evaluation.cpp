@@ -21,6 +21,12 @@ bool isToken(const vxN::_value& stored) {
     return stored.isQuoted && !stored.text.empty() && stored.text.find(' ') == std::string_view::npos;
 }
 
+/// A number as it is written, where its text is certain.
+_valueOutcome literalText(std::string_view written, double number) {
+    const _textOutcome digits = textOf(number);
+    return digits ? _valueOutcome(_value(std::string(written))) : _valueOutcome(digits.why());
+}
+
 }  // namespace
 
 _evaluation::_evaluation(const vxN::_scene& ofScene, _options with)
@@ -116,10 +122,7 @@ _valueOutcome _evaluation::computeText(const vxN::_node& node, std::string_view 
     if (stored == nullptr || stored->isDriven()) return unknown(_reason::missingParameter, std::string(parameter));
     if (stored->isRandom) return unknown(_reason::random, std::string(parameter));
     double number = 0;
-    if (!stored->isQuoted && readNumber(stored->text, number)) {
-        const _textOutcome digits = textOf(number);
-        return digits ? _valueOutcome(_value(std::string(stored->text))) : _valueOutcome(digits.why());
-    }
+    if (!stored->isQuoted && readNumber(stored->text, number)) return literalText(stored->text, number);
     return asValue(expand(node, stored->text, frame));
 }
 
