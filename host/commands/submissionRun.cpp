@@ -52,14 +52,6 @@ _selection selectionOf(const _submissionOptions& options) {
     return selection;
 }
 
-std::vector<_frameRange> framesOfBoth(const std::vector<_frameRange>& some, const std::vector<_frameRange>& others) {
-    std::vector<_frameRange> both;
-    for (const auto& one : some)
-        for (const auto& other : others)
-            if (const auto common = commonFrames(one, other)) both.push_back(*common);
-    return both;
-}
-
 /// The wanted frames of which files are missing. All wanted ones of a job that has some left and writes one file, or
 /// needs each frame for the next, and of one of which it is not known.
 _selection missingOf(const _selection& selection, const _sceneResult& scene, std::vector<_framesLeft> left) {
@@ -70,7 +62,7 @@ _selection missingOf(const _selection& selection, const _sceneResult& scene, std
         const auto wanted = selection.framesOf ? selection.framesOf(number) : everyFrame();
         const bool isWhole = job.imageSingleOutputFile || runsOnOneMachine(job);
         if (!left[at].unknown.isEmpty() || (isWhole && !left[at].frames.empty())) return wanted;
-        return framesOfBoth(left[at].frames, wanted);
+        return commonFrames(left[at].frames, wanted);
     };
     return missing;
 }

@@ -50,4 +50,12 @@ std::optional<_frameRange> commonFrames(const _frameRange& range, const _frameRa
     return endingWithAFrame({frame, end, std::lcm(range.step, other.step)});
 }
 
+std::vector<_frameRange> commonFrames(const std::vector<_frameRange>& ranges, const std::vector<_frameRange>& others) {
+    std::vector<_frameRange> common;
+    for (const auto& range : ranges)
+        for (const auto& other : others)
+            if (const auto both = commonFrames(range, other)) common.push_back(*both);
+    return common;
+}
+
 }  // namespace vxH

@@ -20,4 +20,7 @@ std::optional<std::vector<_frameRange>> readRanges(const QString& text);
 /// @return none: there is no such frame
 std::optional<_frameRange> commonFrames(const _frameRange& range, const _frameRange& other);
 
+/// The same of all ranges of two lists, in the order of the first.
+std::vector<_frameRange> commonFrames(const std::vector<_frameRange>& ranges, const std::vector<_frameRange>& others);
+
 }  // namespace vxH

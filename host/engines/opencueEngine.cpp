@@ -1,4 +1,4 @@
-// Specifications as XML, of the document type CJSL 1.15. What a command is told of its task are the command tokens that
+// Job files as XML, of the document type CJSL 1.15. What a command is told of its task are the command tokens that
 // OpenCue's documentation lists: #FRAME_START# is the first frame of a chunk, #FRAME_END# the last one that it has.
 //
 // A command is run by a POSIX shell. A value of the environment loses blanks at its ends and knows no tokens; where
@@ -53,7 +53,7 @@ std::optional<uid_t> uidOf(const QString& name) {
     return entry ? std::optional{entry->pw_uid} : std::nullopt;
 }
 
-// What no specification can say
+// What no job file can say
 
 bool isName(const QString& text, vxS::_size leastLength) {
     static const QRegularExpression name{QStringLiteral("\\A[A-Za-z0-9_.-]+\\z")};
@@ -89,7 +89,7 @@ QString faultOfSubmission(const _submission&) {
     return {};
 }
 
-// The specification
+// The job file
 
 /// The value, where it is the same for all tasks and stays as it is in an element of its own.
 std::optional<QString> elementText(const _taskWord& word) {
@@ -185,7 +185,7 @@ void writeJob(QXmlStreamWriter& xml, const _submission& submission) {
     xml.writeEndElement();
 }
 
-QByteArray writeSpecification(const _submission& submission) {
+QByteArray writeJobFile(const _submission& submission) {
     QByteArray written;
     QXmlStreamWriter xml{&written};
     xml.setAutoFormatting(true);
@@ -209,13 +209,13 @@ QByteArray writeSpecification(const _submission& submission) {
 
 const _engine opencueEngine{
     .name = QLatin1String{"opencue"},
-    .description = QLatin1String{"job specification of OpenCue"},
+    .description = QLatin1String{"job file of OpenCue"},
     .fileEnding = QLatin1String{".opencue.xml"},
     .stepNames = {.leastLength = leastName, .mostLength = 128},
     .submissionNames = {.leastLength = leastName, .mostLength = 128},
     .faultOfStep = faultOfStep,
     .faultOfSubmission = faultOfSubmission,
-    .write = writeSpecification,
+    .write = writeJobFile,
 };
 
 }  // namespace vxH

@@ -150,11 +150,7 @@ class _planner {
 
     std::vector<_frameRange> rangesOf(int index) const {
         const auto all = framesOf(scene.jobs[static_cast<std::size_t>(index)]);
-        if (!selection.framesOf) return {all};
-        std::vector<_frameRange> ranges;
-        for (const auto& wanted : selection.framesOf(index + 1))
-            if (const auto common = commonFrames(all, wanted)) ranges.push_back(*common);
-        return ranges;
+        return selection.framesOf ? commonFrames({all}, selection.framesOf(index + 1)) : std::vector<_frameRange>{all};
     }
 
     /// @return what the engine cannot run; empty: nothing, and the steps are there

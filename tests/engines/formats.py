@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds what vxscene exports as templates and specifications against the engines' schemas and the rules beside them.
+"""Holds what vxscene exports as templates and job files against the engines' schemas and the rules beside them.
 
 Usage: formats.py ROOT VXSCENE
 """
@@ -79,8 +79,8 @@ def template_faults(template):
     return faults + ["name"] * (not re.fullmatch(r"[^\x00-\x1f\x7f-\x9f]{1,128}", template["name"]))
 
 
-def specification_faults(spec):
-    """The rules of specifications that no document type holds."""
+def job_file_faults(spec):
+    """The rules of job files that no document type holds."""
     job, names = spec.find("job"), [layer.get("name") for layer in spec.iter("layer")]
     faults = ["the same layer twice"] * (len(set(names)) < len(names))
     faults += [f"name {name}" for name in [*names, job.get("name")] if not re.fullmatch(r"[\w.-]{3,}", name)]
@@ -105,7 +105,7 @@ SPOIL_TEMPLATE = [
     lambda t: t["steps"][0]["script"]["actions"]["onRun"]["args"].append("{{Param.Frame}}"),
     lambda t: t.update(name="a" * 129),
 ]
-SPOIL_SPECIFICATION = [
+SPOIL_JOB_FILE = [
     lambda s: [layer.set("name", "layer") for layer in s.iter("layer")],
     lambda s: setattr(s.find("user"), "text", "root"),
     lambda s: setattr(next(s.iter("cmd")), "text", " "),
@@ -188,14 +188,14 @@ class Formats(unittest.TestCase):
         if schema is True:
             self.skipTest(f"{TEMPLATE_SCHEMA} is not there: held against the rules beside it only")
 
-    def test_specifications_hold_the_rules(self):
+    def test_job_files_hold_the_rules(self):
         def faults(spec):
             command = ["xmllint", "--noout", "--nonet", "--dtdvalid", DOCUMENT_TYPE, "-"]
             checked = subprocess.run(command, input=ElementTree.tostring(spec), capture_output=True)
             return checked.stderr.splitlines()
 
-        self.hold("opencue", faults if DOCUMENT_TYPE.is_file() else lambda spec: [], specification_faults,
-                  SPOIL_SPECIFICATION)
+        self.hold("opencue", faults if DOCUMENT_TYPE.is_file() else lambda spec: [], job_file_faults,
+                  SPOIL_JOB_FILE)
         if not DOCUMENT_TYPE.is_file():
             self.skipTest(f"{DOCUMENT_TYPE} is not there: held against the rules beside it only")
 
